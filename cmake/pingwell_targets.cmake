@@ -1,0 +1,40 @@
+# How every target of the project is compiled, and the short forms in which the folders declare theirs.
+
+add_library(pingwell_options INTERFACE)
+target_compile_options(pingwell_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough
+    -Wold-style-cast -Wcast-qual -Werror)
+target_compile_definitions(pingwell_options INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH QT_USE_QSTRINGBUILDER
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+if(PINGWELL_SANITIZE)
+    add_compile_options(-fsanitize=${PINGWELL_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=${PINGWELL_SANITIZE})
+endif()
+
+# pingwell_library(<folder> SOURCES … LINKS …): the static library of one folder of src/. It sees its own folder and what
+# it links, nothing else: an include against the direction of the arrows does not build.
+function(pingwell_library folder)
+    cmake_parse_arguments(arg "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+    set(target pingwell_${folder})
+    add_library(${target} STATIC ${arg_SOURCES})
+    # Headers are included as "<folder>/<file>.h"; each folder is offered under that name by a link of its own, so that
+    # a library reaches only the folders it links.
+    set(offered ${PROJECT_BINARY_DIR}/include/${folder})
+    file(MAKE_DIRECTORY ${offered})
+    file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${offered}/${folder} SYMBOLIC)
+    target_include_directories(${target} PUBLIC ${offered})
+    target_link_libraries(${target} PUBLIC ${arg_LINKS} PRIVATE pingwell_options ${arg_PRIVATE_LINKS})
+endfunction()
+
+# pingwell_test(<name> SOURCES … LINKS …): one Qt Test executable, run by ctest without a display.
+function(pingwell_test name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+    add_executable(${name} ${arg_SOURCES})
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
+    target_link_libraries(${name} PRIVATE pingwell_options Qt6::Test ${arg_LINKS})
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 60 ENVIRONMENT
+        "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software;TZ=UTC;LC_ALL=C.UTF-8;QT_FORCE_STDERR_LOGGING=1")
+endfunction()

@@ -1,0 +1,30 @@
+#include "api/api_error.h"
+
+namespace pingwell {
+
+APIError::APIError(int status, std::optional<QString> code, QString message)
+    : m_status(status)
+    , m_code(std::move(code))
+    , m_message(std::move(message))
+    , m_what(m_message.toUtf8())
+{
+}
+
+APIError APIError::offline()
+{
+    return APIError(0, QStringLiteral("offline"), unreachableMessage());
+}
+
+APIError APIError::badResponse()
+{
+    return APIError(
+        500, QStringLiteral("bad_response"),
+        QStringLiteral("The server sent something this app doesn't understand. Update the app and try again."));
+}
+
+QString unreachableMessage()
+{
+    return QStringLiteral("Can't reach the Pingwell server. Check your connection.");
+}
+
+} // namespace pingwell

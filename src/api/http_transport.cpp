@@ -1,0 +1,7 @@
+#include "api/http_transport.h"
+
+namespace pingwell {
+
+HTTPTransport::~HTTPTransport() = default;
+
+} // namespace pingwell

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QtTypes>
+
+namespace pingwell {
+
+/// The number on the program's icon in the desktop's launcher.
+class LauncherBadge
+{
+public:
+    virtual ~LauncherBadge() = default;
+
+    /// Shows `count`; 0 or less takes the badge away. Costs nothing where no launcher shows badges.
+    virtual void setCount(qsizetype count) = 0;
+};
+
+} // namespace pingwell

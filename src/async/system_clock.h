@@ -1,0 +1,15 @@
+#pragma once
+
+#include "async/clock.h"
+
+namespace pingwell {
+
+/// The computer's own time.
+class SystemClock final : public Clock
+{
+public:
+    [[nodiscard]] Instant now() const override;
+    QCoro::Task<> sleep(std::chrono::milliseconds duration, std::stop_token stop) override;
+};
+
+} // namespace pingwell

@@ -1,0 +1,12 @@
+#include "auth/token_store.h"
+
+namespace pingwell {
+
+TokenStore::~TokenStore() = default;
+
+MemoryTokenStore::MemoryTokenStore(std::optional<QString> token)
+    : m_token(std::move(token))
+{
+}
+
+} // namespace pingwell

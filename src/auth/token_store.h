@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+namespace pingwell {
+
+/// Keeps the session's bearer token. Its operations report no failure: a token that can't be read means signed out, one
+/// that can't be written is kept for this run. Main thread; none of them waits for the person.
+class TokenStore
+{
+public:
+    virtual ~TokenStore();
+
+    [[nodiscard]] virtual std::optional<QString> load() = 0;
+    virtual void save(const QString &token) = 0;
+    virtual void clear() = 0;
+
+    /// Called on the main thread when a token that was out of reach at `load`, behind a locked or late keyring, can be
+    /// loaded after all.
+    std::function<void()> onBecameReadable;
+    /// Called on the main thread when a saved token will be forgotten at exit.
+    std::function<void()> onNotKept;
+};
+
+/// Keeps the token in memory only: for tests, and for a session handed in from outside.
+class MemoryTokenStore final : public TokenStore
+{
+public:
+    explicit MemoryTokenStore(std::optional<QString> token = std::nullopt);
+
+    [[nodiscard]] std::optional<QString> load() override { return m_token; }
+    void save(const QString &token) override { m_token = token; }
+    void clear() override { m_token.reset(); }
+
+private:
+    std::optional<QString> m_token;
+};
+
+} // namespace pingwell

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "model/enumerations.h"
+
+#include <QString>
+
+namespace pingwell {
+
+/// The signed-in person.
+struct Account
+{
+    QString name;
+    QString email;
+    AuthProvider provider = AuthProvider::google;
+    /// The plan's display name.
+    QString plan;
+
+    friend bool operator==(const Account &, const Account &) = default;
+};
+
+} // namespace pingwell

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "model/enumerations.h"
+#include "model/instant.h"
+
+#include <QString>
+
+namespace pingwell {
+
+/// A device of the person's on which a client is registered.
+struct Device
+{
+    QString id;
+    QString name;
+    DevicePlatform platform = DevicePlatform::web;
+    /// The client's version.
+    QString version;
+    Instant lastSeen = distantPast;
+
+    friend bool operator==(const Device &, const Device &) = default;
+};
+
+} // namespace pingwell

@@ -1,0 +1,7 @@
+#include "notify/alert_notifying.h"
+
+namespace pingwell {
+
+AlertNotifying::~AlertNotifying() = default;
+
+} // namespace pingwell

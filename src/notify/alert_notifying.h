@@ -1,0 +1,29 @@
+#pragma once
+
+#include "model/alert.h"
+
+#include <QStringList>
+
+#include <optional>
+
+namespace pingwell {
+
+/// How the store reaches the person outside the windows. Demo and test modes run without one. Main thread; nothing here
+/// waits or fails.
+class AlertNotifying
+{
+public:
+    virtual ~AlertNotifying();
+
+    /// Shows one alert as a notification; one already shown for the same alert is replaced. `workspaceName` is named
+    /// only where the person belongs to more than one.
+    virtual void deliver(const Alert &alert, const std::optional<QString> &workspaceName, bool sound) = 0;
+
+    /// Takes back the notifications of the alerts with these ids, shown or waiting to be.
+    virtual void remove(const QStringList &identifiers) = 0;
+
+    /// Takes back every notification of the program.
+    virtual void removeAll() = 0;
+};
+
+} // namespace pingwell

@@ -1,0 +1,321 @@
+#pragma once
+
+#include "api/api_client.h"
+#include "api/dashboard.h"
+#include "async/clock.h"
+#include "model/enumerations.h"
+#include "model/inbox_filter.h"
+#include "model/invitation.h"
+#include "model/preferences.h"
+#include "model/toast.h"
+#include "store/backend.h"
+#include "store/seed_data.h"
+
+#include <QCoroTask>
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+#include <QSet>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <stop_token>
+
+namespace pingwell {
+
+/// The one state of the program: the person's data, what the windows show of it, and the way to the service. Screens
+/// read it and call its operations; they never talk to the service. An operation that may not be done is ignored, one
+/// that the service refuses is undone and told as a toast. Everything here runs on the main thread; a call from another
+/// one stops the program.
+class AppStore : public QObject
+{
+    Q_OBJECT
+
+    // What QML reads. Enumerations appear as their raw words, absent texts as empty ones, instants as milliseconds
+    // since 1970.
+    Q_PROPERTY(double now READ nowMilliseconds NOTIFY nowChanged)
+    Q_PROPERTY(bool isSignedIn READ isSignedIn NOTIFY accountChanged)
+    Q_PROPERTY(bool hasLoaded READ hasLoaded NOTIFY hasLoadedChanged)
+    Q_PROPERTY(bool hasWorkspaces READ hasWorkspaces NOTIFY workspacesChanged)
+    Q_PROPERTY(QString connectionProblem READ connectionProblemText NOTIFY connectionProblemChanged)
+    Q_PROPERTY(QString serverLabel READ serverLabel NOTIFY serverChanged)
+    Q_PROPERTY(bool focusMode READ focusMode WRITE setFocusMode NOTIFY focusModeChanged)
+    Q_PROPERTY(QString activeWorkspaceID READ activeWorkspaceID NOTIFY activeWorkspaceIDChanged)
+    Q_PROPERTY(QString section READ sectionWord WRITE setSectionWord NOTIFY sectionChanged)
+    Q_PROPERTY(QString selectedAlertID READ selectedAlertIDText WRITE selectAlert NOTIFY selectedAlertIDChanged)
+    Q_PROPERTY(bool isCreatingWorkspace READ isCreatingWorkspace WRITE setIsCreatingWorkspace NOTIFY
+                   isCreatingWorkspaceChanged)
+    Q_PROPERTY(bool isSigningIn READ isSigningIn NOTIFY isSigningInChanged)
+    Q_PROPERTY(QString signInError READ signInErrorText NOTIFY signInErrorChanged)
+    Q_PROPERTY(QString toastMessage READ toastMessage NOTIFY toastChanged)
+    Q_PROPERTY(bool toastIsError READ toastIsError NOTIFY toastChanged)
+    Q_PROPERTY(qsizetype unreadCount READ unreadCount NOTIFY unreadCountChanged)
+
+public:
+    /// Without `backend` the store is a demo of `seed`; with one it restores the persisted session at once, without
+    /// touching the network. Without `defaults` nothing is remembered.
+    AppStore(SeedData seed, bool signedIn, std::shared_ptr<Preferences> defaults, Instant now,
+             std::shared_ptr<Backend> backend, std::shared_ptr<Clock> clock, QObject *parent = nullptr);
+    ~AppStore() override;
+
+    // State.
+    [[nodiscard]] const QList<Alert> &alerts() const { return m_alerts; }
+    [[nodiscard]] const QList<Topic> &topics() const { return m_topics; }
+    [[nodiscard]] const QList<Device> &devices() const { return m_devices; }
+    [[nodiscard]] const NotificationSettings &settings() const { return m_settings; }
+    [[nodiscard]] const QList<Workspace> &workspaces() const { return m_workspaces; }
+    [[nodiscard]] const QMap<QString, QList<Member>> &members() const { return m_members; }
+    [[nodiscard]] const QList<Invitation> &invitations() const { return m_invitations; }
+    [[nodiscard]] const std::optional<Account> &account() const { return m_account; }
+    [[nodiscard]] ServerKind server() const { return m_server; }
+    [[nodiscard]] const QString &selfHostedURL() const { return m_selfHostedURL; }
+    [[nodiscard]] bool focusMode() const { return m_focusMode; }
+    [[nodiscard]] const QString &activeWorkspaceID() const { return m_activeWorkspaceID; }
+    [[nodiscard]] Instant now() const { return m_now; }
+    [[nodiscard]] bool hasLoaded() const { return m_hasLoaded; }
+    [[nodiscard]] bool isSigningIn() const { return m_isSigningIn; }
+    [[nodiscard]] const std::optional<QString> &signInError() const { return m_signInError; }
+    [[nodiscard]] const std::optional<QString> &connectionProblem() const { return m_connectionProblem; }
+    [[nodiscard]] const std::optional<Instant> &lastSyncedAt() const { return m_lastSyncedAt; }
+    [[nodiscard]] const QList<AuthProvider> &availableProviders() const { return m_availableProviders; }
+    [[nodiscard]] const std::optional<Toast> &toast() const { return m_toast; }
+    [[nodiscard]] SidebarSection section() const { return m_section; }
+    [[nodiscard]] const InboxFilter &filter() const { return m_filter; }
+    [[nodiscard]] const std::optional<QString> &selectedAlertID() const { return m_selectedAlertID; }
+    [[nodiscard]] bool isCreatingWorkspace() const { return m_isCreatingWorkspace; }
+    [[nodiscard]] bool showsNotificationPrompt() const { return m_showsNotificationPrompt; }
+    [[nodiscard]] const QHash<QString, QString> &replyDrafts() const { return m_replyDrafts; }
+    [[nodiscard]] const QSet<QString> &unreadOverrides() const { return m_unreadOverrides; }
+    [[nodiscard]] const APIClientPtr &client() const { return m_client; }
+    [[nodiscard]] bool isLive() const { return m_backend != nullptr; }
+
+    // Derived views, computed on every read.
+    [[nodiscard]] bool isSignedIn() const { return m_account.has_value(); }
+    [[nodiscard]] std::optional<Workspace> activeWorkspace() const;
+    [[nodiscard]] std::optional<Workspace> workspaceWithID(const QString &id) const;
+    /// The active workspace's alerts, newest first; equal times keep the order received.
+    [[nodiscard]] QList<Alert> activeAlerts() const;
+    /// `activeAlerts` through the inbox filter.
+    [[nodiscard]] QList<Alert> filteredAlerts() const;
+    [[nodiscard]] QList<Topic> activeTopics() const;
+    [[nodiscard]] QStringList activeTopicNames() const;
+    [[nodiscard]] std::optional<Topic> topicNamed(const QString &name) const;
+    [[nodiscard]] std::optional<Alert> selectedAlert() const;
+    [[nodiscard]] std::optional<Alert> alertWithID(const QString &id) const;
+    [[nodiscard]] qsizetype unreadCount() const;
+    /// The asks of the active workspace that can still be answered, newest first.
+    [[nodiscard]] QList<Alert> needsReply() const;
+    /// The length of `needsReply`: the number in the menu bar.
+    [[nodiscard]] qsizetype needsReplyCount() const;
+    /// The active workspace's alerts of the 24 hours before `at` (or now) that wait for nothing, newest first: without
+    /// muted topics and, in focus mode, without those below high priority.
+    [[nodiscard]] QList<Alert> todayAlerts(std::optional<Instant> at = std::nullopt) const;
+    [[nodiscard]] QString serverLabel() const;
+    [[nodiscard]] std::optional<ReplyState> replyState(const Alert &alert) const { return alert.replyState(m_now); }
+    [[nodiscard]] bool canAnswer(const Alert &alert) const;
+    [[nodiscard]] bool canSendTestAlert() const;
+    /// What became of an ask that nobody answered, in one sentence.
+    [[nodiscard]] QString outcomeText(const Alert &alert) const;
+    /// The text that an unanswered ask's countdown shows at `instant`; a row is redrawn when it changes.
+    [[nodiscard]] static QString countdownKey(const Alert &alert, Instant instant);
+    [[nodiscard]] bool countdownChanged(const Alert &alert, Instant earlier) const;
+
+    // The same for QML, by alert id; an unknown id gives an empty text or false.
+    Q_INVOKABLE bool canAnswerAlert(const QString &alertID) const;
+    Q_INVOKABLE QString outcomeTextOf(const QString &alertID) const;
+    Q_INVOKABLE QString replyDraft(const QString &alertID) const { return m_replyDrafts.value(alertID); }
+
+    // Navigation.
+    void setSection(SidebarSection section);
+    void setFilter(const InboxFilter &filter);
+    Q_INVOKABLE void selectAlert(const QString &alertID);
+    void setIsCreatingWorkspace(bool creating);
+    Q_INVOKABLE void selectWorkspace(const QString &workspaceID);
+    /// Opens the alert in the inbox, in its own workspace.
+    Q_INVOKABLE void revealAlert(const QString &alertID);
+    void setFocusMode(bool on);
+    void setServer(ServerKind server);
+    void setSelfHostedURL(const QString &text);
+
+    // Alerts.
+    /// Keeps what is being typed, cut to `maximumAnswerLength` units without splitting a character.
+    Q_INVOKABLE void setReplyDraft(const QString &text, const QString &alertID);
+    Q_INVOKABLE void answer(const QString &alertID, const QString &text);
+    Q_INVOKABLE void setRead(const QString &alertID, bool read);
+    Q_INVOKABLE void toggleRead(const QString &alertID);
+    Q_INVOKABLE void markAllRead();
+    Q_INVOKABLE void deleteAlert(const QString &alertID);
+    Q_INVOKABLE void sendTestAlert();
+
+    // Workspaces.
+    Q_INVOKABLE void createWorkspace(const QString &name);
+
+    // Session.
+    /// The address a new session is made against; none when the self-hosted one isn't an address.
+    [[nodiscard]] std::optional<QUrl> effectiveBaseURL() const;
+    Q_INVOKABLE void signIn(const QString &provider);
+    void persistSession(const QString &token, const QUrl &baseURL, const Account &account);
+    Q_INVOKABLE void signOut();
+    /// Ends the session and erases everything of it; `message` is shown on the sign-in screen.
+    void endSession(const std::optional<QString> &message);
+
+    // The live loop.
+    void startClock();
+    /// (Re)starts following the service; does nothing without a session or in demo mode.
+    void startSync();
+    /// Fetches the dashboard and merges it, unless a fetch is under way.
+    Q_INVOKABLE void refresh();
+
+    /// Shows a message for a few seconds; an empty one is none.
+    void showToast(const QString &message, bool isError);
+
+signals:
+    void alertsChanged();
+    void topicsChanged();
+    void devicesChanged();
+    void settingsChanged();
+    void workspacesChanged();
+    void membersChanged();
+    void invitationsChanged();
+    void accountChanged();
+    void serverChanged();
+    void selfHostedURLChanged();
+    void focusModeChanged();
+    void activeWorkspaceIDChanged();
+    void nowChanged();
+    void hasLoadedChanged();
+    void isSigningInChanged();
+    void signInErrorChanged();
+    void connectionProblemChanged();
+    void lastSyncedAtChanged();
+    void availableProvidersChanged();
+    void toastChanged();
+    void sectionChanged();
+    void filterChanged();
+    void selectedAlertIDChanged();
+    void isCreatingWorkspaceChanged();
+    void showsNotificationPromptChanged();
+    void replyDraftChanged(const QString &alertID);
+    void unreadCountChanged();
+
+private:
+    using Rollback = std::function<void(AppStore &)>;
+    using Operation = std::function<QCoro::Task<>(APIClientPtr)>;
+    class RefreshInProgress;
+    class MutationInProgress;
+
+    double nowMilliseconds() const { return millisecondsFromInstant(m_now); }
+    bool hasWorkspaces() const { return !m_workspaces.isEmpty(); }
+    QString connectionProblemText() const { return m_connectionProblem.value_or(QString()); }
+    QString selectedAlertIDText() const { return m_selectedAlertID.value_or(QString()); }
+    QString signInErrorText() const { return m_signInError.value_or(QString()); }
+    QString toastMessage() const { return m_toast ? m_toast->message : QString(); }
+    bool toastIsError() const { return m_toast && m_toast->isError; }
+    QString sectionWord() const { return rawValue(m_section); }
+    void setSectionWord(const QString &word);
+
+    /// Stores and announces a real change.
+    template<typename Value>
+    void set(Value &field, Value value, void (AppStore::*changed)());
+    void checkMainThread() const;
+
+    // app_store.cpp
+    void restoreServerChoice();
+    void restoreDemoAccount(bool signedIn);
+    void restoreDemoWorkspaces();
+    void fillFromSeed(const SeedData &seed);
+    static QCoro::Task<> runClock(QPointer<AppStore> store, std::shared_ptr<Clock> clock, std::stop_token stop);
+    static QCoro::Task<> hideToastLater(QPointer<AppStore> store, std::shared_ptr<Clock> clock, QUuid id,
+                                        std::chrono::milliseconds after, std::stop_token stop);
+
+    // app_store_alerts.cpp
+    void updateAlert(const QString &id, const std::function<void(Alert &)> &change);
+    void replaceAlert(const Alert &alert);
+    void receive(Alert alert);
+    void applyUnreadOverrides(const QSet<QString> &ids);
+    void setUnreadOverride(const QString &id, bool unread);
+    void setUnreadOverrides(const QSet<QString> &overrides);
+    void setReplyDraftText(const QString &alertID, const QString &text);
+    void removeReplyDraft(const QString &alertID);
+    void withdrawNotifications(const QStringList &alertIDs);
+    [[nodiscard]] JSONObject testAlertBody() const;
+    static QCoro::Task<> performTestAlert(QPointer<AppStore> store, APIClientPtr client, QString workspaceID,
+                                          JSONObject body);
+
+    // app_store_mutations.cpp
+    void mutate(Rollback rollback, Operation operation);
+    static QCoro::Task<> runMutation(QPointer<AppStore> store, APIClientPtr client, Rollback rollback,
+                                     Operation operation);
+    void handleError(std::exception_ptr error);
+
+    // app_store_session.cpp
+    void watchTokenStore();
+    void restoreSession();
+    void restoreLateSession();
+    void restoreLocalSettings();
+    void saveAccount(const Account &account);
+    void resetSession();
+    static QCoro::Task<> forgetDevice(APIClientPtr client, QString deviceID);
+
+    // app_store_sync.cpp
+    static QCoro::Task<> runSync(QPointer<AppStore> store, std::shared_ptr<Clock> clock, std::stop_token stop);
+    static QCoro::Task<> runRefresh(QPointer<AppStore> store);
+    static QCoro::Task<> refreshAccount(QPointer<AppStore> store);
+    static QCoro::Task<> refreshInvitations(QPointer<AppStore> store);
+    static QCoro::Task<> registerDevice(QPointer<AppStore> store);
+    void handle(std::exception_ptr error);
+    void applyDashboard(FetchedDashboard fetched);
+    void merge(Dashboard dashboard);
+    void mergeUnreadOverrides(const QList<Alert> &fresh);
+    void mergeActiveWorkspace(const QList<Workspace> &fresh);
+    void notifyAbout(const Dashboard &dashboard);
+    void advanceNotificationMark(const QList<Alert> &alerts);
+
+    SeedData m_seed;
+    std::shared_ptr<Preferences> m_defaults;
+    std::shared_ptr<Backend> m_backend;
+    std::shared_ptr<Clock> m_clock;
+
+    QList<Alert> m_alerts;
+    QList<Topic> m_topics;
+    QList<Device> m_devices;
+    NotificationSettings m_settings;
+    QList<Workspace> m_workspaces;
+    QMap<QString, QList<Member>> m_members;
+    QList<Invitation> m_invitations;
+    std::optional<Account> m_account;
+    ServerKind m_server = ServerKind::cloud;
+    QString m_selfHostedURL;
+    bool m_focusMode = false;
+    QString m_activeWorkspaceID;
+    Instant m_now;
+    bool m_hasLoaded = false;
+    bool m_isSigningIn = false;
+    std::optional<QString> m_signInError;
+    std::optional<QString> m_connectionProblem;
+    std::optional<Instant> m_lastSyncedAt;
+    QList<AuthProvider> m_availableProviders{AuthProvider::google, AuthProvider::github};
+    std::optional<Toast> m_toast;
+    SidebarSection m_section = SidebarSection::inbox;
+    InboxFilter m_filter;
+    std::optional<QString> m_selectedAlertID;
+    bool m_isCreatingWorkspace = false;
+    bool m_showsNotificationPrompt = false;
+    QHash<QString, QString> m_replyDrafts;
+
+    QString m_plan;
+    APIClientPtr m_client;
+    std::stop_source m_clockTask{std::nostopstate};
+    std::stop_source m_syncTask{std::nostopstate};
+    std::stop_source m_toastTask{std::nostopstate};
+    int m_mutationsInFlight = 0;
+    qint64 m_mutationEpoch = 0;
+    bool m_isRefreshing = false;
+    QSet<QString> m_unreadOverrides;
+    /// The dashboard last merged, and the epoch it was merged in: the same bytes in the same epoch change nothing.
+    QByteArray m_appliedBody;
+    qint64 m_appliedEpoch = -1;
+};
+
+} // namespace pingwell

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+#include <QUrl>
+
+/// The names under which the program remembers things; they outlive versions and must not change.
+namespace pingwell::preference_keys {
+
+inline const QString sessionAccount = QStringLiteral("pingwell.session.account");
+inline const QString sessionBaseURL = QStringLiteral("pingwell.session.baseURL");
+inline const QString sessionProvider = QStringLiteral("pingwell.session.provider");
+inline const QString serverKind = QStringLiteral("pingwell.server.kind");
+inline const QString selfHostedURL = QStringLiteral("pingwell.server.selfHostedURL");
+inline const QString quietHoursEnabled = QStringLiteral("pingwell.settings.quietHoursEnabled");
+inline const QString activeWorkspace = QStringLiteral("pingwell.workspace.active");
+inline const QString unreadAlerts = QStringLiteral("pingwell.alerts.unread");
+inline const QString lastNotifiedAt = QStringLiteral("pingwell.notifications.lastAt");
+inline const QString promptDismissed = QStringLiteral("pingwell.notifications.promptDismissed");
+
+/// One device identifier for each server.
+inline QString device(const QUrl &baseURL)
+{
+    return QStringLiteral("pingwell.device.") + baseURL.toString(QUrl::FullyEncoded);
+}
+
+inline QString responseTimeoutMinutes(const QString &workspaceId)
+{
+    return QStringLiteral("pingwell.workspace.") + workspaceId + QStringLiteral(".responseTimeoutMinutes");
+}
+
+inline QString timeoutAction(const QString &workspaceId)
+{
+    return QStringLiteral("pingwell.workspace.") + workspaceId + QStringLiteral(".timeoutAction");
+}
+
+} // namespace pingwell::preference_keys
