@@ -20,7 +20,7 @@ public:
     {
     }
     JSON(const char16_t *text)
-        : m_value(QString(text))
+        : m_value(QString::fromUtf16(text))
     {
     }
     JSON(std::same_as<bool> auto flag)
