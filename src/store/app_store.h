@@ -224,24 +224,31 @@ private:
     void restoreServerChoice();
     void restoreDemoAccount(bool signedIn);
     void restoreDemoWorkspaces();
-    void fillFromSeed(const SeedData &seed);
+    void fillFromSeed();
     static QCoro::Task<> runClock(QPointer<AppStore> store, std::shared_ptr<Clock> clock, std::stop_token stop);
     static QCoro::Task<> hideToastLater(QPointer<AppStore> store, std::shared_ptr<Clock> clock, QUuid id,
                                         std::chrono::milliseconds after, std::stop_token stop);
 
+    // app_store_navigation.cpp
+    void clearSelectionAndFilter();
+
+    // app_store_workspaces.cpp
+    void createDemoWorkspace(const QString &name);
+    void addWorkspace(const Workspace &workspace, const QList<Member> &members);
+    static QCoro::Task<> performCreateWorkspace(QPointer<AppStore> store, APIClientPtr client, QString name);
+
     // app_store_alerts.cpp
-    void updateAlert(const QString &id, const std::function<void(Alert &)> &change);
     void replaceAlert(const Alert &alert);
     void receive(Alert alert);
     void applyUnreadOverrides(const QSet<QString> &ids);
     void setUnreadOverride(const QString &id, bool unread);
     void setUnreadOverrides(const QSet<QString> &overrides);
-    void setReplyDraftText(const QString &alertID, const QString &text);
+    static void markUnread(QList<Alert> &alerts, const QSet<QString> &ids);
+    void keepReplyDraft(const QString &text, const QString &alertID);
     void removeReplyDraft(const QString &alertID);
     void withdrawNotifications(const QStringList &alertIDs);
-    [[nodiscard]] JSONObject testAlertBody() const;
-    static QCoro::Task<> performTestAlert(QPointer<AppStore> store, APIClientPtr client, QString workspaceID,
-                                          JSONObject body);
+    [[nodiscard]] std::optional<QString> workspaceName(const QString &workspaceID) const;
+    static QCoro::Task<> performTestAlert(QPointer<AppStore> store, APIClientPtr client, QString workspaceID);
 
     // app_store_mutations.cpp
     void mutate(Rollback rollback, Operation operation);
@@ -253,7 +260,9 @@ private:
     void watchTokenStore();
     void restoreSession();
     void restoreLateSession();
+    [[nodiscard]] QUrl restoredBaseURL() const;
     void restoreLocalSettings();
+    void signInToDemo(AuthProvider provider);
     void saveAccount(const Account &account);
     void resetSession();
     static QCoro::Task<> forgetDevice(APIClientPtr client, QString deviceID);
@@ -261,14 +270,24 @@ private:
     // app_store_sync.cpp
     static QCoro::Task<> runSync(QPointer<AppStore> store, std::shared_ptr<Clock> clock, std::stop_token stop);
     static QCoro::Task<> runRefresh(QPointer<AppStore> store);
-    static QCoro::Task<> refreshAccount(QPointer<AppStore> store);
-    static QCoro::Task<> refreshInvitations(QPointer<AppStore> store);
-    static QCoro::Task<> registerDevice(QPointer<AppStore> store);
+    [[nodiscard]] QByteArray knownBody() const;
+    static QCoro::Task<> refreshAccount(QPointer<AppStore> store, std::stop_token stop);
+    static QCoro::Task<> refreshInvitations(QPointer<AppStore> store, std::stop_token stop);
+    static QCoro::Task<> registerDevice(QPointer<AppStore> store, std::stop_token stop);
+    /// Whether the service still knows the device; no identifier is one it does not know.
+    static QCoro::Task<bool> sendHeartbeat(APIClientPtr client, QString deviceID, QString version);
+    [[nodiscard]] QString deviceIdentifier() const;
+    void forgetDeviceIdentifier();
+    void takeDevice(const Device &device);
+    void takeAccount(const Account &account);
     void handle(std::exception_ptr error);
+
+    // app_store_merge.cpp
     void applyDashboard(FetchedDashboard fetched);
     void merge(Dashboard dashboard);
     void mergeUnreadOverrides(const QList<Alert> &fresh);
-    void mergeActiveWorkspace(const QList<Workspace> &fresh);
+    [[nodiscard]] QString chooseActiveWorkspace(const QList<Workspace> &fresh) const;
+    void takePlan(const QString &plan);
     void notifyAbout(const Dashboard &dashboard);
     void advanceNotificationMark(const QList<Alert> &alerts);
 
@@ -312,10 +331,21 @@ private:
     int m_mutationsInFlight = 0;
     qint64 m_mutationEpoch = 0;
     bool m_isRefreshing = false;
+    /// Moves on when a session ends: a request made for it no longer counts as outstanding.
+    quint64 m_refreshSerial = 0;
     QSet<QString> m_unreadOverrides;
     /// The dashboard last merged, and the epoch it was merged in: the same bytes in the same epoch change nothing.
     QByteArray m_appliedBody;
     qint64 m_appliedEpoch = -1;
 };
+
+template<typename Value>
+void AppStore::set(Value &field, Value value, void (AppStore::*changed)())
+{
+    if (field == value)
+        return;
+    field = std::move(value);
+    emit(this->*changed)();
+}
 
 } // namespace pingwell

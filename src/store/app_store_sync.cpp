@@ -1,1 +1,239 @@
+#include "store/app_store.h"
 
+#include "api/endpoints.h"
+#include "async/launch.h"
+#include "model/check.h"
+#include "store/preference_keys.h"
+
+#include <limits>
+
+namespace pingwell {
+
+/// Marks a dashboard request as outstanding for as long as it lives, unless the session it was made for has ended.
+class AppStore::RefreshInProgress
+{
+public:
+    explicit RefreshInProgress(QPointer<AppStore> store)
+        : m_store(std::move(store))
+        , m_serial(m_store->m_refreshSerial)
+    {
+        m_store->m_isRefreshing = true;
+    }
+
+    RefreshInProgress(const RefreshInProgress &) = delete;
+    RefreshInProgress &operator=(const RefreshInProgress &) = delete;
+
+    ~RefreshInProgress()
+    {
+        if (m_store && m_store->m_refreshSerial == m_serial)
+            m_store->m_isRefreshing = false;
+    }
+
+private:
+    QPointer<AppStore> m_store;
+    quint64 m_serial;
+};
+
+void AppStore::startSync()
+{
+    checkMainThread();
+    m_syncTask.request_stop();
+    if (!m_client || !m_backend)
+        return;
+    m_syncTask = std::stop_source();
+    launch("sync", runSync(this, m_clock, m_syncTask.get_token()));
+}
+
+QCoro::Task<> AppStore::runSync(QPointer<AppStore> store, std::shared_ptr<Clock> clock, std::stop_token stop)
+{
+    const Backend &backend = *store->m_backend;
+    const auto pollInterval = backend.pollInterval;
+    const qint64 invitesEvery = backend.invitesEvery;
+    const qint64 heartbeatEvery = backend.heartbeatEvery;
+
+    co_await runRefresh(store);
+    co_await refreshAccount(store, stop);
+    co_await registerDevice(store, stop);
+    co_await refreshInvitations(store, stop);
+    qint64 tick = 0;
+    while (store && !stop.stop_requested()) {
+        co_await clock->sleep(pollInterval, stop);
+        if (!store || stop.stop_requested())
+            co_return;
+        check(tick < std::numeric_limits<qint64>::max(), "the poll counter is used up");
+        ++tick;
+        co_await runRefresh(store);
+        if (tick % invitesEvery == 0)
+            co_await refreshInvitations(store, stop);
+        if (tick % heartbeatEvery == 0)
+            co_await registerDevice(store, stop);
+    }
+}
+
+void AppStore::refresh()
+{
+    checkMainThread();
+    launch("refresh", runRefresh(this));
+}
+
+QCoro::Task<> AppStore::runRefresh(QPointer<AppStore> store)
+{
+    if (!store || !store->m_client || store->m_isRefreshing)
+        co_return;
+    const RefreshInProgress inProgress(store);
+    const APIClientPtr client = store->m_client;
+    const qint64 epoch = store->m_mutationEpoch;
+    const QByteArray known = store->knownBody();
+    std::optional<FetchedDashboard> fetched;
+    std::exception_ptr failure;
+    try {
+        FetchedDashboard answer = co_await endpoints::fetchDashboard(client, known);
+        fetched = std::move(answer);
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    if (!store || store->m_client != client)
+        co_return;
+    if (failure)
+        store->handle(failure);
+    else if (store->m_mutationsInFlight == 0 && store->m_mutationEpoch == epoch)
+        store->applyDashboard(std::move(*fetched));
+}
+
+QByteArray AppStore::knownBody() const
+{
+    return m_hasLoaded && m_appliedEpoch == m_mutationEpoch ? m_appliedBody : QByteArray();
+}
+
+QCoro::Task<> AppStore::refreshAccount(QPointer<AppStore> store, std::stop_token stop)
+{
+    if (!store || stop.stop_requested() || !store->m_client)
+        co_return;
+    const APIClientPtr client = store->m_client;
+    std::optional<Account> account;
+    std::exception_ptr failure;
+    try {
+        const Session session = co_await endpoints::fetchUserData(client);
+        account = session.account;
+    } catch (const APIError &error) {
+        // The dashboard tells every other problem; a stale name is none.
+        if (error.status() == 401)
+            failure = std::current_exception();
+    }
+    if (!store || store->m_client != client)
+        co_return;
+    if (failure)
+        store->handle(failure);
+    if (account)
+        store->takeAccount(*account);
+}
+
+void AppStore::takeAccount(const Account &account)
+{
+    if (m_account == account)
+        return;
+    set(m_account, std::optional(account), &AppStore::accountChanged);
+    saveAccount(account);
+}
+
+QCoro::Task<> AppStore::refreshInvitations(QPointer<AppStore> store, std::stop_token stop)
+{
+    if (!store || stop.stop_requested() || !store->m_client)
+        co_return;
+    const APIClientPtr client = store->m_client;
+    QList<Invitation> invitations;
+    std::exception_ptr failure;
+    try {
+        QList<Invitation> answer = co_await endpoints::listInvitations(client);
+        invitations = std::move(answer);
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    if (!store || store->m_client != client)
+        co_return;
+    if (failure)
+        store->handle(failure);
+    else
+        store->set(store->m_invitations, invitations, &AppStore::invitationsChanged);
+}
+
+QCoro::Task<> AppStore::registerDevice(QPointer<AppStore> store, std::stop_token stop)
+{
+    if (!store || stop.stop_requested() || !store->m_client)
+        co_return;
+    const APIClientPtr client = store->m_client;
+    const QString name = store->m_backend->deviceName;
+    const QString version = store->m_backend->appVersion;
+    std::optional<Device> device;
+    std::exception_ptr failure;
+    try {
+        const QString known = store->deviceIdentifier();
+        const bool announced = co_await sendHeartbeat(client, known, version);
+        if (announced || !store || store->m_client != client)
+            co_return;
+        store->forgetDeviceIdentifier();
+        Device answer = co_await endpoints::registerDevice(client, name, version);
+        device = std::move(answer);
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    if (!store || store->m_client != client)
+        co_return;
+    if (failure)
+        store->handle(failure);
+    else
+        store->takeDevice(*device);
+}
+
+QCoro::Task<bool> AppStore::sendHeartbeat(APIClientPtr client, QString deviceID, QString version)
+{
+    if (deviceID.isEmpty())
+        co_return false;
+    bool forgotten = false;
+    try {
+        co_await endpoints::sendHeartbeat(client, deviceID, version);
+    } catch (const APIError &error) {
+        if (error.status() != 404)
+            throw;
+        forgotten = true;
+    }
+    co_return !forgotten;
+}
+
+QString AppStore::deviceIdentifier() const
+{
+    return m_defaults ? m_defaults->string(preference_keys::device(m_client->baseURL())).value_or(QString())
+                      : QString();
+}
+
+void AppStore::forgetDeviceIdentifier()
+{
+    if (m_defaults)
+        m_defaults->remove(preference_keys::device(m_client->baseURL()));
+}
+
+void AppStore::takeDevice(const Device &device)
+{
+    if (m_defaults)
+        m_defaults->setString(preference_keys::device(m_client->baseURL()), device.id);
+    QList<Device> devices = m_devices;
+    devices.removeIf([&device](const Device &other) { return other.id == device.id; });
+    devices << device;
+    set(m_devices, devices, &AppStore::devicesChanged);
+}
+
+void AppStore::handle(std::exception_ptr error)
+{
+    try {
+        std::rethrow_exception(std::move(error));
+    } catch (const APIError &failure) {
+        if (failure.status() == 401)
+            endSession(failure.message());
+        else
+            set(m_connectionProblem, std::optional(failure.message()), &AppStore::connectionProblemChanged);
+    } catch (...) {
+        set(m_connectionProblem, std::optional(unreachableMessage()), &AppStore::connectionProblemChanged);
+    }
+}
+
+} // namespace pingwell

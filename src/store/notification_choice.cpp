@@ -1,1 +1,100 @@
+#include "store/notification_choice.h"
 
+#include <QSet>
+
+#include <algorithm>
+
+namespace pingwell {
+
+namespace {
+
+constexpr Seconds firstLookBack{3600};
+
+std::optional<qint64> minuteOfDay(const QString &text)
+{
+    QList<qint64> numbers;
+    for (const QString &piece : text.split(u':', Qt::SkipEmptyParts)) {
+        bool isNumber = false;
+        const int number = piece.toInt(&isNumber, 10);
+        if (isNumber)
+            numbers << number;
+    }
+    if (numbers.size() != 2)
+        return std::nullopt;
+    return numbers.at(0) * 60 + numbers.at(1);
+}
+
+bool isNews(const Alert &alert, const NotificationMoment &moment)
+{
+    if (alert.at <= moment.after || !alert.delivered || alert.read)
+        return false;
+    if (alert.kind == AlertKind::ask && !alert.isWaiting(moment.now))
+        return false;
+    return moment.hasLoaded || alert.at > moment.now - firstLookBack;
+}
+
+QList<Alert> newestNews(const QList<Alert> &fresh, const QList<Alert> &known, const NotificationMoment &moment)
+{
+    QList<Alert> news;
+    std::copy_if(fresh.begin(), fresh.end(), std::back_inserter(news),
+                 [&moment](const Alert &alert) { return isNews(alert, moment); });
+    if (news.isEmpty())
+        return news;
+    QSet<QString> knownIDs;
+    knownIDs.reserve(known.size());
+    for (const Alert &alert : known)
+        knownIDs.insert(alert.id);
+    news.removeIf([&knownIDs](const Alert &alert) { return knownIDs.contains(alert.id); });
+    std::stable_sort(news.begin(), news.end(),
+                     [](const Alert &left, const Alert &right) { return left.at > right.at; });
+    return news.first(std::min(news.size(), maximumNotificationsPerRefresh));
+}
+
+bool respectsQuietHours(const Alert &alert, const QList<Topic> &topics)
+{
+    const auto topic = std::find_if(topics.begin(), topics.end(), [&alert](const Topic &candidate) {
+        return candidate.workspaceId == alert.workspaceId && candidate.name == alert.topic;
+    });
+    return topic != topics.end() && topic->quietHours && alert.priority != Priority::critical;
+}
+
+std::optional<QString> nameOf(const QString &workspaceId, const QList<Workspace> &workspaces)
+{
+    if (workspaces.size() < 2)
+        return std::nullopt;
+    const auto workspace =
+        std::find_if(workspaces.begin(), workspaces.end(),
+                     [&workspaceId](const Workspace &candidate) { return candidate.id == workspaceId; });
+    return workspace == workspaces.end() ? std::nullopt : std::optional(workspace->name);
+}
+
+} // namespace
+
+bool isQuiet(const NotificationSettings &settings, int minute)
+{
+    if (!settings.quietHoursEnabled)
+        return false;
+    const auto from = minuteOfDay(settings.quietFrom);
+    const auto to = minuteOfDay(settings.quietTo);
+    if (!from || !to || *from == *to)
+        return false;
+    if (*from < *to)
+        return *from <= minute && minute < *to;
+    return minute >= *from || minute < *to;
+}
+
+QList<AlertToNotify> chooseAlertsToNotify(const Dashboard &fresh, const QList<Alert> &known,
+                                          const NotificationMoment &moment)
+{
+    const bool quiet = isQuiet(fresh.settings, moment.minuteOfDay);
+    QList<AlertToNotify> chosen;
+    for (const Alert &alert : newestNews(fresh.alerts, known, moment)) {
+        const bool silenced = quiet && respectsQuietHours(alert, fresh.topics);
+        chosen << AlertToNotify{.alert = alert,
+                                .workspaceName = nameOf(alert.workspaceId, fresh.workspaces),
+                                .sound = fresh.settings.sound && !silenced};
+    }
+    return chosen;
+}
+
+} // namespace pingwell
