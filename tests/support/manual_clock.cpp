@@ -1,0 +1,65 @@
+#include "support/manual_clock.h"
+
+#include <algorithm>
+
+namespace pingwell {
+
+struct ManualClock::Pause
+{
+    ManualClock *clock;
+    Instant due;
+    std::stop_token stop;
+
+    [[nodiscard]] bool await_ready() const { return stop.stop_requested(); }
+    void await_suspend(std::coroutine_handle<> awaiting) { clock->m_sleepers.push_back({due, stop, awaiting}); }
+    void await_resume() const {}
+};
+
+ManualClock::ManualClock(Instant start)
+    : m_now(start)
+{
+}
+
+ManualClock::~ManualClock()
+{
+    // Whoever still sleeps was stopped by its owner: let it see that and end, so that its frame does not leak.
+    while (!m_sleepers.empty()) {
+        const auto awaiting = m_sleepers.front().awaiting;
+        m_sleepers.pop_front();
+        awaiting.resume();
+    }
+}
+
+QCoro::Task<> ManualClock::sleep(std::chrono::milliseconds duration, std::stop_token stop)
+{
+    Pause pause{this, m_now + duration, stop};
+    co_await pause;
+}
+
+void ManualClock::advance(std::chrono::milliseconds duration)
+{
+    wake(m_now + duration);
+}
+
+void ManualClock::wake(Instant until)
+{
+    while (true) {
+        const auto next = std::min_element(m_sleepers.begin(), m_sleepers.end(),
+                                           [](const auto &left, const auto &right) { return left.due < right.due; });
+        if (next == m_sleepers.end() || next->due > until)
+            break;
+        m_now = std::max(m_now, next->due);
+        const auto awaiting = next->awaiting;
+        m_sleepers.erase(next);
+        awaiting.resume();
+    }
+    m_now = until;
+}
+
+qsizetype ManualClock::sleeperCount() const
+{
+    return std::count_if(m_sleepers.begin(), m_sleepers.end(),
+                         [](const Sleeper &sleeper) { return !sleeper.stop.stop_requested(); });
+}
+
+} // namespace pingwell

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "async/clock.h"
+
+#include <coroutine>
+#include <list>
+#include <memory>
+
+namespace pingwell {
+
+/// A clock that stands still until the test moves it. Sleepers wake in the order of their due times, each at its own
+/// time; what a sleeper does when it wakes has happened before `advance` returns, unless it waits for something else.
+class ManualClock final : public Clock
+{
+public:
+    explicit ManualClock(Instant start);
+    ~ManualClock() override;
+
+    [[nodiscard]] Instant now() const override { return m_now; }
+    QCoro::Task<> sleep(std::chrono::milliseconds duration, std::stop_token stop) override;
+
+    void advance(std::chrono::milliseconds duration);
+    /// How many wait now and have not been stopped.
+    [[nodiscard]] qsizetype sleeperCount() const;
+
+private:
+    struct Sleeper
+    {
+        Instant due;
+        std::stop_token stop;
+        std::coroutine_handle<> awaiting;
+    };
+    struct Pause;
+
+    void wake(Instant until);
+
+    Instant m_now;
+    std::list<Sleeper> m_sleepers;
+};
+
+} // namespace pingwell
