@@ -5,38 +5,35 @@
 
 namespace pingwell {
 
-namespace {
+using namespace Qt::StringLiterals;
 
-const QString nameKey = QStringLiteral("name");
-const QString emailKey = QStringLiteral("email");
-const QString providerKey = QStringLiteral("provider");
-const QString planKey = QStringLiteral("plan");
-
-} // namespace
-
-QByteArray toJSON(const Account &account)
+QByteArray encodedAccount(const Account &account)
 {
-    const QJsonObject object{{nameKey, account.name},
-                             {emailKey, account.email},
-                             {providerKey, QString(rawValue(account.provider))},
-                             {planKey, account.plan}};
-    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+    const QJsonObject record{
+        {u"name"_s, account.name},
+        {u"email"_s, account.email},
+        {u"provider"_s, QString(rawValue(account.provider))},
+        {u"plan"_s, account.plan},
+    };
+    return QJsonDocument(record).toJson(QJsonDocument::Compact);
 }
 
-std::optional<Account> accountFromJSON(const QByteArray &json)
+std::optional<Account> decodedAccount(const QByteArray &record)
 {
-    const QJsonObject object = QJsonDocument::fromJson(json).object();
-    for (const QString &key : {nameKey, emailKey, providerKey, planKey}) {
+    const QJsonObject object = QJsonDocument::fromJson(record).object();
+    for (const QString &key : {u"name"_s, u"email"_s, u"provider"_s, u"plan"_s}) {
         if (!object.value(key).isString())
             return std::nullopt;
     }
-    const auto provider = fromRawValue<AuthProvider>(object.value(providerKey).toString());
+    const auto provider = fromRawValue<AuthProvider>(object.value(u"provider"_s).toString());
     if (!provider)
         return std::nullopt;
-    return Account{.name = object.value(nameKey).toString(),
-                   .email = object.value(emailKey).toString(),
-                   .provider = *provider,
-                   .plan = object.value(planKey).toString()};
+    return Account{
+        .name = object.value(u"name"_s).toString(),
+        .email = object.value(u"email"_s).toString(),
+        .provider = *provider,
+        .plan = object.value(u"plan"_s).toString(),
+    };
 }
 
 } // namespace pingwell

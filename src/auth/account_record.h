@@ -8,10 +8,12 @@
 
 namespace pingwell {
 
-/// The account as it is kept between runs: a JSON object (RFC 8259) of "name", "email", "provider" and "plan".
-[[nodiscard]] QByteArray toJSON(const Account &account);
+/// The account as it is remembered between runs: a JSON object (RFC 8259, UTF-8) with the keys "name", "email",
+/// "provider" and "plan".
+[[nodiscard]] QByteArray encodedAccount(const Account &account);
 
-/// Reads what `toJSON` wrote; none when a key is missing or holds something else.
-[[nodiscard]] std::optional<Account> accountFromJSON(const QByteArray &json);
+/// The account that `record` holds; none unless all four keys are there, each a text, and the provider is a known one.
+/// Further keys are left unread, so that a later version may add some.
+[[nodiscard]] std::optional<Account> decodedAccount(const QByteArray &record);
 
 } // namespace pingwell

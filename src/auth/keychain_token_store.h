@@ -1,1 +1,39 @@
+#pragma once
 
+#include "auth/keychain.h"
+#include "auth/token_store.h"
+
+#include <QObject>
+
+#include <memory>
+#include <thread>
+
+namespace pingwell {
+
+/// Keeps the token as one item of the keychain. The keychain may be slow, locked or missing, so every call to it is
+/// made on a thread of the store's own; what the main thread sees is a copy in memory.
+class KeychainTokenStore final : public TokenStore
+{
+public:
+    /// Starts looking the token up at once, so that the keychain answers while the program starts.
+    KeychainTokenStore(std::shared_ptr<Keychain> keychain, const QString &service, const QString &account);
+    /// Waits at most 2 s for what is still to be written; a keychain that hangs longer is left behind.
+    ~KeychainTokenStore() override;
+    Q_DISABLE_COPY_MOVE(KeychainTokenStore)
+
+    /// Waits at most 500 ms for the look-up. One that needs longer, or the person to open the keychain, goes on by
+    /// itself and ends in `onBecameReadable` when there is a token.
+    [[nodiscard]] std::optional<QString> load() override;
+    void save(const QString &token) override;
+    void clear() override;
+
+private:
+    class Worker;
+
+    // Callbacks travel through it, so that none arrives after the store is gone.
+    QObject m_receiver;
+    std::shared_ptr<Worker> m_worker;
+    std::thread m_thread;
+};
+
+} // namespace pingwell

@@ -1,0 +1,117 @@
+#pragma once
+
+#include "auth/keychain.h"
+
+#include <QStringList>
+
+#include <condition_variable>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <utility>
+
+namespace pingwell {
+
+/// A keychain in memory that can be slow, locked or broken, and tells what was asked of it. Any thread.
+class FakeKeychain final : public Keychain
+{
+    template<typename Action>
+    auto guarded(Action action) const
+    {
+        const std::lock_guard lock(m_mutex);
+        m_changed.notify_all();
+        return action();
+    }
+
+public:
+    std::optional<QByteArray> item() const
+    {
+        return guarded([this] { return m_item; });
+    }
+    void setItem(const QByteArray &data)
+    {
+        guarded([&] { m_item = data; });
+    }
+    /// What every operation but unlock ends in from now on; success lets it through to the item.
+    void setStatus(KeychainStatus status)
+    {
+        guarded([&] { m_status = status; });
+    }
+    /// What unlock ends in; until it is set, unlock waits for the person.
+    void answerUnlock(KeychainStatus answer, KeychainStatus statusAfter)
+    {
+        guarded([&] {
+            m_unlockAnswer = answer;
+            m_statusAfterUnlock = statusAfter;
+        });
+    }
+    /// Holds every operation but unlock before it touches the item, until it is released.
+    void hold()
+    {
+        guarded([this] { m_held = true; });
+    }
+    void release()
+    {
+        guarded([this] { m_held = false; });
+    }
+    QStringList calls() const
+    {
+        return guarded([this] { return m_calls; });
+    }
+
+    KeychainItem copyMatching(const QString &service, const QString &account) override
+    {
+        std::unique_lock lock = enter(QStringLiteral("copy %1/%2").arg(service, account));
+        if (m_status != KeychainStatus::success)
+            return {.status = m_status, .data = {}};
+        if (!m_item)
+            return {.status = KeychainStatus::itemNotFound, .data = {}};
+        return {.status = KeychainStatus::success, .data = *m_item};
+    }
+
+    KeychainStatus store(const QString &, const QString &, const QByteArray &data) override
+    {
+        std::unique_lock lock = enter(QStringLiteral("store"));
+        if (m_status == KeychainStatus::success)
+            m_item = data;
+        return m_status;
+    }
+
+    KeychainStatus remove(const QString &, const QString &) override
+    {
+        std::unique_lock lock = enter(QStringLiteral("remove"));
+        if (m_status == KeychainStatus::success)
+            m_item.reset();
+        return m_status;
+    }
+
+    KeychainStatus unlock(std::stop_token stop) override
+    {
+        std::unique_lock lock(m_mutex);
+        m_calls << QStringLiteral("unlock");
+        if (!m_changed.wait(lock, stop, [this] { return m_unlockAnswer.has_value(); }))
+            return KeychainStatus::locked;
+        m_status = m_statusAfterUnlock;
+        return *std::exchange(m_unlockAnswer, std::nullopt);
+    }
+
+private:
+    std::unique_lock<std::mutex> enter(const QString &call)
+    {
+        std::unique_lock lock(m_mutex);
+        m_calls << call;
+        m_changed.wait(lock, [this] { return !m_held; });
+        return lock;
+    }
+
+    mutable std::mutex m_mutex;
+    mutable std::condition_variable_any m_changed;
+    std::optional<QByteArray> m_item;
+    KeychainStatus m_status = KeychainStatus::success;
+    std::optional<KeychainStatus> m_unlockAnswer;
+    KeychainStatus m_statusAfterUnlock = KeychainStatus::success;
+    bool m_held = false;
+    QStringList m_calls;
+};
+
+} // namespace pingwell
