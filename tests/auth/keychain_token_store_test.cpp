@@ -130,6 +130,7 @@ void KeychainTokenStoreTest::givesUpWhenThePersonRefuses()
     f.keychain->setStatus(KeychainStatus::locked);
     f.open();
     QCOMPARE(f.store->load(), none);
+    QTRY_VERIFY(f.keychain->calls().contains(QStringLiteral("unlock")));
     f.keychain->answerUnlock(KeychainStatus::locked, KeychainStatus::locked);
     f.store.reset();
     const QStringList calls{QStringLiteral("copy s/a"), QStringLiteral("unlock")};
