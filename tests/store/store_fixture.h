@@ -1,0 +1,62 @@
+#pragma once
+
+#include "store/app_store.h"
+#include "support/manual_clock.h"
+#include "support/memory_preferences.h"
+#include "support/recording_notifier.h"
+#include "support/scripted_transport.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <memory>
+
+namespace pingwell {
+
+/// The instant at which every test of the store begins.
+inline constexpr Instant testStart{Seconds(1'700'000'000)};
+
+/// One alert as the service sends it, posted `secondsAgo` before the tests begin; `more` adds and overrides keys.
+[[nodiscard]] QJsonObject alertJSON(const QString &id, double secondsAgo, const QJsonObject &more = {});
+[[nodiscard]] QJsonObject askJSON(const QString &id, double secondsAgo, const QJsonObject &more = {});
+[[nodiscard]] QJsonObject workspaceJSON(const QString &id, const QString &role = QStringLiteral("owner"));
+
+/// A dashboard of one or more workspaces, as the service sends it.
+struct DashboardJSON
+{
+    QJsonArray alerts;
+    QJsonArray workspaces{workspaceJSON(QStringLiteral("w1"))};
+    QJsonArray topics;
+    QJsonObject settings;
+
+    [[nodiscard]] QByteArray body() const;
+};
+
+/// A live store with everything around it in memory. Members may be changed before `start`.
+class StoreFixture
+{
+public:
+    StoreFixture();
+    ~StoreFixture();
+
+    /// Makes the store; with a token it is signed in at once. Nothing is fetched yet.
+    void start();
+    /// `start` and one refresh with that dashboard.
+    void startWith(const DashboardJSON &dashboard);
+    /// Runs one refresh that answers with that dashboard, and waits for its end.
+    void refreshWith(const DashboardJSON &dashboard);
+    /// Waits until no request of the program is outstanding but the held ones.
+    void settle();
+
+    [[nodiscard]] Alert alert(const QString &id) const;
+
+    std::shared_ptr<ScriptedTransport> transport = std::make_shared<ScriptedTransport>();
+    std::shared_ptr<ManualClock> clock = std::make_shared<ManualClock>(testStart);
+    std::shared_ptr<MemoryPreferences> preferences = std::make_shared<MemoryPreferences>();
+    std::shared_ptr<RecordingNotifier> notifier = std::make_shared<RecordingNotifier>();
+    std::shared_ptr<MemoryTokenStore> tokens = std::make_shared<MemoryTokenStore>(QStringLiteral("token-1"));
+    std::shared_ptr<Backend> backend = std::make_shared<Backend>();
+    std::unique_ptr<AppStore> store;
+};
+
+} // namespace pingwell
