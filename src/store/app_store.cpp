@@ -42,6 +42,7 @@ AppStore::~AppStore()
     m_clockTask.request_stop();
     m_syncTask.request_stop();
     m_toastTask.request_stop();
+    m_providersTask.request_stop();
     if (m_backend && m_backend->tokenStore) {
         m_backend->tokenStore->onBecameReadable = nullptr;
         m_backend->tokenStore->onNotKept = nullptr;

@@ -48,6 +48,13 @@ class AppStore : public QObject
                    isCreatingWorkspaceChanged)
     Q_PROPERTY(bool isSigningIn READ isSigningIn NOTIFY isSigningInChanged)
     Q_PROPERTY(QString signInError READ signInErrorText NOTIFY signInErrorChanged)
+    /// The page being waited for, to be opened by hand, and the server it belongs to; empty while nobody signs in.
+    Q_PROPERTY(QString signInLink READ signInLink NOTIFY isSigningInChanged)
+    Q_PROPERTY(QString signInHost READ signInHost NOTIFY isSigningInChanged)
+    Q_PROPERTY(QStringList availableProviders READ availableProviderWords NOTIFY availableProvidersChanged)
+    Q_PROPERTY(QString server READ serverWord WRITE setServerWord NOTIFY serverChanged)
+    Q_PROPERTY(QString selfHostedURL READ selfHostedURL WRITE setSelfHostedURL NOTIFY selfHostedURLChanged)
+    Q_PROPERTY(bool showsNotificationPrompt READ showsNotificationPrompt NOTIFY showsNotificationPromptChanged)
     Q_PROPERTY(QString toastMessage READ toastMessage NOTIFY toastChanged)
     Q_PROPERTY(bool toastIsError READ toastIsError NOTIFY toastChanged)
     Q_PROPERTY(qsizetype unreadCount READ unreadCount NOTIFY unreadCountChanged)
@@ -154,7 +161,12 @@ public:
     // Session.
     /// The address a new session is made against; none when the self-hosted one isn't an address.
     [[nodiscard]] std::optional<QUrl> effectiveBaseURL() const;
+    /// Signs in through the browser with that provider, by its raw word; in the demo at once.
     Q_INVOKABLE void signIn(const QString &provider);
+    /// Ends a sign-in under way as a closed browser would: without a message.
+    Q_INVOKABLE void cancelSignIn();
+    /// Asks the chosen server which providers it offers.
+    Q_INVOKABLE void refreshProviders();
     void persistSession(const QString &token, const QUrl &baseURL, const Account &account);
     Q_INVOKABLE void signOut();
     /// Ends the session and erases everything of it; `message` is shown on the sign-in screen.
@@ -166,6 +178,10 @@ public:
     void startSync();
     /// Fetches the dashboard and merges it, unless a fetch is under way.
     Q_INVOKABLE void refresh();
+
+    /// Opens the sheet that asks for notifications, once an account.
+    void considerNotificationPrompt(NotificationPermission permission);
+    Q_INVOKABLE void dismissNotificationPrompt();
 
     /// Shows a message for a few seconds; an empty one is none.
     void showToast(const QString &message, bool isError);
@@ -210,6 +226,11 @@ private:
     QString connectionProblemText() const { return m_connectionProblem.value_or(QString()); }
     QString selectedAlertIDText() const { return m_selectedAlertID.value_or(QString()); }
     QString signInErrorText() const { return m_signInError.value_or(QString()); }
+    QString signInLink() const { return m_signInPage.toString(QUrl::FullyEncoded); }
+    QString signInHost() const { return m_signInPage.host(); }
+    QStringList availableProviderWords() const;
+    QString serverWord() const { return rawValue(m_server); }
+    void setServerWord(const QString &word);
     QString toastMessage() const { return m_toast ? m_toast->message : QString(); }
     bool toastIsError() const { return m_toast && m_toast->isError; }
     QString sectionWord() const { return rawValue(m_section); }
@@ -262,10 +283,21 @@ private:
     void restoreLateSession();
     [[nodiscard]] QUrl restoredBaseURL() const;
     void restoreLocalSettings();
-    void signInToDemo(AuthProvider provider);
     void saveAccount(const Account &account);
     void resetSession();
     static QCoro::Task<> forgetDevice(APIClientPtr client, QString deviceID);
+
+    // app_store_sign_in.cpp
+    struct SignInAttempt;
+    [[nodiscard]] SignInAttempt prepareSignIn(const QUrl &baseURL, AuthProvider provider) const;
+    static QCoro::Task<> runSignIn(QPointer<AppStore> store, SignInAttempt attempt);
+    void finishSignIn(const QUrl &baseURL, const std::optional<Session> &session,
+                      const std::optional<QString> &problem);
+    void signInToDemo(AuthProvider provider);
+    void refreshProvidersSoon();
+    static QCoro::Task<> settleAndRefreshProviders(QPointer<AppStore> store, std::shared_ptr<Clock> clock,
+                                                   std::stop_token stop);
+    static QCoro::Task<> runRefreshProviders(QPointer<AppStore> store, std::optional<QUrl> baseURL);
 
     // app_store_sync.cpp
     static QCoro::Task<> runSync(QPointer<AppStore> store, std::shared_ptr<Clock> clock, std::stop_token stop);
@@ -328,6 +360,8 @@ private:
     std::stop_source m_clockTask{std::nostopstate};
     std::stop_source m_syncTask{std::nostopstate};
     std::stop_source m_toastTask{std::nostopstate};
+    std::stop_source m_providersTask{std::nostopstate};
+    QUrl m_signInPage;
     int m_mutationsInFlight = 0;
     qint64 m_mutationEpoch = 0;
     bool m_isRefreshing = false;

@@ -76,6 +76,13 @@ void AppStore::setServer(ServerKind server)
     set(m_server, server, &AppStore::serverChanged);
     if (m_defaults)
         m_defaults->setString(preference_keys::serverKind, rawValue(server));
+    refreshProvidersSoon();
+}
+
+void AppStore::setServerWord(const QString &word)
+{
+    if (const auto server = fromRawValue<ServerKind>(word))
+        setServer(*server);
 }
 
 void AppStore::setSelfHostedURL(const QString &text)
@@ -84,6 +91,7 @@ void AppStore::setSelfHostedURL(const QString &text)
     set(m_selfHostedURL, text, &AppStore::selfHostedURLChanged);
     if (m_defaults)
         m_defaults->setString(preference_keys::selfHostedURL, text);
+    refreshProvidersSoon();
 }
 
 } // namespace pingwell

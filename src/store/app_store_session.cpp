@@ -49,7 +49,7 @@ void AppStore::restoreSession()
     std::optional<Account> account;
     if (m_defaults) {
         if (const auto record = m_defaults->data(preference_keys::sessionAccount))
-            account = accountFromJSON(*record);
+            account = decodedAccount(*record);
     }
     set(m_account, std::optional(account.value_or(placeholderAccount())), &AppStore::accountChanged);
 }
@@ -102,25 +102,7 @@ void AppStore::persistSession(const QString &token, const QUrl &baseURL, const A
 void AppStore::saveAccount(const Account &account)
 {
     if (m_defaults)
-        m_defaults->setData(preference_keys::sessionAccount, toJSON(account));
-}
-
-void AppStore::signIn(const QString &provider)
-{
-    checkMainThread();
-    const auto known = fromRawValue<AuthProvider>(provider);
-    if (!known || m_isSigningIn)
-        return;
-    if (!m_backend)
-        signInToDemo(*known);
-}
-
-void AppStore::signInToDemo(AuthProvider provider)
-{
-    if (m_defaults)
-        m_defaults->setString(preference_keys::sessionProvider, rawValue(provider));
-    fillFromSeed();
-    set(m_account, std::optional(demoAccount(provider)), &AppStore::accountChanged);
+        m_defaults->setData(preference_keys::sessionAccount, encodedAccount(account));
 }
 
 void AppStore::signOut()
@@ -165,6 +147,7 @@ void AppStore::endSession(const std::optional<QString> &message)
     }
     resetSession();
     set(m_signInError, message, &AppStore::signInErrorChanged);
+    refreshProviders();
 }
 
 void AppStore::resetSession()

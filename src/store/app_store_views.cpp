@@ -152,6 +152,14 @@ QString AppStore::serverLabel() const
     return m_server == ServerKind::cloud ? QStringLiteral("Pingwell Cloud") : QStringLiteral("Self-hosted");
 }
 
+QStringList AppStore::availableProviderWords() const
+{
+    QStringList words;
+    for (const AuthProvider provider : m_availableProviders)
+        words << rawValue(provider);
+    return words;
+}
+
 bool AppStore::canAnswer(const Alert &alert) const
 {
     const auto workspace = workspaceWithID(alert.workspaceId);

@@ -30,6 +30,8 @@ struct Backend
     QString deviceName = QStringLiteral("Mac");
     QString appVersion = QStringLiteral("0");
     Authenticate authenticate;
+    /// Ends an authentication under way as if the browser had been closed.
+    std::function<void()> cancelAuthentication;
     std::chrono::milliseconds pollInterval{15'000};
     /// The device is announced on every so many polls; never 0.
     int heartbeatEvery = 20;

@@ -62,6 +62,7 @@ StoreFixture::StoreFixture()
     backend->baseURLOverride = QUrl(QStringLiteral("https://pingwell.test"));
     backend->deviceName = QStringLiteral("Desk");
     backend->appVersion = QStringLiteral("1.2");
+    transport->always("GET", "/auth/providers", ScriptedAnswer::noAnswer());
 }
 
 StoreFixture::~StoreFixture()
