@@ -22,7 +22,7 @@ QJsonObject alertJSON(const QString &id, double secondsAgo, const QJsonObject &m
 {
     return with({{QStringLiteral("id"), id},
                  {QStringLiteral("workspaceId"), QStringLiteral("w1")},
-                 {QStringLiteral("title"), QStringLiteral("Alert ") + id},
+                 {QStringLiteral("title"), QString(QStringLiteral("Alert ") + id)},
                  {QStringLiteral("at"), millisecondsFromInstant(testStart - Seconds(secondsAgo))}},
                 more);
 }
@@ -38,7 +38,7 @@ QJsonObject askJSON(const QString &id, double secondsAgo, const QJsonObject &mor
 QJsonObject workspaceJSON(const QString &id, const QString &role)
 {
     return {{QStringLiteral("id"), id},
-            {QStringLiteral("name"), QStringLiteral("Workspace ") + id},
+            {QStringLiteral("name"), QString(QStringLiteral("Workspace ") + id)},
             {QStringLiteral("kind"), QStringLiteral("team")},
             {QStringLiteral("role"), role}};
 }
