@@ -30,11 +30,29 @@ endfunction()
 
 # pingwell_test(<name> SOURCES … LINKS …): one Qt Test executable, run by ctest without a display.
 function(pingwell_test name)
+    pingwell_test_program(${name} "offscreen" "${name}" ${ARGN})
+endfunction()
+
+# pingwell_bus_test(<name> [DISPLAY] SOURCES … LINKS …): one that runs on a session bus of its own, where nothing is
+# started on demand; with DISPLAY, on an X server of its own too.
+function(pingwell_bus_test name)
+    cmake_parse_arguments(arg "DISPLAY" "" "" ${ARGN})
+    set(command dbus-run-session --config-file=${PROJECT_SOURCE_DIR}/tests/platform/session_bus.conf --
+        $<TARGET_FILE:${name}>)
+    if(arg_DISPLAY)
+        pingwell_test_program(${name} "xcb" "xvfb-run;--auto-servernum;${command}" ${arg_UNPARSED_ARGUMENTS})
+    else()
+        pingwell_test_program(${name} "offscreen" "${command}" ${arg_UNPARSED_ARGUMENTS})
+    endif()
+endfunction()
+
+# What the functions above have in common.
+function(pingwell_test_program name qt_platform command)
     cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${arg_SOURCES})
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
     target_link_libraries(${name} PRIVATE pingwell_options Qt6::Test ${arg_LINKS})
-    add_test(NAME ${name} COMMAND ${name})
+    add_test(NAME ${name} COMMAND ${command})
     set_tests_properties(${name} PROPERTIES TIMEOUT 60 ENVIRONMENT
-        "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software;TZ=UTC;LC_ALL=C.UTF-8;QT_FORCE_STDERR_LOGGING=1")
+        "QT_QPA_PLATFORM=${qt_platform};QT_QUICK_BACKEND=software;TZ=UTC;LC_ALL=C.UTF-8;QT_FORCE_STDERR_LOGGING=1")
 endfunction()
