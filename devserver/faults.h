@@ -42,7 +42,7 @@ struct Fault
     std::optional<double> seconds;
     /// How many requests go wrong; nothing: all until the faults are cleared.
     std::optional<int> times;
-    qint64 bytes = 65 * 1024 * 1024;
+    qint64 bytes = qint64{65} * 1024 * 1024;
     /// The operation is carried out before its answer goes wrong. Late and cut answers are the right ones, so theirs
     /// always is.
     bool applied = false;

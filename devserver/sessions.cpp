@@ -63,11 +63,9 @@ QString Sessions::handOutCode(const QString &challenge, AuthProvider provider, I
 
 std::optional<AuthProvider> Sessions::redeemCode(const QString &code, const QString &verifier, Instant now)
 {
-    const auto found = m_grants.constFind(code);
-    if (found == m_grants.constEnd())
+    if (!m_grants.contains(code))
         return std::nullopt;
-    const Grant grant = *found;
-    m_grants.erase(found);
+    const Grant grant = m_grants.take(code);
     if (now >= grant.expiresAt || challengeOf(verifier) != grant.challenge)
         return std::nullopt;
     return grant.provider;

@@ -82,8 +82,7 @@ void WaitingAgents::giveUp(int number)
     const auto position = std::find_if(m_waiters.cbegin(), m_waiters.cend(), hasNumber);
     if (position == m_waiters.cend())
         return;
-    const Waiter waiter = *position;
-    m_waiters.erase(position);
+    const Waiter waiter = m_waiters.takeAt(position - m_waiters.cbegin());
     waiter.respond(currentReply(m_state, waiter.alertId));
 }
 

@@ -1,0 +1,75 @@
+# shellcheck shell=bash
+# Finding and using what the program's windows show, for scripts that run inside a private desktop.
+
+# All visible elements that have an identifier, as JSON; nothing while the program isn't there.
+snapshot() {
+    dbus-send --session --print-reply=literal --dest=com.pingwell.mac.uitest /com/pingwell/uitest \
+        com.pingwell.UITest1.Snapshot 2>/dev/null || true
+}
+
+# The first element whose identifier matches the regular expression, as JSON; fails when there is none.
+element() {
+    snapshot | jq --exit-status --compact-output --arg id "^($1)\$" 'first(.[] | select(.id | test($id)))' 2>/dev/null
+}
+
+# What the element reads, name and value.
+text_of() {
+    element "$1" | jq --raw-output '"\(.name) \(.value)"'
+}
+
+# Runs the command until it succeeds; fails with a sentence when that takes more than so many seconds.
+eventually() {
+    local deadline=$((SECONDS + $1)) sentence=$2
+    shift 2
+    until "$@" >/dev/null; do
+        if ((SECONDS > deadline)); then
+            echo "Never came true: $sentence" >&2
+            return 1
+        fi
+        sleep 0.1
+    done
+}
+
+shows() { element "$1"; }
+shows_no() { [[ $(snapshot) == *\[* ]] && ! element "$1"; }
+reads() { [[ $(text_of "$1") == *"$2"* ]]; }
+
+# The element's rectangle, once it has stopped moving.
+resting_place() {
+    local before="" now=""
+    for ((tries = 0; tries < 50; tries++)); do
+        now=$(element "$1" | jq --raw-output '"\(.x + .width / 2 | floor) \(.y + .height / 2 | floor)"') || return 1
+        [[ $now == "$before" ]] && { echo "$now"; return; }
+        before=$now
+        sleep 0.05
+    done
+    return 1
+}
+
+# Presses the left button on the element, as a hand would.
+click() {
+    local place x y
+    if ! place=$(resting_place "$1"); then
+        echo "Nothing to click: $1" >&2
+        return 1
+    fi
+    read -r x y <<<"$place"
+    xdotool mousemove --sync "$x" "$y" click 1
+}
+
+# Types into the field.
+type_into() {
+    click "$1" && xdotool type --delay 10 -- "$2"
+}
+
+# Saves a picture of the front window, or of one element in it, when the script was given a folder for pictures.
+picture() {
+    [[ -n ${pictures:-} ]] || return 0
+    if (($# == 1)); then
+        import -window "$(xdotool getactivewindow)" "$pictures/$1.png"
+        return
+    fi
+    local frame
+    frame=$(element "$2" | jq --raw-output '"\(.width | ceil)x\(.height | ceil)+\(.x | floor)+\(.y | floor)"')
+    import -window root -crop "$frame" +repage "$pictures/$1.png"
+}
