@@ -1,0 +1,29 @@
+#pragma once
+
+#include "api/alert_dto.h"
+#include "api/dashboard.h"
+#include "api/device_dto.h"
+#include "api/member_dto.h"
+#include "api/session_dto.h"
+#include "api/settings_dto.h"
+#include "api/topic_dto.h"
+#include "api/workspace_dto.h"
+
+namespace pingwell {
+
+/// The dashboard as it travels.
+struct DashboardDTO
+{
+    std::vector<WorkspaceDTO> workspaces;
+    std::vector<MemberDTO> members;
+    std::vector<TopicDTO> topics;
+    std::vector<AlertDTO> alerts;
+    std::optional<std::vector<DeviceDTO>> devices;
+    std::optional<SettingsDTO> settings;
+    std::optional<EntitlementsDTO> plan;
+
+    static DashboardDTO read(WireObject object);
+    [[nodiscard]] Dashboard mapped(WireStrings &strings) const;
+};
+
+} // namespace pingwell

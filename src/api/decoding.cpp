@@ -1,0 +1,75 @@
+#include "api/decoding.h"
+
+namespace pingwell {
+
+namespace {
+
+QString defaultMessage(int status)
+{
+    if (status == 401)
+        return QStringLiteral("Your session has ended. Sign in again.");
+    return QStringLiteral("Something went wrong (HTTP %1). Try again.").arg(status);
+}
+
+} // namespace
+
+ErrorEnvelope ErrorEnvelope::read(WireObject object)
+{
+    ErrorEnvelope envelope;
+    envelope.success = object.flag("success");
+    envelope.code = object.string("code");
+    envelope.message = object.string("message");
+    return envelope;
+}
+
+bool isSuccess(int status)
+{
+    return status >= 200 && status <= 299;
+}
+
+std::optional<APIError> failureOf(int status, const WireDocument &body)
+{
+    ErrorEnvelope envelope;
+    if (body.root())
+        envelope = ErrorEnvelope::read(*body.root());
+    if (isSuccess(status) && envelope.success.value_or(true))
+        return std::nullopt;
+    const QString message = WireStrings::text(envelope.message).value_or(defaultMessage(status));
+    // A failure that came as a plain 200 is passed on as a bad request.
+    const int reported = status == 200 ? 400 : status;
+    return APIError(reported, WireStrings::text(envelope.code), message);
+}
+
+std::optional<APIError> failureOf(const HTTPResponse &response)
+{
+    const WireDocument body(response.body);
+    return failureOf(response.status, body);
+}
+
+Outcome<std::optional<QString>> messageOrFailureOf(const HTTPResponse &response)
+{
+    const WireDocument body(response.body);
+    if (const std::optional<APIError> failure = failureOf(response.status, body))
+        return *failure;
+    if (!body.root())
+        return std::optional<QString>();
+    return WireStrings::text(ErrorEnvelope::read(*body.root()).message);
+}
+
+QCoro::Task<HTTPResponse> responseTo(APIClientPtr client, HTTPRequest request)
+{
+    const std::shared_ptr<HTTPTransport> transport = client->transport();
+    std::optional<HTTPResponse> response;
+    try {
+        response = co_await transport->perform(request);
+    } catch (const APIError &) {
+        throw;
+    } catch (...) {
+        throw APIError::offline();
+    }
+    if (response->status == 0)
+        throw APIError::offline();
+    co_return std::move(*response);
+}
+
+} // namespace pingwell

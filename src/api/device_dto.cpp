@@ -1,0 +1,27 @@
+#include "api/device_dto.h"
+
+namespace pingwell {
+
+DeviceDTO DeviceDTO::read(WireObject object)
+{
+    DeviceDTO dto;
+    dto.id = required(object.string("id"));
+    dto.name = required(object.string("name"));
+    dto.platform = required(object.string("platform"));
+    dto.version = object.string("version");
+    dto.lastSeen = object.instant("lastSeen");
+    return dto;
+}
+
+Device DeviceDTO::mapped(WireStrings &) const
+{
+    Device device;
+    device.id = WireStrings::text(id);
+    device.name = WireStrings::text(name);
+    device.platform = fromWord<DevicePlatform>(platform).value_or(DevicePlatform::web);
+    device.version = WireStrings::text(version.value_or(""));
+    device.lastSeen = lastSeen.value_or(distantPast);
+    return device;
+}
+
+} // namespace pingwell

@@ -1,0 +1,188 @@
+#include "api/http_exchange.h"
+
+#include <QNetworkRequest>
+
+#include <algorithm>
+
+namespace pingwell {
+
+namespace {
+
+/// How much of an answer may wait unread; without a bound it piles up without end.
+constexpr qint64 readBufferBytes = 256 * 1024;
+
+/// Spare room behind a body, in which a parser that reads in blocks needs no copy of it.
+constexpr qint64 spareBytes = 64;
+
+bool isWeb(const QUrl &url)
+{
+    return url.isValid() && (url.scheme() == QLatin1StringView("https") || url.scheme() == QLatin1StringView("http"));
+}
+
+/// The network layer resolves "." and ".." in a path; an identifier of that name would make it another request.
+bool staysAsItIs(const QUrl &url)
+{
+    return url.path(QUrl::FullyEncoded) == url.adjusted(QUrl::NormalizePathSegments).path(QUrl::FullyEncoded);
+}
+
+/// Scheme, host and port, as RFC 6454 has it.
+bool haveSameOrigin(const QUrl &left, const QUrl &right)
+{
+    const int defaultPort = left.scheme() == QLatin1StringView("https") ? 443 : 80;
+    return left.scheme() == right.scheme() && left.host() == right.host() &&
+           left.port(defaultPort) == right.port(defaultPort);
+}
+
+QNetworkRequest networkRequest(const HTTPRequest &request, const QUrl &url, const TransportLimits &limits)
+{
+    QNetworkRequest prepared(url);
+    prepared.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Pingwell/" PINGWELL_VERSION));
+    for (const auto &[name, value] : request.headers)
+        prepared.setRawHeader(name, value);
+    prepared.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+    prepared.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
+    prepared.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
+    prepared.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+    prepared.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
+    prepared.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
+    prepared.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
+    prepared.setTransferTimeout(static_cast<int>(std::max<qint64>(1, request.timeout.count())));
+    // Up to the cap any ratio of packed to unpacked is fine: the cap counts what is unpacked.
+    prepared.setDecompressedSafetyCheckThreshold(limits.bodyBytes);
+    return prepared;
+}
+
+} // namespace
+
+HTTPExchange::HTTPExchange(QNetworkAccessManager &manager, HTTPRequest request, TransportLimits limits, QObject *parent)
+    : QObject(parent)
+    , m_manager(manager)
+    , m_request(std::move(request))
+    , m_limits(limits)
+{
+    m_deadline.setSingleShot(true);
+    connect(&m_deadline, &QTimer::timeout, this, [this] { end(std::nullopt); });
+}
+
+HTTPExchange::~HTTPExchange()
+{
+    dropReply();
+    m_response.finish(std::nullopt);
+}
+
+void HTTPExchange::start()
+{
+    m_deadline.start(m_limits.deadline);
+    if (isWeb(m_request.url) && staysAsItIs(m_request.url))
+        sendTo(m_request.url);
+    else
+        end(std::nullopt);
+}
+
+void HTTPExchange::sendTo(const QUrl &url)
+{
+    QNetworkRequest prepared = networkRequest(m_request, url, m_limits);
+    if (m_request.method == "GET") {
+        m_reply = m_manager.get(prepared);
+    } else if (m_request.body) {
+        m_reply = m_manager.sendCustomRequest(prepared, m_request.method, *m_request.body);
+    } else {
+        // Without a body there is no content to be of a type, but a length that servers insist on (RFC 9110, 8.6).
+        prepared.setRawHeader("Content-Length", "0");
+        m_reply = m_manager.sendCustomRequest(prepared, m_request.method, static_cast<QIODevice *>(nullptr));
+    }
+    m_reply->setReadBufferSize(readBufferBytes);
+    connect(m_reply, &QNetworkReply::metaDataChanged, this, &HTTPExchange::checkLength);
+    connect(m_reply, &QNetworkReply::readyRead, this, &HTTPExchange::takeBytes);
+    connect(m_reply, &QNetworkReply::finished, this, &HTTPExchange::conclude);
+}
+
+void HTTPExchange::checkLength()
+{
+    const qint64 length = m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong();
+    if (length > m_limits.bodyBytes)
+        end(std::nullopt);
+    else if (length > m_body.capacity())
+        m_body.reserve(length + spareBytes);
+}
+
+void HTTPExchange::takeBytes()
+{
+    while (m_reply && m_reply->bytesAvailable() > 0) {
+        const QByteArray bytes = m_reply->read(readBufferBytes);
+        if (bytes.isEmpty())
+            return;
+        if (m_body.size() + bytes.size() > m_limits.bodyBytes) {
+            end(std::nullopt);
+            return;
+        }
+        m_body.append(bytes);
+    }
+}
+
+void HTTPExchange::conclude()
+{
+    takeBytes();
+    if (!m_reply)
+        return;
+    if (!hasArrived()) {
+        end(std::nullopt);
+        return;
+    }
+    if (const std::optional<QUrl> target = redirection()) {
+        --m_redirectsLeft;
+        m_body.clear();
+        dropReply();
+        sendTo(*target);
+        return;
+    }
+    HTTPResponse response;
+    response.status = status();
+    response.body = std::move(m_body);
+    end(std::move(response));
+}
+
+int HTTPExchange::status() const
+{
+    return m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+}
+
+bool HTTPExchange::hasArrived() const
+{
+    const QNetworkReply::NetworkError error = m_reply->error();
+    // Errors from here on only repeat a status of 400 and above; with a lower status they mean a broken body.
+    return error == QNetworkReply::NoError || (error >= QNetworkReply::ContentAccessDenied && status() >= 400);
+}
+
+std::optional<QUrl> HTTPExchange::redirection() const
+{
+    const QUrl target = m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
+    if (m_request.method != "GET" || m_redirectsLeft == 0 || target.isEmpty())
+        return std::nullopt;
+    const QUrl resolved = m_reply->url().resolved(target);
+    if (!resolved.isValid() || !resolved.userInfo().isEmpty() || !haveSameOrigin(m_request.url, resolved))
+        return std::nullopt;
+    return resolved;
+}
+
+void HTTPExchange::end(std::optional<HTTPResponse> response)
+{
+    m_deadline.stop();
+    dropReply();
+    m_response.finish(std::move(response));
+    deleteLater();
+}
+
+void HTTPExchange::dropReply()
+{
+    if (!m_reply)
+        return;
+    // Aborting tells of the end at once, from inside the call; nobody is to hear it.
+    m_reply->disconnect(this);
+    if (m_reply->isRunning())
+        m_reply->abort();
+    m_reply->deleteLater();
+    m_reply.clear();
+}
+
+} // namespace pingwell

@@ -1,0 +1,165 @@
+#pragma once
+
+#include "model/instant.h"
+#include "model/raw_value.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <simdjson.h>
+
+#include <cstdint>
+#include <exception>
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace pingwell {
+
+/// A record lacks something it can't do without. Never leaves the decoding of one body.
+class UndecodableRecord final : public std::exception
+{
+};
+
+/// The value, which the record can't do without.
+template<typename Value>
+Value required(std::optional<Value> value)
+{
+    if (!value)
+        throw UndecodableRecord();
+    return *std::move(value);
+}
+
+/// One JSON object, read by key. A key that is absent, null or of another type than asked for gives none. Quickest when
+/// asked in the order in which the service writes. Texts are views into the document, which must outlive them.
+class WireObject
+{
+public:
+    explicit WireObject(simdjson::dom::object object)
+        : m_object(object)
+        , m_next(object.begin())
+    {
+    }
+
+    std::optional<std::string_view> string(std::string_view key);
+    std::optional<bool> flag(std::string_view key);
+    /// None for a number with a fraction or beyond 64 bits.
+    std::optional<std::int64_t> integer(std::string_view key);
+    /// From milliseconds since 1970; none for what is no date.
+    std::optional<Instant> instant(std::string_view key);
+    /// None when any element is something other than text.
+    std::optional<std::vector<std::string_view>> strings(std::string_view key);
+    std::optional<WireObject> object(std::string_view key);
+
+    /// None too when the record is not decodable.
+    template<typename Record>
+    std::optional<Record> record(std::string_view key);
+    /// None too when any of the records is not decodable.
+    template<typename Record>
+    std::optional<std::vector<Record>> records(std::string_view key);
+
+private:
+    std::optional<simdjson::dom::element> find(std::string_view key);
+    std::optional<simdjson::dom::array> array(std::string_view key);
+
+    simdjson::dom::object m_object;
+    /// Where the next key is expected.
+    simdjson::dom::object::iterator m_next;
+};
+
+/// A parsed body.
+class WireDocument
+{
+public:
+    explicit WireDocument(QByteArray json);
+    WireDocument(const WireDocument &) = delete;
+    WireDocument &operator=(const WireDocument &) = delete;
+
+    /// The body as an object; none when it is no JSON (RFC 8259) or another kind of value.
+    [[nodiscard]] const std::optional<WireObject> &root() const { return m_root; }
+
+private:
+    simdjson::error_code parse(QByteArray &json, simdjson::dom::element &root);
+
+    simdjson::dom::parser m_parser;
+    std::optional<WireObject> m_root;
+};
+
+/// Makes the texts of one body's records. Those that come again and again (a workspace's id, an app, a topic, an
+/// action) share their memory. Must not outlive the document.
+class WireStrings
+{
+public:
+    static QString text(std::string_view utf8);
+    static std::optional<QString> text(std::optional<std::string_view> utf8);
+    QString shared(std::string_view utf8);
+    std::optional<QString> shared(std::optional<std::string_view> utf8);
+    /// Empty when missing.
+    QStringList sharedList(const std::optional<std::vector<std::string_view>> &utf8);
+
+private:
+    std::unordered_map<std::string_view, QString> m_known;
+};
+
+/// The case whose word is exactly `word`; none for any other.
+template<typename Enumeration>
+std::optional<Enumeration> fromWord(std::optional<std::string_view> word)
+{
+    if (!word)
+        return std::nullopt;
+    for (const auto &entry : rawValues<Enumeration>) {
+        if (*word == std::string_view(entry.word.data(), static_cast<std::size_t>(entry.word.size())))
+            return entry.value;
+    }
+    return std::nullopt;
+}
+
+/// The records in the program's own terms.
+template<typename Record>
+auto mappedList(const std::vector<Record> &records, WireStrings &strings)
+{
+    QList<decltype(records.front().mapped(strings))> list;
+    list.reserve(static_cast<qsizetype>(records.size()));
+    for (const Record &record : records)
+        list.append(record.mapped(strings));
+    return list;
+}
+
+template<typename Record>
+std::optional<Record> WireObject::record(std::string_view key)
+{
+    const std::optional<WireObject> found = object(key);
+    if (!found)
+        return std::nullopt;
+    try {
+        return Record::read(*found);
+    } catch (const UndecodableRecord &) {
+        return std::nullopt;
+    }
+}
+
+template<typename Record>
+std::optional<std::vector<Record>> WireObject::records(std::string_view key)
+{
+    const std::optional<simdjson::dom::array> found = array(key);
+    if (!found)
+        return std::nullopt;
+    std::vector<Record> result;
+    result.reserve(found->size());
+    try {
+        for (const simdjson::dom::element element : *found) {
+            simdjson::dom::object object;
+            if (element.get(object) != simdjson::SUCCESS)
+                return std::nullopt;
+            result.push_back(Record::read(WireObject(object)));
+        }
+    } catch (const UndecodableRecord &) {
+        return std::nullopt;
+    }
+    return result;
+}
+
+} // namespace pingwell

@@ -1,0 +1,165 @@
+#include "api/wire_repair.h"
+
+#include <QByteArrayView>
+#include <QChar>
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <optional>
+#include <system_error>
+
+namespace pingwell {
+
+namespace {
+
+constexpr qsizetype escapeLength = 6; // \uXXXX
+
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+bool isNumberPart(char c)
+{
+    return isDigit(c) || c == '-' || c == '+' || c == '.' || c == 'e' || c == 'E';
+}
+
+qsizetype skipDigits(QByteArrayView token, qsizetype at)
+{
+    while (at < token.size() && isDigit(token[at]))
+        ++at;
+    return at;
+}
+
+/// Whether the token is a number by the grammar of RFC 8259, section 6.
+bool isNumber(QByteArrayView token)
+{
+    qsizetype at = token.startsWith('-') ? 1 : 0;
+    const qsizetype integerEnd = skipDigits(token, at);
+    if (integerEnd == at || (token[at] == '0' && integerEnd > at + 1))
+        return false;
+    at = integerEnd;
+    if (at < token.size() && token[at] == '.') {
+        const qsizetype fractionEnd = skipDigits(token, at + 1);
+        if (fractionEnd == at + 1)
+            return false;
+        at = fractionEnd;
+    }
+    if (at < token.size() && (token[at] == 'e' || token[at] == 'E')) {
+        ++at;
+        if (at < token.size() && (token[at] == '+' || token[at] == '-'))
+            ++at;
+        const qsizetype exponentEnd = skipDigits(token, at);
+        if (exponentEnd == at)
+            return false;
+        at = exponentEnd;
+    }
+    return at == token.size();
+}
+
+bool isBeyondRange(QByteArrayView token)
+{
+    constexpr qsizetype digitsOf64Bits = 19;
+    const bool isNegative = token.startsWith('-');
+    if (std::all_of(token.begin() + (isNegative ? 1 : 0), token.end(), isDigit))
+        return token.size() > digitsOf64Bits + (isNegative ? 1 : 0);
+    // What is too small counts as zero, and the parser takes it.
+    double value = 0;
+    const auto [end, error] = std::from_chars(token.begin(), token.end(), value);
+    return error == std::errc::result_out_of_range && !token.contains("e-") && !token.contains("E-");
+}
+
+/// The code unit that the escape at the beginning of `text` stands for; none when there is none.
+std::optional<char16_t> escapedUnit(QByteArrayView text)
+{
+    if (text.size() < escapeLength || !text.startsWith("\\u"))
+        return std::nullopt;
+    const QByteArrayView digits = text.sliced(2, escapeLength - 2);
+    bool isHexadecimal = false;
+    const uint unit = digits.toUInt(&isHexadecimal, 16);
+    if (!isHexadecimal || !std::all_of(digits.begin(), digits.end(), [](char c) { return std::isxdigit(c); }))
+        return std::nullopt;
+    return static_cast<char16_t>(unit);
+}
+
+class Repair
+{
+public:
+    explicit Repair(QByteArrayView json)
+        : m_rest(json)
+    {
+        m_result.reserve(json.size());
+    }
+
+    QByteArray run()
+    {
+        while (!m_rest.isEmpty()) {
+            if (m_inString)
+                takeInString();
+            else
+                takeOutsideStrings();
+        }
+        return m_result;
+    }
+
+private:
+    void keep(qsizetype length)
+    {
+        length = std::min(length, m_rest.size());
+        m_result.append(m_rest.first(length));
+        m_rest = m_rest.sliced(length);
+    }
+
+    void replace(qsizetype length, QByteArrayView with)
+    {
+        m_result.append(with);
+        m_rest = m_rest.sliced(length);
+    }
+
+    void takeOutsideStrings()
+    {
+        const auto end = std::find_if_not(m_rest.begin(), m_rest.end(), isNumberPart);
+        const QByteArrayView token = m_rest.first(end - m_rest.begin());
+        if (token.isEmpty()) {
+            m_inString = m_rest.startsWith('"');
+            keep(1);
+        } else if (isNumber(token) && isBeyondRange(token)) {
+            replace(token.size(), token.startsWith('-') ? "-1e300" : "1e300");
+        } else {
+            keep(token.size());
+        }
+    }
+
+    void takeInString()
+    {
+        const std::optional<char16_t> unit = escapedUnit(m_rest);
+        if (!unit) {
+            m_inString = !m_rest.startsWith('"');
+            keep(m_rest.startsWith('\\') ? 2 : 1);
+            return;
+        }
+        if (!QChar::isSurrogate(*unit)) {
+            keep(escapeLength);
+            return;
+        }
+        const std::optional<char16_t> next = escapedUnit(m_rest.sliced(escapeLength));
+        if (QChar::isHighSurrogate(*unit) && next && QChar::isLowSurrogate(*next))
+            keep(2 * escapeLength);
+        else
+            replace(escapeLength, "\\ufffd");
+    }
+
+    QByteArrayView m_rest;
+    QByteArray m_result;
+    bool m_inString = false;
+};
+
+} // namespace
+
+QByteArray withReadableTokens(const QByteArray &json)
+{
+    return Repair(json).run();
+}
+
+} // namespace pingwell
