@@ -24,6 +24,11 @@ public:
 
     /// Takes back every notification of the program.
     virtual void removeAll() = 0;
+
+    /// Shows the alert again because the answer given from its notification was not accepted; `message` says why. Only
+    /// a critical alert makes a sound for it.
+    virtual void deliverRefusal(const Alert &alert, const std::optional<QString> &workspaceName,
+                                const QString &message) = 0;
 };
 
 } // namespace pingwell

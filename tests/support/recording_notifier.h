@@ -6,26 +6,35 @@
 
 namespace pingwell {
 
-/// Remembers what it was asked to show and to take back, a line each: "<id> in <workspace>, sounds".
+/// Remembers what it was asked to show and to take back, a line each: "<id> in <workspace>, sounds", and for a
+/// refused answer "<id> in <workspace>: <message>".
 class RecordingNotifier final : public AlertNotifying
 {
 public:
     void deliver(const Alert &alert, const std::optional<QString> &workspaceName, bool sound) override
     {
-        QString line = alert.id;
-        if (workspaceName)
-            line += QStringLiteral(" in ") + *workspaceName;
-        if (sound)
-            line += QStringLiteral(", sounds");
-        delivered << line;
+        delivered << named(alert, workspaceName) + (sound ? QStringLiteral(", sounds") : QString());
     }
 
     void remove(const QStringList &identifiers) override { removed << identifiers; }
     void removeAll() override { ++removedAll; }
 
+    void deliverRefusal(const Alert &alert, const std::optional<QString> &workspaceName,
+                        const QString &message) override
+    {
+        refused << named(alert, workspaceName) + QStringLiteral(": ") + message;
+    }
+
     QStringList delivered;
     QStringList removed;
     int removedAll = 0;
+    QStringList refused;
+
+private:
+    static QString named(const Alert &alert, const std::optional<QString> &workspaceName)
+    {
+        return workspaceName ? QString(alert.id + QStringLiteral(" in ") + *workspaceName) : alert.id;
+    }
 };
 
 } // namespace pingwell

@@ -1,0 +1,95 @@
+#include "notify/user_notifier.h"
+
+#include "notify/alert_content.h"
+
+#include <utility>
+
+namespace pingwell {
+
+namespace {
+
+/// The choice behind an "answer.<index>" action; none when there is no such choice.
+std::optional<QString> chosenAnswer(const NotificationResponse &response)
+{
+    if (!response.actionIdentifier.startsWith(answerActionPrefix))
+        return std::nullopt;
+    bool isNumber = false;
+    const qlonglong index = response.actionIdentifier.mid(answerActionPrefix.size()).toLongLong(&isNumber);
+    if (!isNumber || index < 0 || index >= response.payload.actions.size())
+        return std::nullopt;
+    return response.payload.actions.at(index);
+}
+
+} // namespace
+
+UserNotifier::UserNotifier(std::shared_ptr<NotificationCenter> center)
+    : m_center(std::move(center))
+{
+    m_center->setResponseHandler([this](const NotificationResponse &response) { handle(response); });
+}
+
+UserNotifier::~UserNotifier()
+{
+    m_center->setResponseHandler({});
+}
+
+void UserNotifier::setResponses(std::weak_ptr<AlertResponses> responses)
+{
+    m_responses = std::move(responses);
+}
+
+void UserNotifier::deliver(const Alert &alert, const std::optional<QString> &workspaceName, bool sound)
+{
+    show(alert, contentOf(alert, workspaceName, sound));
+}
+
+void UserNotifier::remove(const QStringList &identifiers)
+{
+    m_center->remove(identifiers);
+}
+
+void UserNotifier::removeAll()
+{
+    m_center->removeAll();
+}
+
+void UserNotifier::deliverRefusal(const Alert &alert, const std::optional<QString> &workspaceName,
+                                  const QString &message)
+{
+    show(alert, refusalOf(alert, workspaceName, message));
+}
+
+void UserNotifier::show(const Alert &alert, NotificationContent content)
+{
+    registerCategory(alert);
+    m_center->add({.identifier = alert.id, .content = std::move(content)});
+}
+
+void UserNotifier::registerCategory(const Alert &alert)
+{
+    const std::optional<NotificationCategory> category = categoryOf(alert);
+    if (!category || m_categories.contains(category->identifier))
+        return;
+    m_categories.insert(category->identifier, *category);
+    m_center->setCategories(m_categories.values());
+}
+
+void UserNotifier::handle(const NotificationResponse &response) const
+{
+    const std::shared_ptr<AlertResponses> responses = m_responses.lock();
+    const NotificationPayload &payload = response.payload;
+    if (!responses || payload.workspaceId.isEmpty())
+        return;
+    if (response.actionIdentifier == defaultActionIdentifier) {
+        responses->open(payload.alertId, false, response.activationToken);
+    } else if (response.actionIdentifier == replyActionIdentifier) {
+        if (response.text)
+            responses->answer(payload.alertId, *response.text);
+        else
+            responses->open(payload.alertId, true, response.activationToken);
+    } else if (const std::optional<QString> choice = chosenAnswer(response)) {
+        responses->answer(payload.alertId, *choice);
+    }
+}
+
+} // namespace pingwell

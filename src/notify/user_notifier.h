@@ -1,0 +1,42 @@
+#pragma once
+
+#include "notify/alert_notifying.h"
+#include "notify/alert_responses.h"
+#include "notify/notification_center.h"
+
+#include <QMap>
+
+#include <memory>
+
+namespace pingwell {
+
+/// Turns alerts into notifications of the desktop and what the person does with them into answers. One lives as long
+/// as the program. Main thread.
+class UserNotifier final : public AlertNotifying
+{
+public:
+    explicit UserNotifier(std::shared_ptr<NotificationCenter> center);
+    ~UserNotifier() override;
+    Q_DISABLE_COPY_MOVE(UserNotifier)
+
+    /// Who takes the responses; they are dropped while there is nobody.
+    void setResponses(std::weak_ptr<AlertResponses> responses);
+
+    void deliver(const Alert &alert, const std::optional<QString> &workspaceName, bool sound) override;
+    void remove(const QStringList &identifiers) override;
+    void removeAll() override;
+    void deliverRefusal(const Alert &alert, const std::optional<QString> &workspaceName,
+                        const QString &message) override;
+
+private:
+    void show(const Alert &alert, NotificationContent content);
+    void registerCategory(const Alert &alert);
+    void handle(const NotificationResponse &response) const;
+
+    std::shared_ptr<NotificationCenter> m_center;
+    std::weak_ptr<AlertResponses> m_responses;
+    /// By identifier; the desktop knows them all, so that a notification shown long ago keeps its actions.
+    QMap<QString, NotificationCategory> m_categories;
+};
+
+} // namespace pingwell
