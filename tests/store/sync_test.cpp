@@ -98,8 +98,8 @@ private slots:
         QCOMPARE(m->transport->count("GET", "/dashboard"), 2);
         poll(1);
         QCOMPARE(m->transport->count("GET", "/dashboard"), 3);
+        m->transport->plan("DELETE", "/devices/d7", ScriptedAnswer::raw(204, ""));
         store().signOut();
-        m->transport->always("DELETE", "/devices/d7", ScriptedAnswer::raw(204, ""));
         poll(2);
         QCOMPARE(m->transport->count("GET", "/dashboard"), 3);
         QCOMPARE(m->transport->count("DELETE", "/devices/d7"), 1);

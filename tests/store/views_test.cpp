@@ -74,6 +74,9 @@ private slots:
         m_seed.workspaces = {workspace(own, WorkspaceKind::personal), workspace(other, WorkspaceKind::team)};
     }
 
+    // Lets the stopped clock and toasts of the last store end.
+    void cleanup() { QCoreApplication::processEvents(); }
+
     void activeAlertsAreNewestFirst()
     {
         m_seed.alerts = {notice(QStringLiteral("old"), 50), notice(QStringLiteral("twin1"), 10),

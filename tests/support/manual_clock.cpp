@@ -1,6 +1,9 @@
 #include "support/manual_clock.h"
 
+#include <QTimer>
+
 #include <algorithm>
+#include <vector>
 
 namespace pingwell {
 
@@ -20,18 +23,9 @@ ManualClock::ManualClock(Instant start)
 {
 }
 
-ManualClock::~ManualClock()
-{
-    // Whoever still sleeps was stopped by its owner: let it see that and end, so that its frame does not leak.
-    while (!m_sleepers.empty()) {
-        const auto awaiting = m_sleepers.front().awaiting;
-        m_sleepers.pop_front();
-        awaiting.resume();
-    }
-}
-
 QCoro::Task<> ManualClock::sleep(std::chrono::milliseconds duration, std::stop_token stop)
 {
+    const std::stop_callback onStop(stop, [this] { QTimer::singleShot(0, this, &ManualClock::wakeStopped); });
     Pause pause{this, m_now + duration, stop};
     co_await pause;
 }
@@ -54,6 +48,19 @@ void ManualClock::wake(Instant until)
         awaiting.resume();
     }
     m_now = until;
+}
+
+void ManualClock::wakeStopped()
+{
+    std::vector<std::coroutine_handle<>> stopped;
+    m_sleepers.remove_if([&stopped](const Sleeper &sleeper) {
+        if (sleeper.stop.stop_requested())
+            stopped.push_back(sleeper.awaiting);
+        return sleeper.stop.stop_requested();
+    });
+    // The last of them may take this clock along.
+    for (const auto awaiting : stopped)
+        awaiting.resume();
 }
 
 qsizetype ManualClock::sleeperCount() const

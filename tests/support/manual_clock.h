@@ -2,6 +2,8 @@
 
 #include "async/clock.h"
 
+#include <QObject>
+
 #include <coroutine>
 #include <list>
 #include <memory>
@@ -9,12 +11,12 @@
 namespace pingwell {
 
 /// A clock that stands still until the test moves it. Sleepers wake in the order of their due times, each at its own
-/// time; what a sleeper does when it wakes has happened before `advance` returns, unless it waits for something else.
-class ManualClock final : public Clock
+/// time; what a sleeper does when it wakes has happened before `advance` returns, unless it waits for something else. A
+/// stopped sleeper wakes on the next turn of the event loop.
+class ManualClock final : public QObject, public Clock
 {
 public:
     explicit ManualClock(Instant start);
-    ~ManualClock() override;
 
     [[nodiscard]] Instant now() const override { return m_now; }
     QCoro::Task<> sleep(std::chrono::milliseconds duration, std::stop_token stop) override;
@@ -33,6 +35,7 @@ private:
     struct Pause;
 
     void wake(Instant until);
+    void wakeStopped();
 
     Instant m_now;
     std::list<Sleeper> m_sleepers;
