@@ -2,6 +2,7 @@
 
 #include "platform/application_adaptor.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
@@ -54,6 +55,8 @@ bool BusSingleInstance::ownName()
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return true;
+    // Qt holds calls back until the application object at hand processes events, which a short-lived one never would.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     // Before the name, so that whoever sees the name can call.
     bus.registerObject(path, this, QDBusConnection::ExportAdaptors);
     if (bus.registerService(name))

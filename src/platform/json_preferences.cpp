@@ -120,14 +120,13 @@ JsonPreferences::~JsonPreferences()
 std::unique_ptr<JsonPreferences> JsonPreferences::openSuite(const QString &domain)
 {
     const QString path = pathOf(domain);
-    if (domain.isEmpty() || domain.contains(u'/') || !makeFolderOf(path))
-        return nullptr;
     const QFileInfo file(path);
-    const QFileInfo folder(file.path());
-    const bool fileIsUsable = !file.exists() || (file.isFile() && file.isReadable());
-    if (!fileIsUsable || !folder.isWritable())
-        return nullptr;
-    return std::make_unique<JsonPreferences>(path);
+    const bool isFileName = !domain.isEmpty() && !domain.contains(u'/');
+    if (isFileName && makeFolderOf(path) && QFileInfo(file.path()).isWritable() &&
+        (!file.exists() || (file.isFile() && file.isReadable())))
+        return std::make_unique<JsonPreferences>(path);
+    report(u"%1 can't be used"_s.arg(path));
+    return nullptr;
 }
 
 QString JsonPreferences::pathOf(const QString &domain)
