@@ -1,4 +1,60 @@
-int main()
+#include "app/composition.h"
+#include "platform/ui_test_bridge.h"
+#include "ui/accessibility_snapshot.h"
+
+#include <QApplication>
+#include <QTextStream>
+
+namespace {
+
+using namespace pingwell;
+
+/// Claims the program's place in the session before there is anything to show: a start that only hands over must be
+/// done in no time, and the graphical application object would take the activation token out of the environment.
+/// False when another process has the place and has been told.
+bool claimPlace(int &argc, char **argv, std::unique_ptr<SingleInstance> &instance)
 {
-    return 0;
+    const QCoreApplication application(argc, argv);
+    instance = makeSingleInstance(LaunchOptions::current());
+    return !instance || instance->claim(ownURLs(QCoreApplication::arguments())) == SingleInstance::Role::primary;
+}
+
+/// Lets an automated test look into the windows; the person's own program shows itself to nobody.
+std::unique_ptr<UITestBridge> makeBridge(const LaunchOptions &options)
+{
+    if (!options.isAutomated())
+        return nullptr;
+    auto bridge = std::make_unique<UITestBridge>(accessibilitySnapshot);
+    if (!bridge->serve())
+        QTextStream(stdout) << "[ui test] the windows can't be looked into: no session bus, or another test runs\n";
+    return bridge;
+}
+
+int run(int &argc, char **argv, SingleInstance *instance)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("pingwell"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Pingwell"));
+    QApplication::setApplicationVersion(QStringLiteral(PINGWELL_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("com.pingwell.mac"));
+    // The program lives in the status area; windows come and go.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    const LaunchOptions &options = LaunchOptions::current();
+    const std::unique_ptr<PingwellApp> app = makeApp(options, instance);
+    QObject::connect(app.get(), &PingwellApp::quitRequested, &application, &QCoreApplication::quit,
+                     Qt::QueuedConnection);
+    const std::unique_ptr<UITestBridge> bridge = makeBridge(options);
+    app->start();
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    std::unique_ptr<SingleInstance> instance;
+    if (!claimPlace(argc, argv, instance))
+        return 0;
+    return run(argc, argv, instance.get());
 }

@@ -1,0 +1,79 @@
+#include "app/composition.h"
+
+#include "api/url_session_transport.h"
+#include "app/make_store.h"
+#include "app/qml_windows.h"
+#include "async/system_clock.h"
+#include "auth/web_authenticator.h"
+#include "platform/bus_single_instance.h"
+#include "platform/desktop_appearance.h"
+#include "platform/json_preferences.h"
+#include "platform/launcher_entry_badge.h"
+#include "platform/logind_system_events.h"
+#include "platform/secret_service_keychain.h"
+#include "platform/status_notifier_item.h"
+
+#include <QDesktopServices>
+#include <QSysInfo>
+
+namespace pingwell {
+
+namespace {
+
+StoreParts makeStoreParts(const std::shared_ptr<Clock> &clock, const std::shared_ptr<WebAuthenticator> &browser)
+{
+    return {
+        .openPreferences = [](const QString &domain) -> std::shared_ptr<Preferences> {
+            return JsonPreferences::openSuite(domain);
+        },
+        .openKeychain = [] { return std::make_shared<SecretServiceKeychain>(); },
+        .openTransport = [] { return std::make_shared<URLSessionTransport>(); },
+        .openNotifier = {},
+        .authenticate = [browser](const QUrl &url,
+                                  const QString &callbackScheme) { return browser->authenticate(url, callbackScheme); },
+        .cancelAuthentication = [browser] { browser->cancel(); },
+        .clock = clock,
+        .hostName = QSysInfo::machineHostName(),
+        .version = QStringLiteral(PINGWELL_VERSION),
+    };
+}
+
+} // namespace
+
+std::unique_ptr<SingleInstance> makeSingleInstance(const LaunchOptions &options)
+{
+    if (!options.isLive())
+        return nullptr;
+    return std::make_unique<BusSingleInstance>();
+}
+
+QList<QUrl> ownURLs(const QStringList &arguments)
+{
+    QList<QUrl> urls;
+    for (const QString &argument : arguments) {
+        if (argument.startsWith(QStringLiteral("pingwell:")))
+            urls.append(QUrl(argument));
+    }
+    return urls;
+}
+
+std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstance *singleInstance)
+{
+    // The status item asks the desktop for its place while the rest is being made.
+    AppParts parts;
+    parts.statusItem = std::make_unique<StatusNotifierItem>();
+    parts.singleInstance = singleInstance;
+    const auto clock = std::make_shared<SystemClock>();
+    const auto browser = std::make_shared<WebAuthenticator>(&QDesktopServices::openUrl, clock);
+    parts.openURL = [browser](const QUrl &url) { browser->handleCallback(url); };
+    const StoreParts storeParts = makeStoreParts(clock, browser);
+    const std::shared_ptr<Preferences> preferences = openPreferences(options, storeParts);
+    parts.store = makeStore(options, preferences, storeParts);
+    parts.badge = std::make_unique<LauncherEntryBadge>();
+    parts.systemEvents = std::make_unique<LogindSystemEvents>();
+    parts.windows =
+        std::make_unique<QmlWindows>(parts.store.get(), options, preferences, std::make_unique<DesktopAppearance>());
+    return std::make_unique<PingwellApp>(options, std::move(parts));
+}
+
+} // namespace pingwell

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "model/alert.h"
+#include "model/instant.h"
+#include "model/member.h"
+#include "model/topic.h"
+#include "model/workspace.h"
+
+#include <QList>
+#include <QMap>
+#include <QString>
+
+/// The demo's day by subject; `demoData` puts it together.
+namespace pingwell::demo {
+
+/// The person's own team, whose owner they are.
+inline const QString studio = QStringLiteral("w1");
+/// Nobody's but theirs.
+inline const QString home = QStringLiteral("w2");
+/// A team in which they are a member.
+inline const QString platformTeam = QStringLiteral("w3");
+/// A team in which they may only watch.
+inline const QString researchTeam = QStringLiteral("w4");
+
+[[nodiscard]] QList<Alert> alerts(Instant now);
+[[nodiscard]] QList<Workspace> workspaces();
+[[nodiscard]] QMap<QString, QList<Member>> members(Instant now);
+[[nodiscard]] QList<Topic> topics();
+
+} // namespace pingwell::demo

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/launch_options.h"
+#include "model/preferences.h"
+#include "store/app_store.h"
+
+#include <QQuickView>
+
+#include <memory>
+
+namespace pingwell {
+
+/// The main window: sign-in, loading or everything. Comes back where and as large as it was left, where the desktop
+/// lets a program choose and there are preferences to remember it in.
+class MainWindow final : public QQuickView
+{
+    Q_OBJECT
+
+public:
+    MainWindow(QQmlEngine *engine, AppStore *store, const LaunchOptions &options,
+               std::shared_ptr<Preferences> preferences);
+    ~MainWindow() override;
+
+signals:
+    void quitRequested();
+
+protected:
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    void restoreFrame();
+    void saveFrame();
+
+    std::shared_ptr<Preferences> m_preferences;
+};
+
+} // namespace pingwell

@@ -1,0 +1,123 @@
+#include "app/panel_window.h"
+
+#include "app/panel_placement.h"
+#include "app/raise_window.h"
+#include "app/screen_source.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QQuickItem>
+#include <QScreen>
+
+namespace pingwell {
+
+namespace {
+
+constexpr int panelWidth = 340;
+constexpr int largestHeight = 620;
+
+/// On Wayland the compositor places every window, and tiling ones tile what looks like a tool.
+bool placesOwnWindows()
+{
+    return !QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
+}
+
+Qt::WindowFlags panelFlags()
+{
+    const Qt::WindowFlags flags = Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+    return flags | (placesOwnWindows() ? Qt::Tool : Qt::Window);
+}
+
+const QScreen *screenAt(QPoint position, const QScreen *otherwise)
+{
+    const QScreen *screen = QGuiApplication::screenAt(position);
+    return screen ? screen : otherwise;
+}
+
+PanelVisibility::TimePoint timeNow()
+{
+    return std::chrono::steady_clock::now();
+}
+
+} // namespace
+
+PanelWindow::PanelWindow(QQmlEngine *engine, AppStore *store)
+    : QQuickView(engine, nullptr)
+    , m_store(store)
+{
+    setTitle(QStringLiteral("Pingwell"));
+    setFlags(panelFlags());
+    setResizeMode(QQuickView::SizeRootObjectToView);
+    setInitialProperties({{QStringLiteral("store"), QVariant::fromValue(store)}});
+    setSource(screenSource(QStringLiteral("PopoverView")));
+    connect(rootObject(), SIGNAL(openMainRequested()), this, SIGNAL(openMainRequested()));
+    connect(rootObject(), SIGNAL(quitRequested()), this, SIGNAL(quitRequested()));
+    connect(this, &QWindow::activeChanged, this, &PanelWindow::noteActive);
+}
+
+PanelWindow::~PanelWindow() = default;
+
+void PanelWindow::open(QPoint position)
+{
+    if (!m_visibility.isVisible()) {
+        place(position.isNull() ? QCursor::pos() : position);
+        m_visibility.shown();
+    }
+    raiseWindow(*this, {});
+}
+
+void PanelWindow::toggle(QPoint position)
+{
+    if (m_visibility.clicked(timeNow()))
+        open(position);
+    else
+        hide();
+}
+
+void PanelWindow::keyPressEvent(QKeyEvent *event)
+{
+    QQuickView::keyPressEvent(event);
+    if (!event->isAccepted() && event->key() == Qt::Key_Escape)
+        hide();
+}
+
+void PanelWindow::hideEvent(QHideEvent *event)
+{
+    m_visibility.hidden();
+    QQuickView::hideEvent(event);
+}
+
+void PanelWindow::noteActive()
+{
+    if (isActive())
+        m_visibility.activated();
+    else if (m_visibility.deactivated(timeNow(), hasUnsentReply()))
+        hide();
+}
+
+/// As high as what it shows, where the screen has the room; it keeps that height while it is open, so that nothing
+/// moves under the pointer when an ask goes away.
+void PanelWindow::place(QPoint position)
+{
+    const QRect available = screenAt(position, screen())->availableGeometry();
+    const int wanted = qCeil(rootObject()->implicitHeight());
+    const QSize size(panelWidth, qMin(wanted, qMin(largestHeight, available.height())));
+    setMinimumSize(size);
+    setMaximumSize(size);
+    resize(size);
+    if (placesOwnWindows())
+        setPosition(panelPosition(position, available, size));
+}
+
+bool PanelWindow::hasUnsentReply() const
+{
+    const QHash<QString, QString> &drafts = m_store->replyDrafts();
+    if (drafts.isEmpty())
+        return false;
+    const QList<Alert> waiting = m_store->needsReply();
+    return std::any_of(waiting.begin(), waiting.end(),
+                       [&drafts](const Alert &alert) { return !drafts.value(alert.id).isEmpty(); });
+}
+
+} // namespace pingwell

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "app/app_windows.h"
+#include "app/launch_options.h"
+#include "app/launcher_badge.h"
+#include "app/single_instance.h"
+#include "app/status_item.h"
+#include "app/system_events.h"
+#include "store/app_store.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace pingwell {
+
+/// What the program is made of. `singleInstance` is null where several may run beside each other.
+struct AppParts
+{
+    std::unique_ptr<AppStore> store;
+    std::unique_ptr<StatusItem> statusItem;
+    std::unique_ptr<LauncherBadge> badge;
+    std::unique_ptr<SystemEvents> systemEvents;
+    std::unique_ptr<AppWindows> windows;
+    SingleInstance *singleInstance = nullptr;
+    /// Takes a URL of the program's own scheme that the desktop was asked to open.
+    std::function<void(const QUrl &)> openURL = [](const QUrl &) {};
+};
+
+/// The program: the one store for the life of the process, the status item and the launcher badge that count its
+/// waiting asks, and the windows that show it.
+class PingwellApp : public QObject
+{
+    Q_OBJECT
+
+public:
+    PingwellApp(LaunchOptions options, AppParts parts);
+    ~PingwellApp() override;
+
+    /// How long the desktop's status area may take to be found before the main window opens instead.
+    static constexpr std::chrono::milliseconds statusAreaPatience{1000};
+
+    /// Puts the item into the status area. The main window opens in an automated test, and where there is no status
+    /// area to open it from.
+    void start();
+
+signals:
+    void quitRequested();
+
+private:
+    void followCount();
+    void followStatusItem();
+    void followSystem();
+    void showCount();
+    void openMainWithoutStatusArea();
+
+    LaunchOptions m_options;
+    // The windows go before the store they show.
+    AppParts m_parts;
+    std::optional<qsizetype> m_shownCount;
+    QTimer m_statusAreaWait;
+};
+
+} // namespace pingwell

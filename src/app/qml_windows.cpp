@@ -1,0 +1,113 @@
+#include "app/qml_windows.h"
+
+#include "app/main_window.h"
+#include "app/panel_window.h"
+#include "app/raise_window.h"
+#include "app/released_memory.h"
+#include "ui/engine.h"
+
+#include <QPixmapCache>
+#include <QQuickWindow>
+
+namespace pingwell {
+
+namespace {
+
+/// Everything shown works on the software renderer, which costs a fraction of the memory and start-up time of an OpenGL
+/// context and draws the same on every machine. A person who set another backend has a reason.
+void chooseRenderer()
+{
+    if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND"))
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
+bool isShown(const QWindow *window)
+{
+    return window && window->isVisible();
+}
+
+} // namespace
+
+QmlWindows::QmlWindows(AppStore *store, LaunchOptions options, std::shared_ptr<Preferences> preferences,
+                       std::unique_ptr<Appearance> appearance)
+    : m_store(store)
+    , m_options(std::move(options))
+    , m_preferences(std::move(preferences))
+    , m_appearance(std::move(appearance))
+{
+    m_letGo.setSingleShot(true);
+    m_letGo.setInterval(keepClosed);
+    connect(&m_letGo, &QTimer::timeout, this, &QmlWindows::letGo);
+}
+
+QmlWindows::~QmlWindows() = default;
+
+void QmlWindows::showMain(const QByteArray &activationToken)
+{
+    raiseWindow(*mainWindow(), activationToken);
+}
+
+void QmlWindows::showPanel(QPoint position)
+{
+    panelWindow()->open(position);
+}
+
+void QmlWindows::togglePanel(QPoint position)
+{
+    panelWindow()->toggle(position);
+}
+
+UiEngine *QmlWindows::engine()
+{
+    if (!m_engine) {
+        chooseRenderer();
+        m_engine = std::make_unique<UiEngine>(m_appearance.get());
+    }
+    return m_engine.get();
+}
+
+MainWindow *QmlWindows::mainWindow()
+{
+    if (!m_mainWindow) {
+        m_mainWindow = std::make_unique<MainWindow>(engine(), m_store, m_options, m_preferences);
+        connect(m_mainWindow.get(), &MainWindow::quitRequested, this, &AppWindows::quitRequested);
+        connect(m_mainWindow.get(), &QWindow::visibleChanged, this, &QmlWindows::noteVisibility);
+    }
+    return m_mainWindow.get();
+}
+
+PanelWindow *QmlWindows::panelWindow()
+{
+    if (!m_panelWindow) {
+        m_panelWindow = std::make_unique<PanelWindow>(engine(), m_store);
+        connect(m_panelWindow.get(), &PanelWindow::openMainRequested, this, &QmlWindows::showMainFromPanel);
+        connect(m_panelWindow.get(), &PanelWindow::quitRequested, this, &AppWindows::quitRequested);
+        connect(m_panelWindow.get(), &QWindow::visibleChanged, this, &QmlWindows::noteVisibility);
+    }
+    return m_panelWindow.get();
+}
+
+void QmlWindows::showMainFromPanel()
+{
+    showMain({});
+    m_panelWindow->hide();
+}
+
+void QmlWindows::noteVisibility()
+{
+    if (isShown(m_mainWindow.get()) || isShown(m_panelWindow.get()))
+        m_letGo.stop();
+    else
+        m_letGo.start();
+}
+
+void QmlWindows::letGo()
+{
+    m_panelWindow.reset();
+    m_mainWindow.reset();
+    m_engine.reset();
+    QPixmapCache::clear();
+    releaseUnusedMemory();
+}
+
+} // namespace pingwell
