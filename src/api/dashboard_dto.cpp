@@ -2,29 +2,43 @@
 
 namespace pingwell {
 
+namespace {
+
+/// Devices are no part the dashboard can't do without: a list that makes no sense counts as missing.
+QList<Device> mappedDevices(const std::optional<WireList<DeviceDTO>> &devices, WireStrings &strings)
+{
+    if (!devices)
+        return {};
+    try {
+        return devices->mapped(strings);
+    } catch (const UndecodableRecord &) {
+        return {};
+    }
+}
+
+} // namespace
+
 DashboardDTO DashboardDTO::read(WireObject object)
 {
-    DashboardDTO dto;
-    dto.workspaces = required(object.records<WorkspaceDTO>("workspaces"));
-    dto.members = required(object.records<MemberDTO>("members"));
-    dto.topics = required(object.records<TopicDTO>("topics"));
-    dto.alerts = required(object.records<AlertDTO>("alerts"));
-    dto.devices = object.records<DeviceDTO>("devices");
-    dto.settings = object.record<SettingsDTO>("settings");
-    dto.plan = object.record<EntitlementsDTO>("plan");
-    return dto;
+    return {.workspaces = required(object.list<WorkspaceDTO>("workspaces")),
+            .members = required(object.list<MemberDTO>("members")),
+            .topics = required(object.list<TopicDTO>("topics")),
+            .alerts = required(object.list<AlertDTO>("alerts")),
+            .devices = object.list<DeviceDTO>("devices"),
+            .settings = object.record<SettingsDTO>("settings"),
+            .plan = object.record<EntitlementsDTO>("plan")};
 }
 
 Dashboard DashboardDTO::mapped(WireStrings &strings) const
 {
     Dashboard dashboard;
-    dashboard.workspaces = mappedList(workspaces, strings);
-    for (const MemberDTO &member : members)
+    dashboard.workspaces = workspaces.mapped(strings);
+    members.forEach([&dashboard, &strings](const MemberDTO &member) {
         dashboard.members[strings.shared(member.workspaceId)].append(member.mapped(strings));
-    dashboard.topics = mappedList(topics, strings);
-    dashboard.alerts = mappedList(alerts, strings);
-    if (devices)
-        dashboard.devices = mappedList(*devices, strings);
+    });
+    dashboard.topics = topics.mapped(strings);
+    dashboard.alerts = alerts.mapped(strings);
+    dashboard.devices = mappedDevices(devices, strings);
     if (settings)
         dashboard.settings = settings->mapped(strings);
     dashboard.plan = planName(plan);

@@ -14,11 +14,11 @@ namespace pingwell {
 /// The dashboard as it travels.
 struct DashboardDTO
 {
-    std::vector<WorkspaceDTO> workspaces;
-    std::vector<MemberDTO> members;
-    std::vector<TopicDTO> topics;
-    std::vector<AlertDTO> alerts;
-    std::optional<std::vector<DeviceDTO>> devices;
+    WireList<WorkspaceDTO> workspaces;
+    WireList<MemberDTO> members;
+    WireList<TopicDTO> topics;
+    WireList<AlertDTO> alerts;
+    std::optional<WireList<DeviceDTO>> devices;
     std::optional<SettingsDTO> settings;
     std::optional<EntitlementsDTO> plan;
 

@@ -33,7 +33,7 @@ Mapped<DTO> readData(WireObject body, WireStrings &strings)
 template<typename DTO>
 QList<Mapped<DTO>> readDataList(WireObject body, WireStrings &strings)
 {
-    return mappedList(required(body.records<DTO>("data")), strings);
+    return required(body.list<DTO>("data")).mapped(strings);
 }
 
 /// Of `MessageDataEnvelope`.

@@ -15,6 +15,7 @@
 #include <optional>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace pingwell {
@@ -32,6 +33,9 @@ Value required(std::optional<Value> value)
         throw UndecodableRecord();
     return *std::move(value);
 }
+
+template<typename Record>
+class WireList;
 
 /// One JSON object, read by key. A key that is absent, null or of another type than asked for gives none. Quickest when
 /// asked in the order in which the service writes. Texts are views into the document, which must outlive them.
@@ -57,9 +61,9 @@ public:
     /// None too when the record is not decodable.
     template<typename Record>
     std::optional<Record> record(std::string_view key);
-    /// None too when any of the records is not decodable.
+    /// The records are read when the list is mapped.
     template<typename Record>
-    std::optional<std::vector<Record>> records(std::string_view key);
+    std::optional<WireList<Record>> list(std::string_view key);
 
 private:
     std::optional<simdjson::dom::element> find(std::string_view key);
@@ -117,16 +121,40 @@ std::optional<Enumeration> fromWord(std::optional<std::string_view> word)
     return std::nullopt;
 }
 
-/// The records in the program's own terms.
+/// A list of records. They are read one at a time: ten thousand at once would only fill memory that has to be paid for.
 template<typename Record>
-auto mappedList(const std::vector<Record> &records, WireStrings &strings)
+class WireList
 {
-    QList<decltype(records.front().mapped(strings))> list;
-    list.reserve(static_cast<qsizetype>(records.size()));
-    for (const Record &record : records)
-        list.append(record.mapped(strings));
-    return list;
-}
+public:
+    explicit WireList(simdjson::dom::array array)
+        : m_array(array)
+    {
+    }
+
+    /// Hands every record to `take`. Throws `UndecodableRecord`.
+    template<typename Take>
+    void forEach(Take take) const
+    {
+        for (const simdjson::dom::element element : m_array) {
+            simdjson::dom::object object;
+            if (element.get(object) != simdjson::SUCCESS)
+                throw UndecodableRecord();
+            take(Record::read(WireObject(object)));
+        }
+    }
+
+    /// The records in the program's own terms. Throws `UndecodableRecord`.
+    [[nodiscard]] auto mapped(WireStrings &strings) const
+    {
+        QList<decltype(std::declval<Record>().mapped(strings))> records;
+        records.reserve(static_cast<qsizetype>(m_array.size()));
+        forEach([&records, &strings](const Record &record) { records.append(record.mapped(strings)); });
+        return records;
+    }
+
+private:
+    simdjson::dom::array m_array;
+};
 
 template<typename Record>
 std::optional<Record> WireObject::record(std::string_view key)
@@ -142,24 +170,12 @@ std::optional<Record> WireObject::record(std::string_view key)
 }
 
 template<typename Record>
-std::optional<std::vector<Record>> WireObject::records(std::string_view key)
+std::optional<WireList<Record>> WireObject::list(std::string_view key)
 {
     const std::optional<simdjson::dom::array> found = array(key);
     if (!found)
         return std::nullopt;
-    std::vector<Record> result;
-    result.reserve(found->size());
-    try {
-        for (const simdjson::dom::element element : *found) {
-            simdjson::dom::object object;
-            if (element.get(object) != simdjson::SUCCESS)
-                return std::nullopt;
-            result.push_back(Record::read(WireObject(object)));
-        }
-    } catch (const UndecodableRecord &) {
-        return std::nullopt;
-    }
-    return result;
+    return WireList<Record>(*found);
 }
 
 } // namespace pingwell

@@ -29,17 +29,15 @@ Workspace WorkspaceDTO::mapped(WireStrings &strings) const
 
 CreatedWorkspaceDTO CreatedWorkspaceDTO::read(WireObject object)
 {
-    CreatedWorkspaceDTO dto;
-    dto.workspace = required(object.record<WorkspaceDTO>("workspace"));
-    dto.members = required(object.records<MemberDTO>("members"));
-    return dto;
+    return {.workspace = required(object.record<WorkspaceDTO>("workspace")),
+            .members = required(object.list<MemberDTO>("members"))};
 }
 
 CreatedWorkspace CreatedWorkspaceDTO::mapped(WireStrings &strings) const
 {
     CreatedWorkspace created;
     created.workspace = workspace.mapped(strings);
-    created.members = mappedList(members, strings);
+    created.members = members.mapped(strings);
     return created;
 }
 

@@ -25,7 +25,7 @@ struct WorkspaceDTO
 struct CreatedWorkspaceDTO
 {
     WorkspaceDTO workspace;
-    std::vector<MemberDTO> members;
+    WireList<MemberDTO> members;
 
     static CreatedWorkspaceDTO read(WireObject object);
     [[nodiscard]] CreatedWorkspace mapped(WireStrings &strings) const;
