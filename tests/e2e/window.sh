@@ -9,7 +9,9 @@ snapshot() {
 
 # The first element whose identifier matches the regular expression, as JSON; fails when there is none.
 element() {
-    snapshot | jq --exit-status --compact-output --arg id "^($1)\$" 'first(.[] | select(.id | test($id)))' 2>/dev/null
+    local found
+    found=$(snapshot | jq --compact-output --arg id "^($1)\$" 'first(.[] | select(.id | test($id)))')
+    [[ -n $found ]] && echo "$found"
 }
 
 # What the element reads, name and value.
@@ -34,26 +36,24 @@ shows() { element "$1"; }
 shows_no() { [[ $(snapshot) == *\[* ]] && ! element "$1"; }
 reads() { [[ $(text_of "$1") == *"$2"* ]]; }
 
-# The element's rectangle, once it has stopped moving.
-resting_place() {
+# The element, as JSON, once it has stopped moving.
+resting_element() {
     local before="" now=""
     for ((tries = 0; tries < 50; tries++)); do
-        now=$(element "$1" | jq --raw-output '"\(.x + .width / 2 | floor) \(.y + .height / 2 | floor)"') || return 1
-        [[ $now == "$before" ]] && { echo "$now"; return; }
+        now=$(element "$1" || true)
+        [[ -n $now && $now == "$before" ]] && { echo "$now"; return; }
         before=$now
-        sleep 0.05
+        sleep 0.1
     done
+    echo "Not there, or never at rest: $1" >&2
     return 1
 }
 
 # Presses the left button on the element, as a hand would.
 click() {
     local place x y
-    if ! place=$(resting_place "$1"); then
-        echo "Nothing to click: $1" >&2
-        return 1
-    fi
-    read -r x y <<<"$place"
+    place=$(resting_element "$1") || return 1
+    read -r x y < <(jq --raw-output '"\(.x + .width / 2 | floor) \(.y + .height / 2 | floor)"' <<<"$place")
     xdotool mousemove --sync "$x" "$y" click 1
 }
 
@@ -69,7 +69,8 @@ picture() {
         import -window "$(xdotool getactivewindow)" "$pictures/$1.png"
         return
     fi
-    local frame
-    frame=$(element "$2" | jq --raw-output '"\(.width | ceil)x\(.height | ceil)+\(.x | floor)+\(.y | floor)"')
+    local place frame
+    place=$(resting_element "$2") || return 1
+    frame=$(jq --raw-output '"\(.width | ceil)x\(.height | ceil)+\(.x | floor)+\(.y | floor)"' <<<"$place")
     import -window root -crop "$frame" +repage "$pictures/$1.png"
 }
