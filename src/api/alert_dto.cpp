@@ -13,7 +13,7 @@ AlertDTO AlertDTO::read(WireObject object)
     dto.topic = object.string("topic");
     dto.priority = object.string("priority");
     dto.kind = object.string("kind");
-    dto.actions = object.strings("actions");
+    dto.actions = object.texts("actions");
     dto.answerType = object.string("answerType");
     dto.placeholder = object.string("placeholder");
     dto.delivered = object.flag("delivered");

@@ -16,7 +16,7 @@ struct AlertDTO
     std::optional<std::string_view> topic;
     std::optional<std::string_view> priority;
     std::optional<std::string_view> kind;
-    std::optional<std::vector<std::string_view>> actions;
+    std::optional<WireTexts> actions;
     std::optional<std::string_view> answerType;
     std::optional<std::string_view> placeholder;
     std::optional<bool> delivered;

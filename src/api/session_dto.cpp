@@ -1,7 +1,5 @@
 #include "api/session_dto.h"
 
-#include <algorithm>
-
 namespace pingwell {
 
 EntitlementsDTO EntitlementsDTO::read(WireObject object)
@@ -57,17 +55,16 @@ Session SessionDTO::mapped(WireStrings &) const
 
 ProvidersDTO ProvidersDTO::read(WireObject object)
 {
-    ProvidersDTO dto;
-    dto.providers = required(object.strings("providers"));
-    return dto;
+    return {.providers = required(object.texts("providers"))};
 }
 
 QList<AuthProvider> ProvidersDTO::mapped(WireStrings &) const
 {
     QList<AuthProvider> offered;
     for (const AuthProvider provider : allCases<AuthProvider>()) {
-        const bool isOffered = std::any_of(providers.begin(), providers.end(), [provider](std::string_view word) {
-            return fromWord<AuthProvider>(word) == provider;
+        bool isOffered = false;
+        providers.forEach([provider, &isOffered](std::string_view word) {
+            isOffered = isOffered || fromWord<AuthProvider>(word) == provider;
         });
         if (isOffered)
             offered.append(provider);

@@ -43,7 +43,7 @@ struct SessionDTO
 /// The sign-in providers a server offers, as they travel.
 struct ProvidersDTO
 {
-    std::vector<std::string_view> providers;
+    WireTexts providers;
 
     static ProvidersDTO read(WireObject object);
     /// Those this program knows, each once, in the enumeration's order.

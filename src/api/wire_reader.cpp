@@ -3,14 +3,14 @@
 #include "api/wire_repair.h"
 
 #include <cmath>
+#include <functional>
 
 namespace pingwell {
 
 namespace {
 
-/// Longer texts hardly repeat, and a service that never repeats itself must not fill the table.
+/// Longer texts hardly repeat.
 constexpr std::size_t longestSharedText = 64;
-constexpr std::size_t mostSharedTexts = 4096;
 
 bool hasPadding(QByteArray &json)
 {
@@ -19,6 +19,15 @@ bool hasPadding(QByteArray &json)
 }
 
 } // namespace
+
+std::optional<WireTexts> WireTexts::of(simdjson::dom::array array)
+{
+    for (const simdjson::dom::element element : array) {
+        if (!element.is_string())
+            return std::nullopt;
+    }
+    return WireTexts(array);
+}
 
 std::optional<std::string_view> WireObject::string(std::string_view key)
 {
@@ -64,20 +73,12 @@ std::optional<Instant> WireObject::instant(std::string_view key)
     return instantFromMilliseconds(milliseconds);
 }
 
-std::optional<std::vector<std::string_view>> WireObject::strings(std::string_view key)
+std::optional<WireTexts> WireObject::texts(std::string_view key)
 {
     const std::optional<simdjson::dom::array> found = array(key);
     if (!found)
         return std::nullopt;
-    std::vector<std::string_view> texts;
-    texts.reserve(found->size());
-    for (const simdjson::dom::element element : *found) {
-        std::string_view text;
-        if (element.get(text) != simdjson::SUCCESS)
-            return std::nullopt;
-        texts.push_back(text);
-    }
-    return texts;
+    return WireTexts::of(*found);
 }
 
 std::optional<WireObject> WireObject::object(std::string_view key)
@@ -152,13 +153,10 @@ QString WireStrings::shared(std::string_view utf8)
 {
     if (utf8.size() > longestSharedText)
         return text(utf8);
-    const auto known = m_known.find(utf8);
-    if (known != m_known.end())
-        return known->second;
-    QString made = text(utf8);
-    if (m_known.size() < mostSharedTexts)
-        m_known.emplace(utf8, made);
-    return made;
+    Known &known = m_known[std::hash<std::string_view>()(utf8) % m_known.size()];
+    if (known.utf8 != utf8)
+        known = {utf8, text(utf8)};
+    return known.text;
 }
 
 std::optional<QString> WireStrings::shared(std::optional<std::string_view> utf8)
@@ -168,14 +166,13 @@ std::optional<QString> WireStrings::shared(std::optional<std::string_view> utf8)
     return shared(*utf8);
 }
 
-QStringList WireStrings::sharedList(const std::optional<std::vector<std::string_view>> &utf8)
+QStringList WireStrings::sharedList(const std::optional<WireTexts> &texts)
 {
-    if (!utf8)
+    if (!texts)
         return {};
     QStringList list;
-    list.reserve(static_cast<qsizetype>(utf8->size()));
-    for (const std::string_view text : *utf8)
-        list.append(shared(text));
+    list.reserve(static_cast<qsizetype>(texts->size()));
+    texts->forEach([this, &list](std::string_view text) { list.append(shared(text)); });
     return list;
 }
 

@@ -10,13 +10,12 @@
 
 #include <simdjson.h>
 
+#include <array>
 #include <cstdint>
 #include <exception>
 #include <optional>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
-#include <vector>
 
 namespace pingwell {
 
@@ -37,6 +36,35 @@ Value required(std::optional<Value> value)
 template<typename Record>
 class WireList;
 
+/// A list of texts.
+class WireTexts
+{
+public:
+    /// None when any element is something other than text.
+    static std::optional<WireTexts> of(simdjson::dom::array array);
+
+    [[nodiscard]] std::size_t size() const { return m_array.size(); }
+
+    /// Hands every text to `take`.
+    template<typename Take>
+    void forEach(Take take) const
+    {
+        for (const simdjson::dom::element element : m_array) {
+            std::string_view text;
+            if (element.get(text) == simdjson::SUCCESS)
+                take(text);
+        }
+    }
+
+private:
+    explicit WireTexts(simdjson::dom::array array)
+        : m_array(array)
+    {
+    }
+
+    simdjson::dom::array m_array;
+};
+
 /// One JSON object, read by key. A key that is absent, null or of another type than asked for gives none. Quickest when
 /// asked in the order in which the service writes. Texts are views into the document, which must outlive them.
 class WireObject
@@ -54,8 +82,8 @@ public:
     std::optional<std::int64_t> integer(std::string_view key);
     /// From milliseconds since 1970; none for what is no date.
     std::optional<Instant> instant(std::string_view key);
-    /// None when any element is something other than text.
-    std::optional<std::vector<std::string_view>> strings(std::string_view key);
+    /// None too when any element is something other than text.
+    std::optional<WireTexts> texts(std::string_view key);
     std::optional<WireObject> object(std::string_view key);
 
     /// None too when the record is not decodable.
@@ -102,10 +130,17 @@ public:
     QString shared(std::string_view utf8);
     std::optional<QString> shared(std::optional<std::string_view> utf8);
     /// Empty when missing.
-    QStringList sharedList(const std::optional<std::vector<std::string_view>> &utf8);
+    QStringList sharedList(const std::optional<WireTexts> &texts);
 
 private:
-    std::unordered_map<std::string_view, QString> m_known;
+    struct Known
+    {
+        std::string_view utf8;
+        QString text;
+    };
+
+    /// One place for every hash: a newcomer takes the place of what was there, and only some sharing is lost.
+    std::array<Known, 512> m_known;
 };
 
 /// The case whose word is exactly `word`; none for any other.
