@@ -57,7 +57,7 @@ class AppStore : public QObject
     Q_PROPERTY(bool showsNotificationPrompt READ showsNotificationPrompt NOTIFY showsNotificationPromptChanged)
     Q_PROPERTY(QString toastMessage READ toastMessage NOTIFY toastChanged)
     Q_PROPERTY(bool toastIsError READ toastIsError NOTIFY toastChanged)
-    Q_PROPERTY(qsizetype unreadCount READ unreadCount NOTIFY unreadCountChanged)
+    Q_PROPERTY(int unreadCount READ unreadCount NOTIFY unreadCountChanged)
 
 public:
     /// Without `backend` the store is a demo of `seed`; with one it restores the persisted session at once, without

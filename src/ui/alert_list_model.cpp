@@ -1,0 +1,148 @@
+#include "ui/alert_list_model.h"
+
+#include "ui/display_text.h"
+
+#include <algorithm>
+
+namespace pingwell {
+
+namespace {
+
+constexpr Seconds day{86'400};
+
+} // namespace
+
+AlertListModel::AlertListModel(QObject *parent)
+    : KeyedListModel("alert", parent)
+{
+}
+
+void AlertListModel::setStore(AppStore *store)
+{
+    if (m_store == store)
+        return;
+    if (m_store)
+        m_store->disconnect(this);
+    m_store = store;
+    if (store)
+        follow(*store);
+    emit storeChanged();
+    scheduleUpdate();
+}
+
+void AlertListModel::setList(List list)
+{
+    if (m_list == list)
+        return;
+    m_list = list;
+    emit listChanged();
+    scheduleUpdate();
+}
+
+void AlertListModel::setLimit(int limit)
+{
+    if (m_limit == limit)
+        return;
+    m_limit = limit;
+    emit limitChanged();
+    scheduleUpdate();
+}
+
+void AlertListModel::componentComplete()
+{
+    m_isComplete = true;
+    update();
+}
+
+QString AlertListModel::fullBody(const QString &alertID) const
+{
+    const auto alert = m_store ? m_store->alertWithID(alertID) : std::nullopt;
+    return alert ? displayText(alert->body, fullDisplayLength).text : QString();
+}
+
+void AlertListModel::follow(AppStore &store)
+{
+    for (const auto changed : {&AppStore::alertsChanged, &AppStore::topicsChanged, &AppStore::workspacesChanged,
+                               &AppStore::activeWorkspaceIDChanged, &AppStore::focusModeChanged,
+                               &AppStore::filterChanged, &AppStore::selectedAlertIDChanged})
+        connect(&store, changed, this, &AlertListModel::scheduleUpdate);
+    connect(&store, &AppStore::nowChanged, this, &AlertListModel::onTick);
+}
+
+void AlertListModel::onTick()
+{
+    if (m_store->now() < m_validFrom || m_store->now() >= m_validUntil)
+        scheduleUpdate();
+}
+
+void AlertListModel::scheduleUpdate()
+{
+    if (!m_isComplete || m_updateScheduled)
+        return;
+    m_updateScheduled = true;
+    QMetaObject::invokeMethod(this, &AlertListModel::update, Qt::QueuedConnection);
+}
+
+QList<Alert> AlertListModel::alerts() const
+{
+    if (!m_store)
+        return {};
+    switch (m_list) {
+    case List::NeedsReply:
+        return m_store->needsReply();
+    case List::Today:
+        return m_store->todayAlerts();
+    case List::Inbox:
+        return m_store->filteredAlerts();
+    case List::Selected:
+        break;
+    }
+    const auto selected = m_store->selectedAlert();
+    return selected ? QList<Alert>{*selected} : QList<Alert>{};
+}
+
+QVariant AlertListModel::presented(const QVariant &value) const
+{
+    return QVariant::fromValue(alertRow(value.value<AlertSnapshot>()));
+}
+
+Instant AlertListModel::nextChange() const
+{
+    Instant next = Instant::max();
+    if (!m_store)
+        return next;
+    const Instant now = m_store->now();
+    for (const Alert &alert : m_store->activeAlerts()) {
+        if (alert.expiresAt && alert.isWaiting(now))
+            next = std::min(next, *alert.expiresAt);
+        if (m_list == List::Today && alert.at + day >= now)
+            next = std::min(next, alert.at + day);
+    }
+    return next;
+}
+
+void AlertListModel::update()
+{
+    m_updateScheduled = false;
+    const QList<Alert> shown = alerts();
+    const qsizetype count = m_limit > 0 ? std::min<qsizetype>(m_limit, shown.size()) : shown.size();
+    QList<KeyedRow> rows;
+    rows.reserve(count);
+    for (const Alert &alert : shown.first(count))
+        rows.append({alert.id, QVariant::fromValue(snapshotOf(alert, *m_store))});
+    setRows(std::move(rows));
+    setTotal(int(shown.size()));
+
+    m_validFrom = m_store ? m_store->now() : distantPast;
+    m_validUntil = nextChange();
+}
+
+void AlertListModel::setTotal(int total)
+{
+    if (m_total == total)
+        return;
+    m_total = total;
+    emit totalChanged();
+}
+
+} // namespace pingwell

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "store/app_store.h"
+#include "ui/alert_row.h"
+#include "ui/keyed_list_model.h"
+
+#include <QPointer>
+#include <QQmlParserStatus>
+#include <QtQml/qqmlregistration.h>
+
+namespace pingwell {
+
+/// One of the store's lists of alerts, as rows for a screen. It follows the store by itself: a change is taken in once,
+/// on the next turn of the event loop; a tick of the clock only where it changes a row, when a deadline passes or an
+/// alert grows older than a day. A text is cleaned for display when its row is first shown, not before.
+// The base is named in full: the registration of QML types does not look names up.
+class AlertListModel : public pingwell::KeyedListModel, public QQmlParserStatus
+{
+    Q_OBJECT
+    Q_INTERFACES(QQmlParserStatus)
+    QML_ELEMENT
+    Q_PROPERTY(pingwell::AppStore *store READ store WRITE setStore NOTIFY storeChanged REQUIRED)
+    Q_PROPERTY(List list READ list WRITE setList NOTIFY listChanged)
+    Q_PROPERTY(int limit READ limit WRITE setLimit NOTIFY limitChanged)
+    Q_PROPERTY(int total READ total NOTIFY totalChanged)
+
+public:
+    enum class List {
+        /// The asks that wait for a reply.
+        NeedsReply,
+        /// What else came within a day.
+        Today,
+        /// The inbox through its filter.
+        Inbox,
+        /// The alert opened in the inbox, or none.
+        Selected,
+    };
+    Q_ENUM(List)
+
+    explicit AlertListModel(QObject *parent = nullptr);
+
+    [[nodiscard]] AppStore *store() const { return m_store; }
+    void setStore(AppStore *store);
+    [[nodiscard]] List list() const { return m_list; }
+    void setList(List list);
+    /// At most so many rows; 0 for all.
+    [[nodiscard]] int limit() const { return m_limit; }
+    void setLimit(int limit);
+    /// How many rows there are without the limit.
+    [[nodiscard]] int total() const { return m_total; }
+
+    /// As much of an alert's body as "Show all" shows.
+    Q_INVOKABLE QString fullBody(const QString &alertID) const;
+
+    void classBegin() override {}
+    void componentComplete() override;
+
+signals:
+    void storeChanged();
+    void listChanged();
+    void limitChanged();
+    void totalChanged();
+
+private:
+    [[nodiscard]] QVariant presented(const QVariant &value) const override;
+    [[nodiscard]] QList<Alert> alerts() const;
+    [[nodiscard]] Instant nextChange() const;
+    void follow(AppStore &store);
+    void onTick();
+    void scheduleUpdate();
+    void update();
+    void setTotal(int total);
+
+    QPointer<AppStore> m_store;
+    List m_list = List::NeedsReply;
+    int m_limit = 0;
+    int m_total = 0;
+    bool m_isComplete = false;
+    bool m_updateScheduled = false;
+    /// The rows are right from the one instant until before the other.
+    Instant m_validFrom = distantPast;
+    Instant m_validUntil = distantPast;
+};
+
+} // namespace pingwell

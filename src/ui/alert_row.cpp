@@ -1,0 +1,77 @@
+#include "ui/alert_row.h"
+
+#include "store/app_store.h"
+#include "ui/display_text.h"
+
+#include <limits>
+
+namespace pingwell {
+
+namespace {
+
+QString stateWord(const std::optional<ReplyState> &state)
+{
+    if (!state)
+        return {};
+    if (std::holds_alternative<Waiting>(*state))
+        return QStringLiteral("waiting");
+    if (std::holds_alternative<Answered>(*state))
+        return QStringLiteral("answered");
+    return QStringLiteral("timedOut");
+}
+
+/// A name that shows something even when nothing of it can be seen.
+QString visibleName(const QString &raw, const QString &otherwise)
+{
+    const QString name = displayName(raw);
+    return name.isEmpty() ? otherwise : name;
+}
+
+QStringList labelsOf(const QStringList &actions)
+{
+    QStringList labels;
+    labels.reserve(actions.size());
+    for (const QString &action : actions)
+        labels.append(visibleName(action, QStringLiteral("(no text)")));
+    return labels;
+}
+
+} // namespace
+
+AlertSnapshot snapshotOf(const Alert &alert, const AppStore &store)
+{
+    const auto state = store.replyState(alert);
+    const QString outcome = isTimedOut(state) ? store.outcomeText(alert) : QString();
+    return {alert, stateWord(state), outcome, store.canAnswer(alert)};
+}
+
+AlertRow alertRow(const AlertSnapshot &snapshot)
+{
+    const Alert &alert = snapshot.alert;
+    const DisplayText body = displayText(alert.body);
+
+    AlertRow row;
+    row.id = alert.id;
+    row.app = visibleName(alert.app, QStringLiteral("Agent"));
+    row.title = visibleName(alert.title, QStringLiteral("(no title)"));
+    row.body = body.text;
+    row.bodyIsCut = body.isCut;
+    row.summary = displayLine(alert.body);
+    row.topic = displayName(alert.topic);
+    row.priority = rawValue(alert.priority);
+    row.acceptsText = alert.acceptsText();
+    row.actions = alert.actions;
+    row.actionLabels = labelsOf(alert.actions);
+    row.placeholder = displayLine(alert.placeholder.value_or(QString()));
+    row.at = millisecondsFromInstant(alert.at);
+    row.expiresAt =
+        alert.expiresAt ? millisecondsFromInstant(*alert.expiresAt) : std::numeric_limits<double>::infinity();
+    row.read = alert.read;
+    row.state = snapshot.state;
+    row.answer = displayName(alert.answer.value_or(QString()));
+    row.outcome = displayLine(snapshot.outcome);
+    row.canAnswer = snapshot.canAnswer;
+    return row;
+}
+
+} // namespace pingwell

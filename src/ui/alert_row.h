@@ -1,0 +1,90 @@
+#pragma once
+
+#include "model/alert.h"
+
+#include <QMetaType>
+#include <QString>
+#include <QStringList>
+#include <QtQml/qqmlregistration.h>
+
+namespace pingwell {
+
+class AppStore;
+
+/// What a screen shows of one alert: every text cleaned for display, and its state at one instant. The texts never go
+/// back to the service; an answer is sent by `id`, with the exact words of `actions`.
+struct AlertRow
+{
+    Q_GADGET
+    QML_VALUE_TYPE(alertRow)
+    Q_PROPERTY(QString id MEMBER id FINAL)
+    Q_PROPERTY(QString app MEMBER app FINAL)
+    Q_PROPERTY(QString title MEMBER title FINAL)
+    Q_PROPERTY(QString body MEMBER body FINAL)
+    Q_PROPERTY(bool bodyIsCut MEMBER bodyIsCut FINAL)
+    Q_PROPERTY(QString summary MEMBER summary FINAL)
+    Q_PROPERTY(QString topic MEMBER topic FINAL)
+    Q_PROPERTY(QString priority MEMBER priority FINAL)
+    Q_PROPERTY(bool acceptsText MEMBER acceptsText FINAL)
+    Q_PROPERTY(QStringList actions MEMBER actions FINAL)
+    Q_PROPERTY(QStringList actionLabels MEMBER actionLabels FINAL)
+    Q_PROPERTY(QString placeholder MEMBER placeholder FINAL)
+    Q_PROPERTY(double at MEMBER at FINAL)
+    Q_PROPERTY(double expiresAt MEMBER expiresAt FINAL)
+    Q_PROPERTY(bool read MEMBER read FINAL)
+    Q_PROPERTY(QString state MEMBER state FINAL)
+    Q_PROPERTY(QString answer MEMBER answer FINAL)
+    Q_PROPERTY(QString outcome MEMBER outcome FINAL)
+    Q_PROPERTY(bool canAnswer MEMBER canAnswer FINAL)
+
+public:
+    QString id;
+    QString app;
+    QString title;
+    QString body;
+    /// More of the body can be shown.
+    bool bodyIsCut = false;
+    /// The body on one line.
+    QString summary;
+    QString topic;
+    /// "silent", "normal", "high" or "critical".
+    QString priority;
+    bool acceptsText = false;
+    /// The answers offered, word for word, and how they read; equally many.
+    QStringList actions;
+    QStringList actionLabels;
+    QString placeholder;
+    /// Milliseconds since 1970; positive infinity where there is no deadline.
+    double at = 0;
+    double expiresAt = 0;
+    bool read = false;
+    /// Empty for a notice, else "waiting", "answered" or "timedOut".
+    QString state;
+    QString answer;
+    /// What became of a timed-out ask, in one sentence.
+    QString outcome;
+    /// The person may answer now.
+    bool canAnswer = false;
+
+    friend bool operator==(const AlertRow &, const AlertRow &) = default;
+};
+
+/// Everything that a row is made from: two equal ones give the same row.
+struct AlertSnapshot
+{
+    Alert alert;
+    /// As in `AlertRow`.
+    QString state;
+    QString outcome;
+    bool canAnswer = false;
+
+    friend bool operator==(const AlertSnapshot &, const AlertSnapshot &) = default;
+};
+
+/// `alert` as the store sees it now.
+[[nodiscard]] AlertSnapshot snapshotOf(const Alert &alert, const AppStore &store);
+
+/// What to show of it.
+[[nodiscard]] AlertRow alertRow(const AlertSnapshot &snapshot);
+
+} // namespace pingwell

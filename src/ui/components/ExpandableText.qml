@@ -1,0 +1,32 @@
+import QtQuick
+import Pingwell
+
+/** A text of which only the first lines show until the person asks for all of it. */
+Column {
+    id: root
+
+    required property string text
+    required property real textSize
+    property color color: Theme.textSecondary
+    property int lines: 6
+    property bool expanded: false
+
+    PlainText {
+        id: words
+
+        width: root.width
+        text: root.text
+        size: root.textSize
+        color: root.color
+        lineHeight: 1.1
+        wrapMode: Text.Wrap
+        maximumLineCount: root.expanded ? 10000 : root.lines
+    }
+
+    LinkButton {
+        visible: words.truncated || root.expanded
+        label: root.expanded ? "Show less" : "Show all"
+        textSize: root.textSize
+        onClicked: root.expanded = !root.expanded
+    }
+}

@@ -1,0 +1,88 @@
+import QtQuick
+import Pingwell
+
+/**
+ * The reply to a text ask. What is typed lives in the store, so that it outlives this field; the store's word goes where
+ * the two differ, without moving the caret or disturbing a composition under way.
+ */
+Item {
+    id: root
+
+    required property AppStore store
+    required property alertRow alert
+    required property string idPrefix
+    property bool compact: false
+    readonly property string alertID: root.alert.id
+
+    implicitHeight: field.height
+    Component.onCompleted: root.followDraft()
+
+    /** Shows the store's draft where the field holds something else. */
+    function followDraft() {
+        const area = field.area
+        const draft = root.store.replyDraft(root.alertID)
+        if (draft === area.text || area.inputMethodComposing)
+            return
+        if (area.text.startsWith(draft)) {
+            area.remove(draft.length, area.length)
+            return
+        }
+        const caret = area.cursorPosition
+        area.text = draft
+        area.cursorPosition = Math.min(caret, area.length)
+    }
+
+    function send() {
+        root.store.answer(root.alertID, field.text)
+    }
+
+    Connections {
+        target: root.store
+
+        function onReplyDraftChanged(alertID: string) {
+            if (alertID === root.alertID)
+                root.followDraft()
+        }
+    }
+
+    Connections {
+        target: field.area
+
+        function onTextChanged() {
+            root.store.setReplyDraft(field.text, root.alertID)
+            root.followDraft()
+        }
+        function onInputMethodComposingChanged() {
+            root.followDraft()
+        }
+    }
+
+    PlainTextArea {
+        id: field
+
+        width: root.width - sendButton.width - Theme.gap2
+        identifier: root.idPrefix + ".reply"
+        label: "Reply to " + root.alert.title
+        hint: root.alert.placeholder.length > 0 ? root.alert.placeholder : "Type a reply…"
+        textSize: root.compact ? Theme.sizeBody : Theme.sizeReading
+        maximumLines: root.compact ? 4 : 8
+        onSubmitted: root.send()
+    }
+
+    PlainButton {
+        id: sendButton
+
+        objectName: root.idPrefix + ".send"
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        implicitHeight: root.compact ? 24 : 28
+        implicitWidth: root.compact ? 52 : 72
+        leftPadding: Theme.gap2
+        rightPadding: Theme.gap2
+        label: "Send"
+        prominent: true
+        textSize: root.compact ? Theme.sizeNote : Theme.sizeBody
+        enabled: field.text.trim().length > 0
+        onClicked: root.send()
+    }
+}

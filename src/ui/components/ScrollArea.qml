@@ -1,0 +1,32 @@
+import QtQuick
+import QtQuick.Templates as T
+import Pingwell
+
+/** A column of content that scrolls when it has to. */
+Flickable {
+    id: root
+
+    contentWidth: width
+    boundsBehavior: Flickable.StopAtBounds
+    clip: true
+    flickableDirection: Flickable.VerticalFlick
+    interactive: contentHeight > height
+    onContentHeightChanged: if (!moving) returnToBounds()
+
+    T.ScrollBar.vertical: SlimScrollBar {}
+
+    /** Scrolls so little that the area from `top` to `bottom`, in content coordinates, is seen. */
+    function reveal(top: real, bottom: real) {
+        const lowest = Math.max(0, Math.min(bottom + Theme.gap2 - height, contentHeight - height))
+        const highest = Math.max(0, top - Theme.gap2)
+        if (contentY < lowest)
+            contentY = lowest
+        if (contentY > highest)
+            contentY = highest
+    }
+
+    /** Moves the content by `distance`: what stood somewhere in view stays there. */
+    function shift(distance: real) {
+        contentY = Math.max(0, contentY + distance)
+    }
+}

@@ -1,0 +1,82 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Pingwell
+
+/** Shows the active workspace, and opens the choice of all of them. */
+T.AbstractButton {
+    id: root
+
+    required property AppStore store
+    required property string idPrefix
+    property bool compact: false
+    readonly property workspaceRow active: workspaces.active
+    readonly property string subtitle: (root.active.isTeam ? "Team" : "Just you") + " · " + root.active.role
+
+    /** The person asked for a new workspace; its sheet is in the main window. */
+    signal createRequested
+
+    objectName: root.idPrefix
+    implicitWidth: 200
+    implicitHeight: root.compact ? 28 : 40
+    leftPadding: Theme.gap2
+    rightPadding: Theme.gap2
+    focusPolicy: Qt.TabFocus
+    hoverEnabled: true
+    onClicked: menu.visible ? menu.close() : menu.open()
+    Keys.onReturnPressed: root.clicked()
+    Keys.onDownPressed: menu.open()
+    Accessible.role: Accessible.ButtonMenu
+    Accessible.name: root.compact ? root.active.name : root.active.name + ", " + root.subtitle
+    Accessible.description: root.active.name
+
+    WorkspaceListModel {
+        id: workspaces
+
+        store: root.store
+    }
+
+    background: ButtonFill {
+        control: root
+    }
+
+    contentItem: WorkspaceMenuLabel {
+        workspace: root.active
+        subtitle: root.compact ? "" : root.subtitle
+        textSize: root.compact ? Theme.sizeBody : Theme.sizeCardTitle
+    }
+
+    PopupMenu {
+        id: menu
+
+        y: root.height + 4
+        width: Math.max(root.width, 180)
+        closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
+
+        Repeater {
+            model: workspaces
+            delegate: PopupMenuItem {
+                required property workspaceRow workspace
+
+                objectName: root.idPrefix + ".option." + workspace.id
+                label: workspace.name
+                chosen: workspace.isActive
+                symbolName: workspace.isActive ? "checkmark" : ""
+                onTriggered: root.store.selectWorkspace(workspace.id)
+            }
+        }
+
+        PopupMenuSeparator {}
+
+        PopupMenuItem {
+            objectName: root.idPrefix + ".create"
+            label: "New team workspace…"
+            symbolName: "plus"
+            onTriggered: {
+                root.store.isCreatingWorkspace = true
+                root.createRequested()
+            }
+        }
+    }
+}

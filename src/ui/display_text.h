@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+
+namespace pingwell {
+
+/// How much of a text one view shows: more than a screenful, far below what makes text layout slow.
+inline constexpr qsizetype displayLength = 8'000;
+/// How much "Show all" shows.
+inline constexpr qsizetype fullDisplayLength = 64'000;
+/// How much of a text is shown where only one line has room.
+inline constexpr qsizetype displayLineLength = 300;
+/// The longest run of characters without a place to break a line.
+inline constexpr qsizetype longestUnbrokenRun = 200;
+
+/// A text made safe to show. It is only ever shown: records and answers keep the words as they came.
+struct DisplayText
+{
+    QString text;
+    /// The end was left out.
+    bool isCut = false;
+
+    friend bool operator==(const DisplayText &, const DisplayText &) = default;
+};
+
+/// `raw` without control characters (newline and tab stay), bidirectional overrides and isolates and invisible
+/// characters (joiners stay, scripts and emoji need them), so that what is read is what was written; with at most three
+/// newlines in a row, unbroken runs broken by zero-width spaces, and at most `maximumLength` units.
+[[nodiscard]] DisplayText displayText(const QString &raw, qsizetype maximumLength = displayLength);
+
+/// `raw` cleaned in the same way and set on one line: any white space is one space, none at the ends.
+[[nodiscard]] QString displayLine(const QString &raw, qsizetype maximumLength = displayLineLength);
+
+/// A name to be put into a sentence: as `displayLine`, and kept by itself when it is written from right to left, so
+/// that it cannot reorder the words around it.
+[[nodiscard]] QString displayName(const QString &raw);
+
+} // namespace pingwell

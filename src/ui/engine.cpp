@@ -1,0 +1,43 @@
+#include "ui/engine.h"
+
+#include "model/check.h"
+#include "ui/no_network.h"
+#include "ui/qml_types.h"
+#include "ui/symbol_image.h"
+
+// Made by the build from the module's types. Naming it is what brings the module out of the static library.
+extern void qml_register_types_Pingwell();
+
+namespace pingwell {
+
+namespace {
+
+NoNetwork &noNetwork()
+{
+    static NoNetwork factory;
+    return factory;
+}
+
+} // namespace
+
+UiEngine::UiEngine(Appearance *appearance, QObject *parent)
+    : QQmlEngine(parent)
+    , m_appearance(appearance)
+{
+    static const bool registered = (qml_register_types_Pingwell(), true);
+    Q_UNUSED(registered)
+    setNetworkAccessManagerFactory(&noNetwork());
+    addImageProvider(QStringLiteral("symbol"), new SymbolProvider);
+}
+
+UiEngine::~UiEngine() = default;
+
+Appearance *AppearanceForQml::create(QQmlEngine *engine, QJSEngine *)
+{
+    auto *const ours = qobject_cast<UiEngine *>(engine);
+    check(ours, "a screen was loaded by an engine of another kind");
+    QJSEngine::setObjectOwnership(ours->appearance(), QJSEngine::CppOwnership);
+    return ours->appearance();
+}
+
+} // namespace pingwell

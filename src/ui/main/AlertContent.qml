@@ -1,0 +1,95 @@
+import QtQuick
+import Pingwell
+
+/** One alert in full. */
+Column {
+    id: root
+
+    required property AppStore store
+    required property alertRow alert
+    /** What "Show all" shows. */
+    required property string fullBody
+    property bool showsAll: false
+
+    spacing: Theme.gap3
+
+    Item {
+        width: root.width
+        height: Math.max(tag.height, title.height)
+
+        PriorityTag {
+            id: tag
+
+            objectName: "detail.priority"
+            y: Math.round((26 - height) / 2)
+            priority: root.alert.priority
+        }
+
+        PlainText {
+            id: title
+
+            objectName: "detail.title"
+            x: tag.width + 10
+            width: parent.width - x
+            text: root.alert.title
+            size: Theme.sizeAlertTitle
+            font.weight: Font.DemiBold
+            wrapMode: Text.Wrap
+        }
+    }
+
+    PlainText {
+        objectName: "detail.body"
+        width: root.width
+        visible: text.length > 0
+        text: root.showsAll ? root.fullBody : root.alert.body
+        size: Theme.sizeReading
+        color: Theme.textReading
+        lineHeight: 1.2
+        wrapMode: Text.Wrap
+    }
+
+    LinkButton {
+        visible: root.alert.bodyIsCut && !root.showsAll
+        label: "Show all"
+        onClicked: root.showsAll = true
+    }
+
+    Row {
+        objectName: "detail.meta"
+        spacing: 6
+        Accessible.role: Accessible.StaticText
+        Accessible.name: app.text + ", " + place.text
+
+        PlainText {
+            id: app
+
+            text: root.alert.app
+            size: Theme.sizeTitle
+            font.weight: Font.DemiBold
+            Accessible.ignored: true
+        }
+
+        PlainText {
+            id: place
+
+            anchors.baseline: app.baseline
+            text: "#" + root.alert.topic + " · " + TimeText.relativeAge(root.alert.at, root.store.now)
+            size: Theme.sizeNote
+            color: Theme.textSecondary
+            Accessible.ignored: true
+        }
+    }
+
+    Divider {
+        width: root.width
+        visible: root.alert.state.length > 0
+    }
+
+    AlertReply {
+        width: root.width
+        visible: root.alert.state.length > 0
+        store: root.store
+        alert: root.alert
+    }
+}

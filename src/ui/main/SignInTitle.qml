@@ -1,0 +1,34 @@
+import QtQuick
+import Pingwell
+
+/** The head of the sign-in card. */
+Column {
+    id: root
+
+    spacing: Theme.gap2
+
+    AppGlyph {
+        anchors.horizontalCenter: parent.horizontalCenter
+        size: 56
+    }
+
+    PlainText {
+        objectName: "signin.title"
+        width: root.width
+        topPadding: Theme.gap2
+        horizontalAlignment: Text.AlignHCenter
+        text: "Welcome to Pingwell"
+        size: Theme.sizeWelcome
+        font.weight: Font.DemiBold
+        Accessible.role: Accessible.Heading
+    }
+
+    PlainText {
+        width: root.width
+        horizontalAlignment: Text.AlignHCenter
+        wrapMode: Text.Wrap
+        text: "Get pinged when your agents finish, fail or need a decision."
+        size: Theme.sizeTitle
+        color: Theme.textSecondary
+    }
+}

@@ -1,0 +1,113 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Pingwell
+
+/** An ask that waits, with what it takes to answer it. */
+FocusScope {
+    id: root
+
+    required property AppStore store
+    required property alertRow alert
+    readonly property string identifier: "popover.ask." + root.alert.id
+    readonly property string origin: root.alert.app + " · " + TimeText.shortAge(root.alert.at, root.store.now)
+
+    objectName: root.identifier
+    implicitHeight: content.height + 2 * 9
+    Accessible.role: Accessible.Grouping
+    Accessible.name: root.origin + ", " + root.alert.title + ", " + root.alert.body
+
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.radiusCard
+        color: Theme.card
+        border.width: 1
+        border.color: Theme.border
+        Accessible.ignored: true
+    }
+
+    Column {
+        id: content
+
+        x: 9
+        y: 9
+        width: root.width - 2 * 9
+        spacing: 3
+
+        AskCardOrigin {
+            width: parent.width
+            alert: root.alert
+            origin: root.origin
+            now: root.store.now
+            countdownIdentifier: root.identifier + ".countdown"
+        }
+
+        PlainText {
+            objectName: root.identifier + ".title"
+            width: parent.width
+            text: root.alert.title
+            size: Theme.sizeCardTitle
+            font.weight: Font.DemiBold
+            wrapMode: Text.Wrap
+        }
+
+        ExpandableText {
+            width: parent.width
+            visible: root.alert.body.length > 0
+            text: root.alert.body
+            textSize: Theme.sizeSmall
+        }
+
+        Loader {
+            width: parent.width
+            sourceComponent: !root.alert.canAnswer ? note : root.alert.acceptsText ? composer : choices
+        }
+    }
+
+    Component {
+        id: note
+
+        Item {
+            implicitHeight: viewerNote.height + 2
+
+            ViewerNote {
+                id: viewerNote
+
+                objectName: root.identifier + ".viewerNote"
+                y: 2
+                width: parent.width
+            }
+        }
+    }
+
+    Component {
+        id: composer
+
+        Item {
+            implicitHeight: reply.height + 4
+
+            ReplyComposer {
+                id: reply
+
+                y: 4
+                width: parent.width
+                store: root.store
+                alert: root.alert
+                idPrefix: root.identifier
+                compact: true
+            }
+        }
+    }
+
+    Component {
+        id: choices
+
+        AnswerButtons {
+            topPadding: 5
+            alert: root.alert
+            idPrefix: root.identifier
+            buttonHeight: 24
+            onAnswered: text => root.store.answer(root.alert.id, text)
+        }
+    }
+}

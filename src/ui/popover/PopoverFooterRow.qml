@@ -1,0 +1,56 @@
+import QtQuick
+import QtQuick.Templates as T
+import Pingwell
+
+/** A row of the panel's foot, with its shortcut. */
+T.AbstractButton {
+    id: root
+
+    required property string label
+    required property string hint
+
+    implicitHeight: content.implicitHeight + topPadding + bottomPadding
+    leftPadding: Theme.gap3
+    rightPadding: Theme.gap3
+    topPadding: 7
+    bottomPadding: 7
+    focusPolicy: Qt.TabFocus
+    hoverEnabled: true
+    Keys.onReturnPressed: root.clicked()
+    Accessible.role: Accessible.Button
+    Accessible.name: root.label + ", " + root.hint
+
+    background: Item {
+        PressFill {
+            anchors.fill: parent
+            anchors.leftMargin: Theme.gap1 + 1
+            anchors.rightMargin: Theme.gap1 + 1
+            control: root
+        }
+    }
+
+    Item {
+        id: content
+
+        x: root.leftPadding
+        y: root.topPadding
+        width: root.availableWidth
+        implicitHeight: words.height
+
+        PlainText {
+            id: words
+
+            text: root.label
+            Accessible.ignored: true
+        }
+
+        PlainText {
+            anchors.right: parent.right
+            anchors.baseline: words.baseline
+            text: root.hint
+            size: Theme.sizeSmall
+            color: Theme.textTertiary
+            Accessible.ignored: true
+        }
+    }
+}
