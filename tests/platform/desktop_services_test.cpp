@@ -13,6 +13,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTestEventLoop>
 
 using namespace pingwell;
 using namespace Qt::StringLiterals;
@@ -233,19 +234,29 @@ void DesktopServicesTest::wakingUpIsToldOnce()
     QVERIFY(desktop().registerService(u"org.freedesktop.login1"_s));
     const LogindSystemEvents events;
     QSignalSpy wokeUp(&events, &SystemEvents::wokeUp);
-    const auto prepareForSleep = [](bool starting) {
-        QDBusMessage signal = QDBusMessage::createSignal(u"/org/freedesktop/login1"_s,
-                                                         u"org.freedesktop.login1.Manager"_s, u"PrepareForSleep"_s);
-        signal << starting;
+    const auto send = [](const QString &interface, const QString &name, const QVariantList &arguments) {
+        QDBusMessage signal = QDBusMessage::createSignal(u"/org/freedesktop/login1"_s, interface, name);
+        signal.setArguments(arguments);
         desktop().send(signal);
     };
-    // It listens a little later: the computer wakes up until it is heard, and then once more.
+    const auto prepareForSleep = [&send](bool starting) {
+        send(u"org.freedesktop.login1.Manager"_s, u"PrepareForSleep"_s, {starting});
+    };
+    // Signals arrive in order: this one comes after all that were under way before it.
+    QTestEventLoop last;
+    QDBusConnection::systemBus().connect({}, {}, u"test.Last"_s, u"Last"_s, &last, SLOT(exitLoop()));
+    // It listens a little later: the computer wakes up until it is heard.
     QTRY_VERIFY((prepareForSleep(false), !wokeUp.isEmpty()));
-    QCoreApplication::processEvents();
+
+    send(u"test.Last"_s, u"Last"_s, {});
+    last.enterLoop(5);
     wokeUp.clear();
     prepareForSleep(true);
     prepareForSleep(false);
-    QTRY_COMPARE(wokeUp.size(), 1);
+    send(u"test.Last"_s, u"Last"_s, {});
+    last.enterLoop(5);
+    QVERIFY(!last.timeout());
+    QCOMPARE(wokeUp.size(), 1);
     desktop().unregisterService(u"org.freedesktop.login1"_s);
 }
 
