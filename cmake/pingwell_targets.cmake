@@ -3,7 +3,9 @@
 add_library(pingwell_options INTERFACE)
 target_compile_options(pingwell_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough
-    -Wold-style-cast -Wcast-qual -Werror)
+    -Wold-style-cast -Wcast-qual -Werror
+    # GCC 12 sees values in empty std::optionals.
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 target_compile_definitions(pingwell_options INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH QT_USE_QSTRINGBUILDER
     QT_DISABLE_DEPRECATED_BEFORE=0x060400)
