@@ -57,7 +57,7 @@ QDBusMessage showBannerCall(const NotificationContent &content, const QList<Noti
     QStringList pairs;
     for (const BannerAction &action : fitActions(actions, server))
         pairs << action.key << action.label;
-    QDBusMessage call = notificationCall(QStringLiteral("Notify"));
+    QDBusMessage call = notificationCall(QStringLiteral("Notify"), server.owner);
     // Named, for the servers that don't look at the desktop entry.
     call << QStringLiteral("Pingwell") << replaced << desktopEntry
          << (title.isEmpty() ? QStringLiteral("Pingwell") : title) << bannerBody(content, server) << pairs

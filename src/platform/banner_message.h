@@ -14,8 +14,7 @@ namespace pingwell {
 
 /// The call that shows `content` with `actions` on `server`; `replaced` is the server's identifier of the banner to put
 /// it in the place of, 0 for none.
-[[nodiscard]] QDBusMessage showBannerCall(const NotificationContent &content,
-                                          const QList<NotificationAction> &actions, const NotificationServer &server,
-                                          uint replaced);
+[[nodiscard]] QDBusMessage showBannerCall(const NotificationContent &content, const QList<NotificationAction> &actions,
+                                          const NotificationServer &server, uint replaced);
 
 } // namespace pingwell

@@ -4,9 +4,9 @@
 
 namespace pingwell {
 
-QDBusMessage notificationCall(const QString &method)
+QDBusMessage notificationCall(const QString &method, const QString &server)
 {
-    return QDBusMessage::createMethodCall(notificationService, notificationPath, notificationService, method);
+    return QDBusMessage::createMethodCall(server, notificationPath, notificationService, method);
 }
 
 QCoro::Task<std::optional<NotificationServer>> readNotificationServer(QDBusConnection bus)
@@ -18,8 +18,8 @@ QCoro::Task<std::optional<NotificationServer>> readNotificationServer(QDBusConne
     const QDBusMessage capabilities = co_await askCapabilities;
 
     std::optional<NotificationServer> server;
-    const bool areReplies = information.type() == QDBusMessage::ReplyMessage
-                            && capabilities.type() == QDBusMessage::ReplyMessage;
+    const bool areReplies =
+        information.type() == QDBusMessage::ReplyMessage && capabilities.type() == QDBusMessage::ReplyMessage;
     if (!areReplies || information.service() != capabilities.service())
         co_return server;
     const QStringList words = capabilities.arguments().value(0).toStringList();

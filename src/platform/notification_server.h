@@ -32,8 +32,9 @@ inline const QString plasmaServerName = QStringLiteral("Plasma");
 inline const QString notificationService = QStringLiteral("org.freedesktop.Notifications");
 inline const QString notificationPath = QStringLiteral("/org/freedesktop/Notifications");
 
-/// A call of one of the notification service's methods.
-[[nodiscard]] QDBusMessage notificationCall(const QString &method);
+/// A call of one of the service's methods: on whoever serves now, who may be started for it, or on one server by its
+/// unique name, which fails when that one is gone.
+[[nodiscard]] QDBusMessage notificationCall(const QString &method, const QString &server = notificationService);
 
 /// Asks the server who it is; none when it is missing, too slow or replaced meanwhile.
 QCoro::Task<std::optional<NotificationServer>> readNotificationServer(QDBusConnection bus);

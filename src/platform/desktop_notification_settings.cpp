@@ -1,6 +1,7 @@
-#include "platform/notification_settings_page.h"
+#include "platform/desktop_notification_settings.h"
 
 #include "platform/key_file.h"
+#include "platform/notification_server.h"
 
 #include <QCoroProcess>
 #include <QFile>
@@ -12,13 +13,18 @@ namespace pingwell {
 
 namespace {
 
-constexpr std::chrono::milliseconds longestRead{3'000};
+AuthorizationStatus statusFrom(const QDBusMessage &error)
+{
+    // Silence is no answer; any other error says that there is no server to be had.
+    const bool isSilent = error.errorName() == QStringLiteral("org.freedesktop.DBus.Error.NoReply");
+    return isSilent ? AuthorizationStatus::other : AuthorizationStatus::denied;
+}
 
 /// GNOME keeps the switch under the program's name in lower case, its dots as dashes. The tool is asked instead of the
-/// library, which ends the program where the desktop's schema is missing.
-QCoro::Task<std::optional<bool>> readGnomeSwitch()
+/// library, which ends the program where the desktop's schema is missing. What can't be read is not off.
+QCoro::Task<bool> readGnomeSwitch()
 {
-    std::optional<bool> isOn;
+    bool isOn = true;
     const QString tool = QStandardPaths::findExecutable(QStringLiteral("gsettings"));
     if (tool.isEmpty())
         co_return isOn;
@@ -29,7 +35,7 @@ QCoro::Task<std::optional<bool>> readGnomeSwitch()
                                          "notifications/application/com-pingwell-mac/"),
                           QStringLiteral("enable")});
     auto running = qCoro(process.data());
-    co_await running.waitForFinished(longestRead);
+    co_await running.waitForFinished(longestServerQuestion);
     if (process->state() != QProcess::NotRunning)
         process->kill();
     else if (process->exitStatus() == QProcess::NormalExit && process->exitCode() == 0)
@@ -72,14 +78,21 @@ QList<SettingsPage> knownPages()
 
 } // namespace
 
-QCoro::Task<std::optional<bool>> readProgramSwitch(QString serverName)
+QCoro::Task<AuthorizationStatus> readAuthorizationStatus(QDBusConnection bus)
 {
-    std::optional<bool> isOn;
-    if (serverName == gnomeServerName)
-        isOn = co_await readGnomeSwitch();
-    else if (serverName == plasmaServerName)
+    BusCall question(bus, notificationCall(QStringLiteral("GetServerInformation")), longestServerQuestion);
+    const QDBusMessage answer = co_await question;
+    if (answer.type() != QDBusMessage::ReplyMessage)
+        co_return statusFrom(answer);
+    const QString serverName = answer.arguments().value(0).toString();
+    bool isOn = true;
+    if (serverName == gnomeServerName) {
+        const bool isOnInGnome = co_await readGnomeSwitch();
+        isOn = isOnInGnome;
+    } else if (serverName == plasmaServerName) {
         isOn = readPlasmaSwitch();
-    co_return isOn;
+    }
+    co_return isOn ? AuthorizationStatus::authorized : AuthorizationStatus::denied;
 }
 
 QStringList notificationSettingsCommand()

@@ -1,0 +1,312 @@
+#include "platform/freedesktop_notification_center.h"
+
+#include "async/launch.h"
+#include "platform/banner_actions.h"
+#include "platform/banner_message.h"
+#include "platform/desktop_notification_settings.h"
+
+#include <QDBusServiceWatcher>
+#include <QProcess>
+
+#include <limits>
+#include <utility>
+
+namespace pingwell {
+
+namespace {
+
+/// A banner that comes up late still has buttons, and what is pressed must find its question: nobody waits for this
+/// reply but the banner itself, so it may take as long as the server lives.
+constexpr std::chrono::milliseconds asLongAsItTakes{std::numeric_limits<int>::max()};
+
+/// Reasons of NotificationClosed. Only these two end a banner for good.
+constexpr uint dismissedByPerson = 2;
+constexpr uint closedByCall = 3;
+
+bool isFromNobody(const QDBusMessage &error)
+{
+    return error.errorName() == QStringLiteral("org.freedesktop.DBus.Error.ServiceUnknown") ||
+           error.errorName() == QStringLiteral("org.freedesktop.DBus.Error.NameHasNoOwner");
+}
+
+} // namespace
+
+FreedesktopNotificationCenter::FreedesktopNotificationCenter(QObject *parent)
+    : QObject(parent)
+    , m_bus(QDBusConnection::sessionBus())
+{
+}
+
+FreedesktopNotificationCenter::~FreedesktopNotificationCenter()
+{
+    removeAll();
+}
+
+QCoro::Task<AuthorizationStatus> FreedesktopNotificationCenter::authorizationStatus()
+{
+    return readAuthorizationStatus(m_bus);
+}
+
+QCoro::Task<> FreedesktopNotificationCenter::requestAuthorization()
+{
+    co_return;
+}
+
+bool FreedesktopNotificationCenter::canOpenSettings() const
+{
+    return !notificationSettingsCommand().isEmpty();
+}
+
+void FreedesktopNotificationCenter::openSettings()
+{
+    QStringList command = notificationSettingsCommand();
+    if (command.isEmpty())
+        return;
+    const QString program = command.takeFirst();
+    QProcess::startDetached(program, command);
+}
+
+void FreedesktopNotificationCenter::setCategories(const QList<NotificationCategory> &categories)
+{
+    m_actions.clear();
+    for (const NotificationCategory &category : categories)
+        m_actions.insert(category.identifier, category.actions);
+}
+
+void FreedesktopNotificationCenter::add(const NotificationRequest &request)
+{
+    Banner &banner = m_banners.obtain(request.identifier);
+    banner.isWithdrawn = false;
+    banner.next = request;
+    listen();
+    sendWaiting();
+}
+
+void FreedesktopNotificationCenter::remove(const QStringList &identifiers)
+{
+    for (const QString &identifier : identifiers)
+        withdraw(identifier);
+}
+
+void FreedesktopNotificationCenter::removeAll()
+{
+    remove(m_banners.requestIdentifiers());
+}
+
+void FreedesktopNotificationCenter::setResponseHandler(ResponseHandler handler)
+{
+    m_responseHandler = std::move(handler);
+}
+
+/// Starts with the first banner: before it there is nothing to hear, and the start of the program is spared the calls.
+void FreedesktopNotificationCenter::listen()
+{
+    if (m_ownerWatch)
+        return;
+    m_ownerWatch =
+        std::make_unique<QDBusServiceWatcher>(notificationService, m_bus, QDBusServiceWatcher::WatchForOwnerChange);
+    connect(m_ownerWatch.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
+            &FreedesktopNotificationCenter::noteOwner);
+    // From the service only: GNOME sends every signal from a second place too.
+    const auto subscribe = [this](const QString &signal, const char *slot) {
+        m_bus.connect(notificationService, notificationPath, notificationService, signal, this, slot);
+    };
+    subscribe(QStringLiteral("ActionInvoked"), SLOT(noteAction(uint, QString, QDBusMessage)));
+    subscribe(QStringLiteral("NotificationReplied"), SLOT(noteReply(uint, QString, QDBusMessage)));
+    subscribe(QStringLiteral("NotificationClosed"), SLOT(noteClosed(uint, uint, QDBusMessage)));
+    subscribe(QStringLiteral("ActivationToken"), SLOT(noteToken(uint, QString, QDBusMessage)));
+}
+
+void FreedesktopNotificationCenter::noteOwner(const QString &, const QString &, const QString &newOwner)
+{
+    m_owner = newOwner;
+    if (m_server && m_server->owner != newOwner)
+        m_server.reset();
+    m_banners.keepOnly(newOwner);
+}
+
+void FreedesktopNotificationCenter::sendWaiting()
+{
+    if (!m_server) {
+        if (!std::exchange(m_isReadingServer, true))
+            launch("reading the notification server", readServer(this));
+        return;
+    }
+    while (Banner *const banner = m_banners.nextToSend())
+        send(*banner);
+}
+
+QCoro::Task<> FreedesktopNotificationCenter::readServer(QPointer<FreedesktopNotificationCenter> center)
+{
+    const QDBusConnection bus = center->m_bus;
+    std::optional<NotificationServer> server;
+    bool isOutdated = true;
+    while (isOutdated) {
+        const std::optional<NotificationServer> answer = co_await readNotificationServer(bus);
+        if (!center)
+            co_return;
+        server = answer;
+        // Its successor was announced while its answers were on their way.
+        isOutdated = server && center->m_owner && *center->m_owner != server->owner;
+    }
+    center->m_isReadingServer = false;
+    center->m_server = server;
+    if (server)
+        center->sendWaiting();
+    else
+        center->m_banners.forgetUnsent();
+}
+
+void FreedesktopNotificationCenter::send(Banner &banner)
+{
+    const NotificationRequest request = *std::exchange(banner.next, std::nullopt);
+    // One that has left the screen would be replaced where nobody looks.
+    if (banner.stage == Banner::Stage::expired)
+        close(banner);
+    if (banner.stage != Banner::Stage::shown || banner.server != m_server->owner)
+        banner.number = 0;
+    banner.stage = Banner::Stage::shown;
+    banner.payload = request.content.payload;
+    banner.isSending = true;
+    const auto actions = m_actions.value(request.content.categoryIdentifier.value_or(QString()));
+    launch("showing a notification",
+           show(this, request, showBannerCall(request.content, actions, *m_server, banner.number)));
+}
+
+QCoro::Task<> FreedesktopNotificationCenter::show(QPointer<FreedesktopNotificationCenter> center,
+                                                  NotificationRequest request, QDBusMessage call)
+{
+    BusCall notify(center->m_bus, call, asLongAsItTakes);
+    const QDBusMessage reply = co_await notify;
+    if (center)
+        center->noteSent(request, reply);
+}
+
+void FreedesktopNotificationCenter::noteSent(const NotificationRequest &request, const QDBusMessage &reply)
+{
+    Banner *const banner = m_banners.find(request.identifier);
+    if (!banner)
+        return;
+    banner->isSending = false;
+    if (reply.type() == QDBusMessage::ReplyMessage) {
+        banner->server = reply.service();
+        banner->number = reply.arguments().value(0).toUInt();
+        banner->stage = Banner::Stage::shown;
+    } else if (isFromNobody(reply) && !banner->isWithdrawn) {
+        // The server had just left; its successor gets what it never saw.
+        m_server.reset();
+        if (!banner->next)
+            banner->next = request;
+    }
+    if (banner->isWithdrawn)
+        close(*banner);
+    const QList<BannerEvent> early = m_early.take(banner->server, banner->number);
+    if (banner->isWithdrawn || (banner->number == 0 && !banner->next))
+        m_banners.forget(request.identifier);
+    for (const BannerEvent &event : early)
+        handle(event);
+    if (!m_banners.isAnySending())
+        m_early.clear();
+    sendWaiting();
+}
+
+void FreedesktopNotificationCenter::withdraw(const QString &identifier)
+{
+    Banner *const banner = m_banners.find(identifier);
+    if (!banner)
+        return;
+    banner->next.reset();
+    banner->isWithdrawn = true;
+    if (banner->isSending)
+        return;
+    close(*banner);
+    m_banners.forget(identifier);
+}
+
+void FreedesktopNotificationCenter::close(Banner &banner) const
+{
+    if (banner.number == 0 || std::exchange(banner.stage, Banner::Stage::closed) == Banner::Stage::closed)
+        return;
+    QDBusMessage call = notificationCall(QStringLiteral("CloseNotification"), banner.server);
+    call << banner.number;
+    m_bus.send(call);
+}
+
+void FreedesktopNotificationCenter::noteAction(uint number, const QString &key, const QDBusMessage &signal)
+{
+    handle({BannerEvent::Kind::action, signal.service(), number, key, 0});
+}
+
+void FreedesktopNotificationCenter::noteReply(uint number, const QString &text, const QDBusMessage &signal)
+{
+    handle({BannerEvent::Kind::reply, signal.service(), number, text, 0});
+}
+
+void FreedesktopNotificationCenter::noteClosed(uint number, uint reason, const QDBusMessage &signal)
+{
+    handle({BannerEvent::Kind::closed, signal.service(), number, {}, reason});
+}
+
+void FreedesktopNotificationCenter::noteToken(uint number, const QString &token, const QDBusMessage &signal)
+{
+    handle({BannerEvent::Kind::activationToken, signal.service(), number, token, 0});
+}
+
+void FreedesktopNotificationCenter::handle(const BannerEvent &event)
+{
+    Banner *const banner = m_banners.find(event.server, event.number);
+    if (!banner) {
+        if (m_banners.isAnySending())
+            m_early.keep(event);
+        return;
+    }
+    switch (event.kind) {
+    case BannerEvent::Kind::action:
+        if (const std::optional<QString> identifier = actionIdentifierOf(event.text))
+            respond(*banner, *identifier, std::nullopt);
+        break;
+    case BannerEvent::Kind::reply:
+        respond(*banner, replyActionIdentifier, event.text);
+        break;
+    case BannerEvent::Kind::closed:
+        handleClosed(*banner, event.reason);
+        break;
+    case BannerEvent::Kind::activationToken:
+        banner->activationToken = event.text;
+        break;
+    }
+}
+
+/// That a banner is gone is never an answer, whatever the reason; the question still waits.
+void FreedesktopNotificationCenter::handleClosed(Banner &banner, uint reason)
+{
+    const bool isOver = reason == dismissedByPerson || reason == closedByCall;
+    if (!isOver) {
+        if (banner.stage == Banner::Stage::shown)
+            banner.stage = Banner::Stage::expired;
+    } else {
+        m_banners.forgetNumber(banner.requestIdentifier);
+    }
+}
+
+void FreedesktopNotificationCenter::respond(Banner &banner, const QString &actionIdentifier,
+                                            const std::optional<QString> &text)
+{
+    const NotificationResponse response{
+        .payload = banner.payload,
+        .actionIdentifier = actionIdentifier,
+        .text = text,
+        .activationToken = std::exchange(banner.activationToken, {}),
+    };
+    // A response uses the banner up: a question that stays on the screen would invite a second answer.
+    close(banner);
+    // Servers may report the press that opened their reply field before the text typed into it.
+    const bool mayStillReply = actionIdentifier == replyActionIdentifier && !text;
+    if (!mayStillReply)
+        m_banners.forgetNumber(banner.requestIdentifier);
+    // Last: what the response leads to may well take the banner back, or show it anew.
+    if (m_responseHandler)
+        m_responseHandler(response);
+}
+
+} // namespace pingwell

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "notify/notification_center.h"
+#include "platform/banner.h"
+#include "platform/banner_event.h"
+#include "platform/notification_server.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+#include <optional>
+
+class QDBusServiceWatcher;
+
+namespace pingwell {
+
+/// The notification server of the session bus (freedesktop Desktop Notifications Specification), whichever it is. What
+/// is asked for is fitted to what the server at hand can draw. A server that is missing costs what was to be shown
+/// meanwhile; one that comes back gets what comes then. Main thread; never blocks on the server.
+class FreedesktopNotificationCenter final : public QObject, public NotificationCenter
+{
+    Q_OBJECT
+
+public:
+    explicit FreedesktopNotificationCenter(QObject *parent = nullptr);
+    /// Takes every notification back: nobody would hear of an answer any more.
+    ~FreedesktopNotificationCenter() override;
+
+    /// A server that answers shows them, unless the desktop's own switch for this program is off.
+    QCoro::Task<AuthorizationStatus> authorizationStatus() override;
+    /// These desktops have no such question.
+    QCoro::Task<> requestAuthorization() override;
+    [[nodiscard]] bool canOpenSettings() const override;
+    void openSettings() override;
+    void setCategories(const QList<NotificationCategory> &categories) override;
+    void add(const NotificationRequest &request) override;
+    void remove(const QStringList &identifiers) override;
+    void removeAll() override;
+    void setResponseHandler(ResponseHandler handler) override;
+
+private slots:
+    void noteAction(uint number, const QString &key, const QDBusMessage &signal);
+    void noteReply(uint number, const QString &text, const QDBusMessage &signal);
+    void noteClosed(uint number, uint reason, const QDBusMessage &signal);
+    void noteToken(uint number, const QString &token, const QDBusMessage &signal);
+    void noteOwner(const QString &service, const QString &oldOwner, const QString &newOwner);
+
+private:
+    void listen();
+    void sendWaiting();
+    void send(Banner &banner);
+    void noteSent(const NotificationRequest &request, const QDBusMessage &reply);
+    void withdraw(const QString &identifier);
+    void close(Banner &banner) const;
+    void handle(const BannerEvent &event);
+    void handleClosed(Banner &banner, uint reason);
+    void respond(Banner &banner, const QString &actionIdentifier, const std::optional<QString> &text);
+
+    static QCoro::Task<> readServer(QPointer<FreedesktopNotificationCenter> center);
+    static QCoro::Task<> show(QPointer<FreedesktopNotificationCenter> center, NotificationRequest request,
+                              QDBusMessage call);
+
+    QDBusConnection m_bus;
+    std::unique_ptr<QDBusServiceWatcher> m_ownerWatch;
+    /// As last announced; none before anything was.
+    std::optional<QString> m_owner;
+    /// None until it was asked, and again when it is replaced.
+    std::optional<NotificationServer> m_server;
+    bool m_isReadingServer = false;
+    QHash<QString, QList<NotificationAction>> m_actions;
+    BannerList m_banners;
+    EarlyBannerEvents m_early;
+    ResponseHandler m_responseHandler;
+};
+
+} // namespace pingwell

@@ -1,0 +1,157 @@
+#include "support/scripted_notification_server.h"
+
+#include <QDBusArgument>
+#include <QUuid>
+
+#include <utility>
+
+namespace pingwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString service = u"org.freedesktop.Notifications"_s;
+const QString path = u"/org/freedesktop/Notifications"_s;
+constexpr uint closedByCall = 3;
+
+QStringList everyOther(const QStringList &list, qsizetype first)
+{
+    QStringList taken;
+    for (qsizetype index = first; index < list.size(); index += 2)
+        taken.append(list.at(index));
+    return taken;
+}
+
+} // namespace
+
+QStringList ShownNotification::actionKeys() const
+{
+    return everyOther(actions, 0);
+}
+
+QStringList ShownNotification::actionLabels() const
+{
+    return everyOther(actions, 1);
+}
+
+ScriptedNotificationServer::ScriptedNotificationServer(QObject *parent)
+    : QDBusVirtualObject(parent)
+{
+}
+
+ScriptedNotificationServer::~ScriptedNotificationServer()
+{
+    vanish();
+}
+
+bool ScriptedNotificationServer::appear()
+{
+    const QString connection = QUuid::createUuid().toString();
+    m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connection);
+    return m_bus->registerVirtualObject(path, this) && m_bus->registerService(service);
+}
+
+void ScriptedNotificationServer::vanish()
+{
+    if (!m_bus)
+        return;
+    const QString connection = m_bus->name();
+    m_bus.reset();
+    m_held.reset();
+    QDBusConnection::disconnectFromBus(connection);
+}
+
+void ScriptedNotificationServer::releaseReplies()
+{
+    const QList<QDBusMessage> replies = std::exchange(m_held, std::nullopt).value_or(QList<QDBusMessage>());
+    for (const QDBusMessage &reply : replies)
+        answer(reply);
+}
+
+void ScriptedNotificationServer::invokeAction(uint number, const QString &key) const
+{
+    tell(u"ActionInvoked"_s, {number, key});
+}
+
+void ScriptedNotificationServer::reply(uint number, const QString &text) const
+{
+    tell(u"NotificationReplied"_s, {number, text});
+}
+
+void ScriptedNotificationServer::giveActivationToken(uint number, const QString &token) const
+{
+    tell(u"ActivationToken"_s, {number, token});
+}
+
+void ScriptedNotificationServer::close(uint number, uint reason) const
+{
+    tell(u"NotificationClosed"_s, {number, reason});
+}
+
+QString ScriptedNotificationServer::introspect(const QString &) const
+{
+    return {};
+}
+
+bool ScriptedNotificationServer::handleMessage(const QDBusMessage &message, const QDBusConnection &)
+{
+    if (message.interface() != service)
+        return false;
+    message.setDelayedReply(true);
+    answer(message.createReply(answerTo(message)));
+    return true;
+}
+
+QVariantList ScriptedNotificationServer::answerTo(const QDBusMessage &message)
+{
+    if (message.member() == u"GetServerInformation")
+        return {name, u"Pingwell's tests"_s, u"1"_s, u"1.2"_s};
+    if (message.member() == u"GetCapabilities")
+        return {capabilities};
+    if (message.member() == u"Notify")
+        return {show(message.arguments())};
+    if (message.member() == u"CloseNotification") {
+        const uint number = message.arguments().value(0).toUInt();
+        m_closed.append(number);
+        close(number, closedByCall);
+        emit notificationClosed(number);
+    }
+    return {};
+}
+
+uint ScriptedNotificationServer::show(const QVariantList &arguments)
+{
+    ShownNotification notification;
+    notification.appName = arguments.value(0).toString();
+    notification.replaced = arguments.value(1).toUInt();
+    notification.icon = arguments.value(2).toString();
+    notification.summary = arguments.value(3).toString();
+    notification.body = arguments.value(4).toString();
+    notification.actions = arguments.value(5).toStringList();
+    notification.hints = qdbus_cast<QVariantMap>(arguments.value(6));
+    notification.timeout = arguments.value(7).toInt();
+    notification.number = notification.replaced != 0 ? notification.replaced : ++m_lastNumber;
+    m_shown.append(notification);
+    emit notificationShown();
+    return notification.number;
+}
+
+void ScriptedNotificationServer::answer(const QDBusMessage &reply)
+{
+    if (m_held)
+        m_held->append(reply);
+    else if (m_bus)
+        m_bus->send(reply);
+}
+
+void ScriptedNotificationServer::tell(const QString &signal, const QVariantList &arguments) const
+{
+    if (!m_bus)
+        return;
+    QDBusMessage message = QDBusMessage::createSignal(path, service, signal);
+    message.setArguments(arguments);
+    m_bus->send(message);
+}
+
+} // namespace pingwell
