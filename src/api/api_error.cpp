@@ -22,6 +22,17 @@ APIError APIError::badResponse()
         QStringLiteral("The server sent something this app doesn't understand. Update the app and try again."));
 }
 
+APIError APIError::from(std::exception_ptr thrown)
+{
+    try {
+        std::rethrow_exception(std::move(thrown));
+    } catch (const APIError &error) {
+        return error;
+    } catch (...) {
+        return offline();
+    }
+}
+
 QString unreachableMessage()
 {
     return QStringLiteral("Can't reach the Pingwell server. Check your connection.");

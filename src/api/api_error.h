@@ -17,6 +17,8 @@ public:
     static APIError offline();
     /// The service accepted, but its answer isn't what this program understands.
     static APIError badResponse();
+    /// What was thrown, as the person is to be told of it: anything but an `APIError` means that no answer arrived.
+    static APIError from(std::exception_ptr thrown);
 
     /// HTTP status; 0 when no HTTP answer arrived, 500 for an answer that could not be decoded.
     [[nodiscard]] int status() const { return m_status; }

@@ -149,6 +149,8 @@ public:
     /// Keeps what is being typed, cut to `maximumAnswerLength` units without splitting a character.
     Q_INVOKABLE void setReplyDraft(const QString &text, const QString &alertID);
     Q_INVOKABLE void answer(const QString &alertID, const QString &text);
+    /// The same, for an answer given in a notification: that is where a refusal is told, too.
+    void answerFromNotification(const QString &alertID, const QString &text);
     Q_INVOKABLE void setRead(const QString &alertID, bool read);
     Q_INVOKABLE void toggleRead(const QString &alertID);
     Q_INVOKABLE void markAllRead();
@@ -218,6 +220,8 @@ signals:
 private:
     using Rollback = std::function<void(AppStore &)>;
     using Operation = std::function<QCoro::Task<>(APIClientPtr)>;
+    /// Told after the rollback why the service refused, in words for the person.
+    using Refused = std::function<void(AppStore &, const QString &message)>;
     class RefreshInProgress;
     class MutationInProgress;
 
@@ -267,15 +271,18 @@ private:
     static void markUnread(QList<Alert> &alerts, const QSet<QString> &ids);
     void keepReplyDraft(const QString &text, const QString &alertID);
     void removeReplyDraft(const QString &alertID);
+    /// False when the answer may not be given; nothing has happened then.
+    bool submitAnswer(const QString &alertID, const QString &text, Refused refused);
+    void tellRefusal(const QString &alertID, const QString &message);
     void withdrawNotifications(const QStringList &alertIDs);
     [[nodiscard]] std::optional<QString> workspaceName(const QString &workspaceID) const;
     static QCoro::Task<> performTestAlert(QPointer<AppStore> store, APIClientPtr client, QString workspaceID);
 
     // app_store_mutations.cpp
-    void mutate(Rollback rollback, Operation operation);
+    void mutate(Rollback rollback, Operation operation, Refused refused = {});
     static QCoro::Task<> runMutation(QPointer<AppStore> store, APIClientPtr client, Rollback rollback,
-                                     Operation operation);
-    void handleError(std::exception_ptr error);
+                                     Operation operation, Refused refused);
+    void handleError(const APIError &error);
 
     // app_store_session.cpp
     void watchTokenStore();
@@ -312,7 +319,7 @@ private:
     void forgetDeviceIdentifier();
     void takeDevice(const Device &device);
     void takeAccount(const Account &account);
-    void handle(std::exception_ptr error);
+    void handle(const APIError &error);
 
     // app_store_merge.cpp
     void applyDashboard(FetchedDashboard fetched);

@@ -87,13 +87,40 @@ void AppStore::removeReplyDraft(const QString &alertID)
 
 void AppStore::answer(const QString &alertID, const QString &text)
 {
+    submitAnswer(alertID, text, {});
+}
+
+void AppStore::answerFromNotification(const QString &alertID, const QString &text)
+{
+    const auto refused = [alertID](AppStore &store, const QString &message) { store.tellRefusal(alertID, message); };
+    if (submitAnswer(alertID, text, refused))
+        return;
+    const auto alert = alertWithID(alertID);
+    if (!alert)
+        return;
+    // The banner is gone with what was typed into it; a window keeps its field.
+    if (canAnswer(*alert) && alert->acceptsText())
+        setReplyDraft(text, alertID);
+    tellRefusal(alertID, canAnswer(*alert) ? QStringLiteral("An answer has 1 to 1000 characters.")
+                                           : QStringLiteral("This question can't be answered any more."));
+}
+
+void AppStore::tellRefusal(const QString &alertID, const QString &message)
+{
+    const auto alert = alertWithID(alertID);
+    if (alert && m_backend && m_backend->notifier)
+        m_backend->notifier->deliverRefusal(*alert, workspaceName(alert->workspaceId), message);
+}
+
+bool AppStore::submitAnswer(const QString &alertID, const QString &text, Refused refused)
+{
     checkMainThread();
     const auto alert = alertWithID(alertID);
     if (!alert || !canAnswer(*alert))
-        return;
+        return false;
     const auto validated = alert->validatedAnswer(text);
     if (!validated)
-        return;
+        return false;
     Alert answered = *alert;
     answered.answer = validated;
     answered.read = true;
@@ -109,7 +136,9 @@ void AppStore::answer(const QString &alertID, const QString &text)
         },
         [workspaceID = alert->workspaceId, alertID, sent = *validated](APIClientPtr client) {
             return sendAnswer(client, workspaceID, alertID, sent);
-        });
+        },
+        std::move(refused));
+    return true;
 }
 
 void AppStore::setRead(const QString &alertID, bool read)

@@ -42,50 +42,46 @@ private:
     QPointer<AppStore> m_store;
 };
 
-void AppStore::mutate(Rollback rollback, Operation operation)
+void AppStore::mutate(Rollback rollback, Operation operation, Refused refused)
 {
     checkMainThread();
     if (m_client)
-        launch("mutation", runMutation(this, m_client, std::move(rollback), std::move(operation)));
+        launch("mutation", runMutation(this, m_client, std::move(rollback), std::move(operation), std::move(refused)));
 }
 
 QCoro::Task<> AppStore::runMutation(QPointer<AppStore> store, APIClientPtr client, Rollback rollback,
-                                    Operation operation)
+                                    Operation operation, Refused refused)
 {
     std::optional<MutationInProgress> inProgress(std::in_place, store);
-    std::exception_ptr failure;
+    std::optional<APIError> failure;
     try {
         co_await operation(client);
     } catch (...) {
-        failure = std::current_exception();
+        failure = APIError::from(std::current_exception());
     }
     if (!store)
         co_return;
     const bool ours = store->m_client == client;
     if (failure && ours) {
         rollback(*store);
-        store->handleError(failure);
+        store->handleError(*failure);
     }
+    const bool stillSignedIn = store->m_client == client;
+    if (failure && stillSignedIn && refused)
+        refused(*store, failure->message());
     inProgress.reset();
     // Only now: a refresh begun earlier would be thrown away by the very mutation it follows. A session that began
     // while this mutation of an earlier one was under way has had its first dashboards thrown away, too.
-    const bool stillSignedIn = store->m_client == client;
-    if ((failure && ours && stillSignedIn) || (!ours && !store->m_hasLoaded))
+    if ((failure && stillSignedIn) || (!ours && !store->m_hasLoaded))
         store->refresh();
 }
 
-void AppStore::handleError(std::exception_ptr error)
+void AppStore::handleError(const APIError &error)
 {
-    try {
-        std::rethrow_exception(std::move(error));
-    } catch (const APIError &failure) {
-        if (failure.status() == 401)
-            endSession(failure.message());
-        else
-            showToast(failure.message(), true);
-    } catch (...) {
-        showToast(unreachableMessage(), true);
-    }
+    if (error.status() == 401)
+        endSession(error.message());
+    else
+        showToast(error.message(), true);
 }
 
 } // namespace pingwell

@@ -85,17 +85,17 @@ QCoro::Task<> AppStore::runRefresh(QPointer<AppStore> store)
     const qint64 epoch = store->m_mutationEpoch;
     const QByteArray known = store->knownBody();
     std::optional<FetchedDashboard> fetched;
-    std::exception_ptr failure;
+    std::optional<APIError> failure;
     try {
         FetchedDashboard answer = co_await endpoints::fetchDashboard(client, known);
         fetched = std::move(answer);
     } catch (...) {
-        failure = std::current_exception();
+        failure = APIError::from(std::current_exception());
     }
     if (!store || store->m_client != client)
         co_return;
     if (failure)
-        store->handle(failure);
+        store->handle(*failure);
     else if (store->m_mutationsInFlight == 0 && store->m_mutationEpoch == epoch)
         store->applyDashboard(std::move(*fetched));
 }
@@ -111,19 +111,19 @@ QCoro::Task<> AppStore::refreshAccount(QPointer<AppStore> store, std::stop_token
         co_return;
     const APIClientPtr client = store->m_client;
     std::optional<Account> account;
-    std::exception_ptr failure;
+    std::optional<APIError> failure;
     try {
         const Session session = co_await endpoints::fetchUserData(client);
         account = session.account;
     } catch (const APIError &error) {
         // The dashboard tells every other problem; a stale name is none.
         if (error.status() == 401)
-            failure = std::current_exception();
+            failure = error;
     }
     if (!store || store->m_client != client)
         co_return;
     if (failure)
-        store->handle(failure);
+        store->handle(*failure);
     if (account)
         store->takeAccount(*account);
 }
@@ -142,17 +142,17 @@ QCoro::Task<> AppStore::refreshInvitations(QPointer<AppStore> store, std::stop_t
         co_return;
     const APIClientPtr client = store->m_client;
     QList<Invitation> invitations;
-    std::exception_ptr failure;
+    std::optional<APIError> failure;
     try {
         QList<Invitation> answer = co_await endpoints::listInvitations(client);
         invitations = std::move(answer);
     } catch (...) {
-        failure = std::current_exception();
+        failure = APIError::from(std::current_exception());
     }
     if (!store || store->m_client != client)
         co_return;
     if (failure)
-        store->handle(failure);
+        store->handle(*failure);
     else
         store->set(store->m_invitations, invitations, &AppStore::invitationsChanged);
 }
@@ -165,7 +165,7 @@ QCoro::Task<> AppStore::registerDevice(QPointer<AppStore> store, std::stop_token
     const QString name = store->m_backend->deviceName;
     const QString version = store->m_backend->appVersion;
     std::optional<Device> device;
-    std::exception_ptr failure;
+    std::optional<APIError> failure;
     try {
         const QString known = store->deviceIdentifier();
         const bool announced = co_await sendHeartbeat(client, known, version);
@@ -175,12 +175,12 @@ QCoro::Task<> AppStore::registerDevice(QPointer<AppStore> store, std::stop_token
         Device answer = co_await endpoints::registerDevice(client, name, version);
         device = std::move(answer);
     } catch (...) {
-        failure = std::current_exception();
+        failure = APIError::from(std::current_exception());
     }
     if (!store || store->m_client != client)
         co_return;
     if (failure)
-        store->handle(failure);
+        store->handle(*failure);
     else
         store->takeDevice(*device);
 }
@@ -222,18 +222,12 @@ void AppStore::takeDevice(const Device &device)
     set(m_devices, devices, &AppStore::devicesChanged);
 }
 
-void AppStore::handle(std::exception_ptr error)
+void AppStore::handle(const APIError &error)
 {
-    try {
-        std::rethrow_exception(std::move(error));
-    } catch (const APIError &failure) {
-        if (failure.status() == 401)
-            endSession(failure.message());
-        else
-            set(m_connectionProblem, std::optional(failure.message()), &AppStore::connectionProblemChanged);
-    } catch (...) {
-        set(m_connectionProblem, std::optional(unreachableMessage()), &AppStore::connectionProblemChanged);
-    }
+    if (error.status() == 401)
+        endSession(error.message());
+    else
+        set(m_connectionProblem, std::optional(error.message()), &AppStore::connectionProblemChanged);
 }
 
 } // namespace pingwell

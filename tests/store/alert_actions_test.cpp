@@ -112,6 +112,27 @@ private slots:
         QCOMPARE(store().lastSyncedAt(), std::optional(testStart));
     }
 
+    void aRefusalOfABannersAnswerIsToldInABanner()
+    {
+        m->startWith(oneAsk());
+        m->transport->plan("POST", answerPath, ScriptedAnswer::failure(409, "closed", "Somebody was faster."));
+        m->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        store().answerFromNotification(a1, QStringLiteral("Approve"));
+        m->settle();
+        QCOMPARE(m->notifier->refused, QStringList{QStringLiteral("a1 in Workspace w1: Somebody was faster.")});
+        QVERIFY(!m->alert(a1).answer);
+    }
+
+    void aBannersAnswerThatMayNotBeGivenIsToldToo()
+    {
+        m->startWith(oneAsk(takesText()));
+        store().answerFromNotification(a1, QString(1001, u'x'));
+        QCOMPARE(m->notifier->refused.size(), 1);
+        QCOMPARE(store().replyDraft(a1).size(), 1000);
+        store().answerFromNotification(QStringLiteral("unknown"), QStringLiteral("x"));
+        QCOMPARE(m->notifier->refused.size(), 1);
+    }
+
     void failures_data()
     {
         QTest::addColumn<ScriptedAnswer>("answer");
