@@ -237,7 +237,13 @@ SecretServiceKeychain::SecretServiceKeychain()
 {
 }
 
-SecretServiceKeychain::~SecretServiceKeychain() = default;
+SecretServiceKeychain::~SecretServiceKeychain()
+{
+    // What they leave behind is cleaned up through the context.
+    m_state->lockedItems.clear();
+    m_state->secretService.reset();
+    const Delivery delivery(m_state->context.get());
+}
 
 KeychainItem SecretServiceKeychain::copyMatching(const QString &service, const QString &account)
 {

@@ -8,6 +8,7 @@
 #include <map>
 #include <mutex>
 #include <optional>
+#include <string>
 #include <utility>
 
 namespace pingwell {
@@ -26,11 +27,12 @@ class FakeKeychain final : public Keychain
 public:
     std::optional<QByteArray> item() const
     {
-        return guarded([this] { return m_item; });
+        const std::optional<std::string> item = guarded([this] { return m_item; });
+        return item ? std::optional(QByteArray::fromStdString(*item)) : std::nullopt;
     }
     void setItem(const QByteArray &data)
     {
-        guarded([&] { m_item = data; });
+        guarded([&] { m_item = data.toStdString(); });
     }
     /// What every operation but unlock ends in from now on; success lets it through to the item.
     void setStatus(KeychainStatus status)
@@ -66,14 +68,14 @@ public:
             return {.status = m_status, .data = {}};
         if (!m_item)
             return {.status = KeychainStatus::itemNotFound, .data = {}};
-        return {.status = KeychainStatus::success, .data = *m_item};
+        return {.status = KeychainStatus::success, .data = QByteArray::fromStdString(*m_item)};
     }
 
     KeychainStatus store(const QString &, const QString &, const QByteArray &data) override
     {
         std::unique_lock lock = enter(QStringLiteral("store"));
         if (m_status == KeychainStatus::success)
-            m_item = data;
+            m_item = data.toStdString();
         return m_status;
     }
 
@@ -106,7 +108,8 @@ private:
 
     mutable std::mutex m_mutex;
     mutable std::condition_variable_any m_changed;
-    std::optional<QByteArray> m_item;
+    // Not shared between threads as a QByteArray would be, whose counting thread sanitizers can't see inside Qt.
+    std::optional<std::string> m_item;
     KeychainStatus m_status = KeychainStatus::success;
     std::optional<KeychainStatus> m_unlockAnswer;
     KeychainStatus m_statusAfterUnlock = KeychainStatus::success;

@@ -32,26 +32,25 @@ public:
     }
     ~FakeStatusArea() override
     {
-        m_bus.unregisterService(u"org.kde.StatusNotifierWatcher"_s);
-        m_bus.unregisterObject(u"/StatusNotifierWatcher"_s);
+        onItsThread([this, home = QThread::currentThread()] {
+            m_bus.unregisterService(u"org.kde.StatusNotifierWatcher"_s);
+            m_bus.unregisterObject(u"/StatusNotifierWatcher"_s);
+            moveToThread(home);
+        });
         m_thread.quit();
         m_thread.wait();
     }
 
     void start()
     {
-        m_bus.registerObject(u"/StatusNotifierWatcher"_s, this,
-                             QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals |
-                                 QDBusConnection::ExportAllProperties);
-        m_bus.registerService(u"org.kde.StatusNotifierWatcher"_s);
+        onItsThread([this] { serve(); });
     }
     void setHost(bool present)
     {
         m_hasHost = present;
-        if (present)
-            emit StatusNotifierHostRegistered();
-        else
-            emit StatusNotifierHostUnregistered();
+        m_bus.send(QDBusMessage::createSignal(u"/StatusNotifierWatcher"_s, u"org.kde.StatusNotifierWatcher"_s,
+                                              present ? u"StatusNotifierHostRegistered"_s
+                                                      : u"StatusNotifierHostUnregistered"_s));
     }
     bool hasHost() const { return m_hasHost; }
     int items() const { return m_items; }
@@ -74,11 +73,21 @@ public slots:
         ++m_items;
     }
 
-signals:
-    void StatusNotifierHostRegistered();
-    void StatusNotifierHostUnregistered();
-
 private:
+    template<typename Action>
+    void onItsThread(Action action)
+    {
+        QMetaObject::invokeMethod(this, action, Qt::BlockingQueuedConnection);
+    }
+
+    void serve()
+    {
+        m_bus.registerObject(u"/StatusNotifierWatcher"_s, this,
+                             QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals |
+                                 QDBusConnection::ExportAllProperties);
+        m_bus.registerService(u"org.kde.StatusNotifierWatcher"_s);
+    }
+
     QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"statusArea"_s);
     QThread m_thread;
     QString m_item;
@@ -153,12 +162,15 @@ void StatusNotifierItemTest::appearsWithTheStatusArea()
         const QDBusMessage reply = m_area->call(u"/StatusNotifierItem"_s, u"org.freedesktop.DBus.Properties"_s,
                                                 u"Get"_s, {u"org.kde.StatusNotifierItem"_s, u"ToolTip"_s});
         const auto argument = reply.arguments().value(0).value<QDBusVariant>().variant().value<QDBusArgument>();
-        QString iconName, title;
+        QString iconName;
+        QString title;
+        QString description;
         argument.beginStructure();
         argument >> iconName;
         argument.beginArray();
         argument.endArray();
-        argument >> title;
+        argument >> title >> description;
+        argument.endStructure();
         return title;
     };
     QCOMPARE(tooltip(), u"Pingwell, 1 waiting"_s);
