@@ -2,11 +2,16 @@
 
 #include "api/url_session_transport.h"
 #include "app/make_store.h"
+#include "app/notification_responses.h"
 #include "app/qml_windows.h"
 #include "async/system_clock.h"
 #include "auth/web_authenticator.h"
+#include "notify/login_item.h"
+#include "notify/user_notifier.h"
+#include "platform/autostart_login_item.h"
 #include "platform/bus_single_instance.h"
 #include "platform/desktop_appearance.h"
+#include "platform/freedesktop_notification_center.h"
 #include "platform/json_preferences.h"
 #include "platform/launcher_entry_badge.h"
 #include "platform/logind_system_events.h"
@@ -20,7 +25,8 @@ namespace pingwell {
 
 namespace {
 
-StoreParts makeStoreParts(const std::shared_ptr<Clock> &clock, const std::shared_ptr<WebAuthenticator> &browser)
+StoreParts makeStoreParts(const std::shared_ptr<Clock> &clock, const std::shared_ptr<WebAuthenticator> &browser,
+                          const std::shared_ptr<UserNotifier> &notifier)
 {
     return {
         .openPreferences = [](const QString &domain) -> std::shared_ptr<Preferences> {
@@ -28,7 +34,7 @@ StoreParts makeStoreParts(const std::shared_ptr<Clock> &clock, const std::shared
         },
         .openKeychain = [] { return std::make_shared<SecretServiceKeychain>(); },
         .openTransport = [] { return std::make_shared<URLSessionTransport>(); },
-        .openNotifier = {},
+        .openNotifier = [notifier] { return notifier; },
         .authenticate = [browser](const QUrl &url,
                                   const QString &callbackScheme) { return browser->authenticate(url, callbackScheme); },
         .cancelAuthentication = [browser] { browser->cancel(); },
@@ -36,6 +42,12 @@ StoreParts makeStoreParts(const std::shared_ptr<Clock> &clock, const std::shared
         .hostName = QSysInfo::machineHostName(),
         .version = QStringLiteral(PINGWELL_VERSION),
     };
+}
+
+/// Whether this is the person's own program, which notifies and starts at log-in; a test or a demo does neither.
+bool isOwnProgram(const LaunchOptions &options)
+{
+    return options.isLive() && !options.isLiveUITest;
 }
 
 } // namespace
@@ -66,13 +78,25 @@ std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstanc
     const auto clock = std::make_shared<SystemClock>();
     const auto browser = std::make_shared<WebAuthenticator>(&QDesktopServices::openUrl, clock);
     parts.openURL = [browser](const QUrl &url) { browser->handleCallback(url); };
-    const StoreParts storeParts = makeStoreParts(clock, browser);
+    std::shared_ptr<NotificationCenter> center;
+    std::shared_ptr<UserNotifier> notifier;
+    if (isOwnProgram(options)) {
+        center = std::make_shared<FreedesktopNotificationCenter>();
+        notifier = std::make_shared<UserNotifier>(center);
+    }
+    const StoreParts storeParts = makeStoreParts(clock, browser, notifier);
     const std::shared_ptr<Preferences> preferences = openPreferences(options, storeParts);
     parts.store = makeStore(options, preferences, storeParts);
     parts.badge = std::make_unique<LauncherEntryBadge>();
     parts.systemEvents = std::make_unique<LogindSystemEvents>();
     parts.windows =
         std::make_unique<QmlWindows>(parts.store.get(), options, preferences, std::make_unique<DesktopAppearance>());
+    if (notifier) {
+        parts.responses = std::make_shared<NotificationResponses>(parts.store.get(), parts.windows.get());
+        notifier->setResponses(parts.responses);
+        AutostartLoginItem loginItem(QCoreApplication::applicationFilePath());
+        offerLaunchAtLoginOnce(loginItem, *preferences);
+    }
     return std::make_unique<PingwellApp>(options, std::move(parts));
 }
 

@@ -41,12 +41,16 @@ int run(int &argc, char **argv, SingleInstance *instance)
     QApplication::setQuitOnLastWindowClosed(false);
 
     const LaunchOptions &options = LaunchOptions::current();
-    const std::unique_ptr<PingwellApp> app = makeApp(options, instance);
+    std::unique_ptr<PingwellApp> app = makeApp(options, instance);
     QObject::connect(app.get(), &PingwellApp::quitRequested, &application, &QCoreApplication::quit,
                      Qt::QueuedConnection);
     const std::unique_ptr<UITestBridge> bridge = makeBridge(options);
     app->start();
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    app.reset();
+    // What still slept was told to stop; this lets it see that and end.
+    QCoreApplication::processEvents();
+    return status;
 }
 
 } // namespace

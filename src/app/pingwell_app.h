@@ -6,6 +6,7 @@
 #include "app/single_instance.h"
 #include "app/status_item.h"
 #include "app/system_events.h"
+#include "notify/alert_responses.h"
 #include "store/app_store.h"
 
 #include <QObject>
@@ -25,6 +26,8 @@ struct AppParts
     std::unique_ptr<LauncherBadge> badge;
     std::unique_ptr<SystemEvents> systemEvents;
     std::unique_ptr<AppWindows> windows;
+    /// Takes what the person does with notifications; null where nobody is notified.
+    std::shared_ptr<AlertResponses> responses;
     SingleInstance *singleInstance = nullptr;
     /// Takes a URL of the program's own scheme that the desktop was asked to open.
     std::function<void(const QUrl &)> openURL = [](const QUrl &) {};

@@ -44,6 +44,7 @@ class AppStore : public QObject
     Q_PROPERTY(QString activeWorkspaceID READ activeWorkspaceID NOTIFY activeWorkspaceIDChanged)
     Q_PROPERTY(QString section READ sectionWord WRITE setSectionWord NOTIFY sectionChanged)
     Q_PROPERTY(QString selectedAlertID READ selectedAlertIDText WRITE selectAlert NOTIFY selectedAlertIDChanged)
+    Q_PROPERTY(QString requestedReplyID READ requestedReplyID WRITE requestReply NOTIFY requestedReplyIDChanged)
     Q_PROPERTY(bool isCreatingWorkspace READ isCreatingWorkspace WRITE setIsCreatingWorkspace NOTIFY
                    isCreatingWorkspaceChanged)
     Q_PROPERTY(bool isSigningIn READ isSigningIn NOTIFY isSigningInChanged)
@@ -90,6 +91,7 @@ public:
     [[nodiscard]] SidebarSection section() const { return m_section; }
     [[nodiscard]] const InboxFilter &filter() const { return m_filter; }
     [[nodiscard]] const std::optional<QString> &selectedAlertID() const { return m_selectedAlertID; }
+    [[nodiscard]] const QString &requestedReplyID() const { return m_requestedReplyID; }
     [[nodiscard]] bool isCreatingWorkspace() const { return m_isCreatingWorkspace; }
     [[nodiscard]] bool showsNotificationPrompt() const { return m_showsNotificationPrompt; }
     [[nodiscard]] const QHash<QString, QString> &replyDrafts() const { return m_replyDrafts; }
@@ -141,6 +143,8 @@ public:
     Q_INVOKABLE void selectWorkspace(const QString &workspaceID);
     /// Opens the alert in the inbox, in its own workspace.
     Q_INVOKABLE void revealAlert(const QString &alertID);
+    /// Wants the reply field of that alert focused wherever it is or will be shown; empty: no field any more.
+    Q_INVOKABLE void requestReply(const QString &alertID);
     void setFocusMode(bool on);
     void setServer(ServerKind server);
     void setSelfHostedURL(const QString &text);
@@ -212,6 +216,7 @@ signals:
     void sectionChanged();
     void filterChanged();
     void selectedAlertIDChanged();
+    void requestedReplyIDChanged();
     void isCreatingWorkspaceChanged();
     void showsNotificationPromptChanged();
     void replyDraftChanged(const QString &alertID);
@@ -358,6 +363,7 @@ private:
     SidebarSection m_section = SidebarSection::inbox;
     InboxFilter m_filter;
     std::optional<QString> m_selectedAlertID;
+    QString m_requestedReplyID;
     bool m_isCreatingWorkspace = false;
     bool m_showsNotificationPrompt = false;
     QHash<QString, QString> m_replyDrafts;

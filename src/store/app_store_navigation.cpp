@@ -49,6 +49,7 @@ void AppStore::selectWorkspace(const QString &workspaceID)
 void AppStore::clearSelectionAndFilter()
 {
     selectAlert(QString());
+    requestReply(QString());
     setFilter(InboxFilter::all());
 }
 
@@ -62,6 +63,12 @@ void AppStore::revealAlert(const QString &alertID)
     setSection(SidebarSection::inbox);
     setFilter(InboxFilter::all());
     selectAlert(alertID);
+}
+
+void AppStore::requestReply(const QString &alertID)
+{
+    checkMainThread();
+    set(m_requestedReplyID, alertID, &AppStore::requestedReplyIDChanged);
 }
 
 void AppStore::setFocusMode(bool on)
