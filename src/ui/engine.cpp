@@ -8,6 +8,10 @@
 // Made by the build from the module's types. Naming it is what brings the module out of the static library.
 extern void qml_register_types_Pingwell();
 
+// Qt Quick's own start, which shows its items to assistive technology. Its plugin would call it, but this Qt does not load
+// the plugin of a module whose types are linked in.
+extern void QQuick_initializeModule();
+
 namespace pingwell {
 
 namespace {
@@ -24,7 +28,7 @@ UiEngine::UiEngine(Appearance *appearance, QObject *parent)
     : QQmlEngine(parent)
     , m_appearance(appearance)
 {
-    static const bool registered = (qml_register_types_Pingwell(), true);
+    static const bool registered = (QQuick_initializeModule(), qml_register_types_Pingwell(), true);
     Q_UNUSED(registered)
     setNetworkAccessManagerFactory(&noNetwork());
     addImageProvider(QStringLiteral("symbol"), new SymbolProvider);
