@@ -20,11 +20,10 @@ QString stateWord(const std::optional<ReplyState> &state)
     return QStringLiteral("timedOut");
 }
 
-/// A name that shows something even when nothing of it can be seen.
-QString visibleName(const QString &raw, const QString &otherwise)
+/// `text`, or a stand-in where nothing of it can be seen.
+QString visible(const QString &text, const QString &otherwise)
 {
-    const QString name = displayName(raw);
-    return name.isEmpty() ? otherwise : name;
+    return text.isEmpty() ? otherwise : text;
 }
 
 QStringList labelsOf(const QStringList &actions)
@@ -32,7 +31,7 @@ QStringList labelsOf(const QStringList &actions)
     QStringList labels;
     labels.reserve(actions.size());
     for (const QString &action : actions)
-        labels.append(visibleName(action, QStringLiteral("(no text)")));
+        labels.append(visible(displayLine(action), QStringLiteral("(no text)")));
     return labels;
 }
 
@@ -52,8 +51,8 @@ AlertRow alertRow(const AlertSnapshot &snapshot)
 
     AlertRow row;
     row.id = alert.id;
-    row.app = visibleName(alert.app, QStringLiteral("Agent"));
-    row.title = visibleName(alert.title, QStringLiteral("(no title)"));
+    row.app = visible(displayName(alert.app), QStringLiteral("Agent"));
+    row.title = visible(displayLine(alert.title), QStringLiteral("(no title)"));
     row.body = body.text;
     row.bodyIsCut = body.isCut;
     row.summary = displayLine(alert.body);

@@ -30,6 +30,7 @@ UiEngine::UiEngine(Appearance *appearance, QObject *parent)
 {
     static const bool registered = (QQuick_initializeModule(), qml_register_types_Pingwell(), true);
     Q_UNUSED(registered)
+    addImportPath(QStringLiteral("qrc:/qt/qml"));
     setNetworkAccessManagerFactory(&noNetwork());
     addImageProvider(QStringLiteral("symbol"), new SymbolProvider);
 }

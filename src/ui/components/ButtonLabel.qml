@@ -11,8 +11,8 @@ Item {
     required property color ink
     property alias spacing: content.spacing
 
-    implicitWidth: content.implicitWidth
-    implicitHeight: content.implicitHeight
+    implicitWidth: words.implicitWidth + (root.symbolName.length > 0 ? symbol.width + content.spacing : 0)
+    implicitHeight: Math.max(words.implicitHeight, symbol.height)
 
     Row {
         id: content
@@ -20,6 +20,8 @@ Item {
         anchors.centerIn: parent
 
         Symbol {
+            id: symbol
+
             anchors.verticalCenter: parent.verticalCenter
             visible: root.symbolName.length > 0
             name: root.symbolName
@@ -27,6 +29,8 @@ Item {
         }
 
         PlainText {
+            id: words
+
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(implicitWidth, root.width - x)
             text: root.label

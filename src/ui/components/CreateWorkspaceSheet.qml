@@ -32,20 +32,19 @@ T.Popup {
         border.color: Theme.controlBorder
     }
 
-    contentItem: Loader {
+    contentItem: Item {
+        implicitHeight: childrenRect.height
+
         // Made anew each time, so that it starts empty.
-        active: root.visible
-        sourceComponent: form
-    }
-
-    Component {
-        id: form
-
-        CreateWorkspaceForm {
-            onCancelled: root.close()
-            onAccepted: name => {
-                root.store.createWorkspace(name)
-                root.close()
+        When {
+            condition: root.visible
+            delegate: CreateWorkspaceForm {
+                width: root.availableWidth
+                onCancelled: root.close()
+                onAccepted: name => {
+                    root.store.createWorkspace(name)
+                    root.close()
+                }
             }
         }
     }

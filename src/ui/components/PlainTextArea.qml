@@ -6,7 +6,7 @@ import Pingwell
  * A field that grows with its text, up to `maximumLines`, and scrolls beyond. `hint` shows while it is empty, as plain
  * text.
  */
-Flickable {
+Item {
     id: root
 
     required property string label
@@ -16,20 +16,26 @@ Flickable {
     property int maximumLines: 4
     property real textSize: Theme.sizeBody
     property string identifier
+    property int verticalPadding: 5
+    readonly property int oneLineHeight: Math.ceil(metrics.lineSpacing) + 2 * root.verticalPadding
+    readonly property int largestHeight: Math.ceil(metrics.lineSpacing * root.maximumLines) + 2 * root.verticalPadding
 
     /** Return was pressed; with Shift it is a new line. */
     signal submitted
 
-    implicitHeight: Math.min(area.implicitHeight,
-                             Math.ceil(metrics.lineSpacing * root.maximumLines) + area.topPadding + area.bottomPadding)
-    boundsBehavior: Flickable.StopAtBounds
-    clip: contentHeight > height
-    interactive: contentHeight > height
+    implicitHeight: Math.min(area.height, root.largestHeight)
 
     function submit(event: KeyEvent) {
         event.accepted = !(event.modifiers & Qt.ShiftModifier)
         if (event.accepted)
             root.submitted()
+    }
+
+    /** Scrolls so that the caret is seen. */
+    function followCaret() {
+        const caret = area.cursorRectangle
+        scroll.contentY = Math.max(caret.y + caret.height + root.verticalPadding - scroll.height,
+                                   Math.min(scroll.contentY, caret.y - root.verticalPadding))
     }
 
     FontMetrics {
@@ -38,48 +44,68 @@ Flickable {
         font: area.font
     }
 
-    T.TextArea.flickable: T.TextArea {
-        id: area
+    FieldFrame {
+        anchors.fill: parent
+        focused: area.activeFocus
+        hovered: hover.hovered
+    }
 
-        objectName: root.identifier
-        topPadding: 5
-        bottomPadding: 5
-        leftPadding: Theme.gap2
-        rightPadding: Theme.gap2
-        implicitWidth: 120
-        implicitHeight: Math.max(Math.ceil(contentHeight), Math.ceil(metrics.lineSpacing)) + topPadding + bottomPadding
-        font.pointSize: root.textSize * 0.75
-        renderType: Text.NativeRendering
-        textFormat: TextEdit.PlainText
-        wrapMode: TextEdit.Wrap
-        color: Theme.textPrimary
-        selectionColor: Theme.textSelection
-        selectedTextColor: Theme.textPrimary
-        selectByMouse: true
-        hoverEnabled: true
-        opacity: enabled ? 1 : Theme.disabledOpacity
-        Accessible.role: Accessible.EditableText
-        Accessible.name: root.label
-        Accessible.multiLine: true
-        Keys.onTabPressed: area.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
-        Keys.onBacktabPressed: area.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
-        Keys.onReturnPressed: event => root.submit(event)
-        Keys.onEnterPressed: event => root.submit(event)
+    Flickable {
+        id: scroll
 
-        background: FieldFrame {
-            focused: area.activeFocus
-            hovered: area.hovered
+        anchors.fill: parent
+        anchors.margins: 2
+        contentHeight: area.height - 4
+        boundsBehavior: Flickable.StopAtBounds
+        clip: interactive
+        interactive: contentHeight > height
+        T.ScrollBar.vertical: SlimScrollBar {}
+
+        TextEdit {
+            id: area
+
+            objectName: root.identifier
+            y: -2
+            width: scroll.width
+            height: Math.ceil(contentHeight) + 2 * root.verticalPadding
+            topPadding: root.verticalPadding
+            bottomPadding: root.verticalPadding
+            leftPadding: Theme.gap2 - 2
+            rightPadding: Theme.gap2 - 2
+            font.pointSize: root.textSize * 0.75
+            renderType: Text.NativeRendering
+            textFormat: TextEdit.PlainText
+            wrapMode: TextEdit.Wrap
+            color: Theme.textPrimary
+            selectionColor: Theme.textSelection
+            selectedTextColor: Theme.textPrimary
+            selectByMouse: true
+            activeFocusOnTab: true
+            onCursorRectangleChanged: root.followCaret()
+            Accessible.role: Accessible.EditableText
+            Accessible.name: root.label
+            Accessible.multiLine: true
+            Keys.onTabPressed: area.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+            Keys.onBacktabPressed: area.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+            Keys.onReturnPressed: event => root.submit(event)
+            Keys.onEnterPressed: event => root.submit(event)
         }
+    }
 
-        PlainText {
-            x: area.leftPadding
-            y: area.topPadding
-            width: area.width - area.leftPadding - area.rightPadding
-            visible: area.length === 0 && area.preeditText.length === 0
-            text: root.hint
-            size: root.textSize
-            color: Theme.textTertiary
-            Accessible.ignored: true
-        }
+    PlainText {
+        x: Theme.gap2
+        y: root.verticalPadding
+        width: root.width - 2 * Theme.gap2
+        visible: area.length === 0 && area.preeditText.length === 0
+        text: root.hint
+        size: root.textSize
+        color: Theme.textTertiary
+        Accessible.ignored: true
+    }
+
+    HoverHandler {
+        id: hover
+
+        cursorShape: Qt.IBeamCursor
     }
 }

@@ -12,7 +12,7 @@ T.MenuSeparator {
             anchors.verticalCenter: parent.verticalCenter
             width: parent.width
             height: 1
-            color: Theme.separator
+            color: Theme.controlBorder
         }
     }
 }

@@ -12,10 +12,12 @@ Item {
     required property alertRow alert
     required property string idPrefix
     property bool compact: false
+    property int topPadding: 0
     readonly property string alertID: root.alert.id
 
-    implicitHeight: field.height
+    implicitHeight: root.topPadding + field.height
     Component.onCompleted: root.followDraft()
+    onAlertIDChanged: root.followDraft()
 
     /** Shows the store's draft where the field holds something else. */
     function followDraft() {
@@ -27,7 +29,7 @@ Item {
             area.remove(draft.length, area.length)
             return
         }
-        const caret = area.cursorPosition
+        const caret = area.activeFocus ? area.cursorPosition : draft.length
         area.text = draft
         area.cursorPosition = Math.min(caret, area.length)
     }
@@ -60,6 +62,7 @@ Item {
     PlainTextArea {
         id: field
 
+        y: root.topPadding
         width: root.width - sendButton.width - Theme.gap2
         identifier: root.idPrefix + ".reply"
         label: "Reply to " + root.alert.title
@@ -75,7 +78,7 @@ Item {
         objectName: root.idPrefix + ".send"
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        implicitHeight: root.compact ? 24 : 28
+        implicitHeight: field.oneLineHeight
         implicitWidth: root.compact ? 52 : 72
         leftPadding: Theme.gap2
         rightPadding: Theme.gap2

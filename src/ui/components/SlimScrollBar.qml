@@ -6,14 +6,13 @@ import Pingwell
 T.ScrollBar {
     id: root
 
-    implicitWidth: 12
-    padding: 3
+    implicitWidth: root.hovered || root.pressed ? 8 : 5
+    padding: 1
     minimumSize: 0.08
     visible: root.size < 1
     Accessible.ignored: true
 
     contentItem: Rectangle {
-        implicitWidth: root.hovered || root.pressed ? 6 : 4
         radius: 3
         color: Theme.scrollThumb
     }

@@ -12,9 +12,10 @@ Item {
     property int symbolSize: 16
     property int weight: Font.Normal
     property int maximumLines: 6
+    property int topPadding: 0
 
     implicitWidth: words.x + words.implicitWidth
-    implicitHeight: Math.max(words.height, symbol.height)
+    implicitHeight: root.topPadding + Math.max(words.height, symbol.height)
     Accessible.role: Accessible.StaticText
     Accessible.name: root.text
 
@@ -27,7 +28,7 @@ Item {
     Symbol {
         id: symbol
 
-        y: Math.round((Math.max(metrics.height, root.symbolSize) - height) / 2)
+        y: root.topPadding + Math.round((Math.max(metrics.height, root.symbolSize) - height) / 2)
         name: root.symbolName
         size: root.symbolSize
         color: root.color
@@ -37,7 +38,7 @@ Item {
         id: words
 
         x: root.symbolSize + (root.symbolSize > 12 ? 6 : 4)
-        y: Math.max(0, Math.round((root.symbolSize - metrics.height) / 2))
+        y: root.topPadding + Math.max(0, Math.round((root.symbolSize - metrics.height) / 2))
         width: root.width - x
         text: root.text
         size: root.textSize

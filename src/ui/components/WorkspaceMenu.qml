@@ -1,5 +1,6 @@
 pragma ComponentBehavior: Bound
 
+import QtQml
 import QtQuick
 import QtQuick.Templates as T
 import Pingwell
@@ -54,8 +55,10 @@ T.AbstractButton {
         width: Math.max(root.width, 180)
         closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
 
-        Repeater {
+        Instantiator {
             model: workspaces
+            onObjectAdded: (index, object) => menu.insertItem(index, object as PopupMenuItem)
+            onObjectRemoved: (index, object) => menu.removeItem(object as PopupMenuItem)
             delegate: PopupMenuItem {
                 required property workspaceRow workspace
 

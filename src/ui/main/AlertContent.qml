@@ -55,15 +55,17 @@ Column {
         onClicked: root.showsAll = true
     }
 
-    Row {
+    Item {
         objectName: "detail.meta"
-        spacing: 6
+        width: root.width
+        implicitHeight: app.height
         Accessible.role: Accessible.StaticText
         Accessible.name: app.text + ", " + place.text
 
         PlainText {
             id: app
 
+            width: Math.min(implicitWidth, root.width * 0.6)
             text: root.alert.app
             size: Theme.sizeTitle
             font.weight: Font.DemiBold
@@ -74,6 +76,8 @@ Column {
             id: place
 
             anchors.baseline: app.baseline
+            x: app.width + 6
+            width: root.width - x
             text: "#" + root.alert.topic + " · " + TimeText.relativeAge(root.alert.at, root.store.now)
             size: Theme.sizeNote
             color: Theme.textSecondary

@@ -13,79 +13,76 @@ Column {
 
     spacing: Theme.gap3
 
-    Row {
+    Item {
         objectName: "detail.countdown"
+        width: root.width
+        implicitHeight: words.height
         visible: root.waiting
-        spacing: Theme.gap2
         Accessible.role: Accessible.StaticText
         Accessible.name: words.text + ", " + countdown.text
 
         PlainText {
             id: words
 
+            width: Math.min(implicitWidth, root.width - countdown.width - Theme.gap2)
             text: root.alert.app + " is waiting for your reply"
             color: Theme.accent
             font.weight: Font.Medium
+            wrapMode: Text.Wrap
             Accessible.ignored: true
         }
 
         CountdownLabel {
             id: countdown
 
-            anchors.verticalCenter: words.verticalCenter
+            x: words.width + Theme.gap2
             remaining: (root.alert.expiresAt - root.store.now) / 1000
             size: Theme.sizeNote
             Accessible.ignored: true
         }
     }
 
-    Loader {
-        width: root.width
-        sourceComponent: root.alert.state === "answered" ? answered : root.alert.state === "timedOut" ? timedOut
-            : !root.waiting ? null : !root.alert.canAnswer ? note : root.alert.acceptsText ? composer : choices
-    }
-
-    Component {
-        id: answered
-
-        AnsweredLabel {
+    When {
+        condition: root.alert.state === "answered"
+        delegate: AnsweredLabel {
             objectName: "detail.answered"
+            width: root.width
             answer: root.alert.answer
         }
     }
 
-    Component {
-        id: timedOut
-
-        TimedOutLabel {
+    When {
+        condition: root.alert.state === "timedOut"
+        delegate: TimedOutLabel {
             objectName: "detail.timedOut"
+            width: root.width
             message: root.alert.outcome
         }
     }
 
-    Component {
-        id: note
-
-        ViewerNote {
+    When {
+        condition: root.waiting && !root.alert.canAnswer
+        delegate: ViewerNote {
             objectName: "detail.viewerNote"
+            width: root.width
             textSize: Theme.sizeBody
         }
     }
 
-    Component {
-        id: composer
-
-        ReplyComposer {
+    When {
+        condition: root.alert.canAnswer && root.alert.acceptsText
+        delegate: ReplyComposer {
+            width: root.width
             store: root.store
             alert: root.alert
             idPrefix: "detail"
         }
     }
 
-    Component {
-        id: choices
-
-        AnswerButtons {
+    When {
+        condition: root.alert.canAnswer && !root.alert.acceptsText
+        delegate: AnswerButtons {
+            width: root.width
             alert: root.alert
             idPrefix: "detail"
             buttonHeight: 30

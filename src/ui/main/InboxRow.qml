@@ -20,7 +20,7 @@ T.AbstractButton {
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
     Keys.onReturnPressed: root.clicked()
-    Accessible.role: Accessible.ListItem
+    Accessible.role: Accessible.Button
     Accessible.name: root.alert.app + ", #" + root.alert.topic + ", " + root.age + ", " + root.alert.title + ", "
         + state.text
     Accessible.description: root.alert.read ? "read" : "unread"

@@ -9,6 +9,9 @@ Rectangle {
 
     required property AppStore store
     property bool popoverPreview: false
+    readonly property string screen: root.popoverPreview ? "preview"
+        : !root.store.isSignedIn ? "signIn"
+        : !root.store.hasLoaded && !root.store.hasWorkspaces ? "loading" : "main"
 
     // From the panel's preview; elsewhere this window is already the main one.
     signal openMainRequested
@@ -18,11 +21,38 @@ Rectangle {
     implicitHeight: 680
     color: Theme.window
 
-    Loader {
-        anchors.fill: parent
-        sourceComponent: root.popoverPreview ? preview
-            : !root.store.isSignedIn ? signIn
-            : !root.store.hasLoaded && !root.store.hasWorkspaces ? loading : main
+    When {
+        condition: root.screen === "preview"
+        delegate: PopoverPreview {
+            anchors.fill: parent
+            store: root.store
+            onOpenMainRequested: root.openMainRequested()
+            onQuitRequested: root.quitRequested()
+        }
+    }
+
+    When {
+        condition: root.screen === "signIn"
+        delegate: SignInView {
+            anchors.fill: parent
+            store: root.store
+        }
+    }
+
+    When {
+        condition: root.screen === "loading"
+        delegate: LoadingView {
+            anchors.fill: parent
+            store: root.store
+        }
+    }
+
+    When {
+        condition: root.screen === "main"
+        delegate: MainView {
+            anchors.fill: parent
+            store: root.store
+        }
     }
 
     ToastView {
@@ -31,48 +61,6 @@ Rectangle {
         anchors.topMargin: 10
         visible: shown && !root.popoverPreview
         store: root.store
-    }
-
-    Component {
-        id: preview
-
-        Rectangle {
-            objectName: "popover.preview"
-            color: Theme.sidebar
-            Accessible.role: Accessible.Pane
-            Accessible.name: "Panel"
-
-            PopoverView {
-                anchors.centerIn: parent
-                height: Math.min(640, parent.height - 2 * Theme.gap3)
-                store: root.store
-                onOpenMainRequested: root.openMainRequested()
-                onQuitRequested: root.quitRequested()
-            }
-        }
-    }
-
-    Component {
-        id: signIn
-
-        SignInView {
-            store: root.store
-        }
-    }
-
-    Component {
-        id: loading
-
-        LoadingView {
-            store: root.store
-        }
-    }
-
-    Component {
-        id: main
-
-        MainView {
-            store: root.store
-        }
+        z: 1
     }
 }

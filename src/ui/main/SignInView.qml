@@ -41,6 +41,7 @@ Rectangle {
                 ProviderButton {
                     objectName: "signin.google"
                     width: parent.width
+                    visible: Array.from(root.store.availableProviders).includes("google")
                     enabled: !root.store.isSigningIn
                     provider: "Google"
                     logo: "GoogleLogo"
@@ -50,6 +51,7 @@ Rectangle {
                 ProviderButton {
                     objectName: "signin.github"
                     width: parent.width
+                    visible: Array.from(root.store.availableProviders).includes("github")
                     enabled: !root.store.isSigningIn
                     provider: "GitHub"
                     logo: "GitHubLogo"

@@ -58,56 +58,37 @@ FocusScope {
             textSize: Theme.sizeSmall
         }
 
-        Loader {
-            width: parent.width
-            sourceComponent: !root.alert.canAnswer ? note : root.alert.acceptsText ? composer : choices
-        }
-    }
-
-    Component {
-        id: note
-
-        Item {
-            implicitHeight: viewerNote.height + 2
-
-            ViewerNote {
-                id: viewerNote
-
+        When {
+            condition: !root.alert.canAnswer
+            delegate: ViewerNote {
                 objectName: root.identifier + ".viewerNote"
-                y: 2
-                width: parent.width
+                width: content.width
+                topPadding: 2
             }
         }
-    }
 
-    Component {
-        id: composer
-
-        Item {
-            implicitHeight: reply.height + 4
-
-            ReplyComposer {
-                id: reply
-
-                y: 4
-                width: parent.width
+        When {
+            condition: root.alert.canAnswer && root.alert.acceptsText
+            delegate: ReplyComposer {
+                width: content.width
+                topPadding: 4
                 store: root.store
                 alert: root.alert
                 idPrefix: root.identifier
                 compact: true
             }
         }
-    }
 
-    Component {
-        id: choices
-
-        AnswerButtons {
-            topPadding: 5
-            alert: root.alert
-            idPrefix: root.identifier
-            buttonHeight: 24
-            onAnswered: text => root.store.answer(root.alert.id, text)
+        When {
+            condition: root.alert.canAnswer && !root.alert.acceptsText
+            delegate: AnswerButtons {
+                width: content.width
+                topPadding: 5
+                alert: root.alert
+                idPrefix: root.identifier
+                buttonHeight: 24
+                onAnswered: text => root.store.answer(root.alert.id, text)
+            }
         }
     }
 }

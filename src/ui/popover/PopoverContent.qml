@@ -20,27 +20,11 @@ ScrollArea {
             asks.limit = asks.count + root.batch
     }
 
-    AlertListModel {
-        id: asks
-
-        store: root.store
-        list: AlertListModel.NeedsReply
-        limit: root.batch
-    }
-
-    AlertListModel {
-        id: today
-
-        store: root.store
-        list: AlertListModel.Today
-        limit: 6
-    }
-
     Column {
         id: column
 
-        x: 6
-        width: root.width - 12
+        x: 5
+        width: root.width - 10
         topPadding: Theme.gap1
         bottomPadding: Theme.gap2
 
@@ -110,5 +94,22 @@ ScrollArea {
                 onClicked: root.alertRequested(alert.id)
             }
         }
+    }
+
+    // Declared last, and so filled first: the column knows its height before the panel has been drawn.
+    AlertListModel {
+        id: asks
+
+        store: root.store
+        list: AlertListModel.NeedsReply
+        limit: root.batch
+    }
+
+    AlertListModel {
+        id: today
+
+        store: root.store
+        list: AlertListModel.Today
+        limit: 6
     }
 }

@@ -10,8 +10,8 @@ T.AbstractButton {
     required property string hint
 
     implicitHeight: content.implicitHeight + topPadding + bottomPadding
-    leftPadding: Theme.gap3
-    rightPadding: Theme.gap3
+    leftPadding: Theme.gap3 - 1
+    rightPadding: Theme.gap3 - 1
     topPadding: 7
     bottomPadding: 7
     focusPolicy: Qt.TabFocus

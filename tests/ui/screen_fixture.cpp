@@ -1,0 +1,176 @@
+#include "screen_fixture.h"
+
+#include "support/manual_clock.h"
+
+#include <QAccessible>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <functional>
+
+namespace pingwell {
+
+namespace {
+
+void visit(QQuickItem *item, const std::function<void(QQuickItem *)> &visitor)
+{
+    if (!item->isVisible())
+        return;
+    visitor(item);
+    const QList<QQuickItem *> children = item->childItems();
+    for (QQuickItem *child : children)
+        visit(child, visitor);
+}
+
+} // namespace
+
+void FixedAppearance::setDark(bool dark)
+{
+    m_dark = dark;
+    emit changed();
+}
+
+Alert makeAlert(const QString &id, const QString &title, double minutes)
+{
+    Alert alert;
+    alert.id = id;
+    alert.workspaceId = QStringLiteral("w1");
+    alert.app = QStringLiteral("Deploy bot");
+    alert.title = title;
+    alert.body = QStringLiteral("All checks passed.");
+    alert.topic = QStringLiteral("deploys");
+    alert.at = dayEnd - Seconds(60 * minutes);
+    return alert;
+}
+
+Alert makeChoice(const QString &id, const QString &title, double minutes)
+{
+    Alert alert = makeAlert(id, title, minutes);
+    alert.kind = AlertKind::ask;
+    alert.actions = {QStringLiteral("Hold"), QStringLiteral("Approve")};
+    return alert;
+}
+
+Alert makeTextAsk(const QString &id, const QString &title, double minutes)
+{
+    Alert alert = makeAlert(id, title, minutes);
+    alert.kind = AlertKind::ask;
+    alert.answerType = AnswerType::text;
+    return alert;
+}
+
+SeedData makeSeed(const QList<Alert> &alerts, WorkspaceRole role)
+{
+    SeedData seed;
+    seed.workspaces = {
+        {QStringLiteral("w1"), QStringLiteral("Platform"), WorkspaceKind::team, role},
+        {QStringLiteral("w2"), QStringLiteral("Personal"), WorkspaceKind::personal, WorkspaceRole::owner}};
+    seed.alerts = alerts;
+    Topic topic;
+    topic.id = QStringLiteral("t1");
+    topic.workspaceId = QStringLiteral("w1");
+    topic.name = QStringLiteral("deploys");
+    seed.topics = {topic};
+    return seed;
+}
+
+Screen::Screen(const QString &component, const SeedData &seed, bool signedIn, const QVariantMap &properties)
+    : m_ownStore(
+          std::make_unique<AppStore>(seed, signedIn, nullptr, dayEnd, nullptr, std::make_shared<ManualClock>(dayEnd)))
+    , m_store(m_ownStore.get())
+{
+    load(component, properties);
+}
+
+Screen::Screen(const QString &component, AppStore &store, const QVariantMap &properties)
+    : m_store(&store)
+{
+    load(component, properties);
+}
+
+void Screen::load(const QString &component, const QVariantMap &properties)
+{
+    m_engine = std::make_unique<UiEngine>(&m_appearance);
+    m_view = std::make_unique<QQuickView>(m_engine.get(), nullptr);
+    QVariantMap initial = properties;
+    initial.insert(QStringLiteral("store"), QVariant::fromValue(m_store));
+    m_view->setInitialProperties(initial);
+    m_view->setResizeMode(QQuickView::SizeRootObjectToView);
+    m_view->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Pingwell/%1.qml").arg(component)));
+    if (m_view->status() != QQuickView::Ready)
+        QTest::qFail("the screen does not load", __FILE__, __LINE__);
+    m_view->resize(m_view->initialSize());
+    m_view->show();
+    m_view->requestActivate();
+    [[maybe_unused]] const bool isActive = QTest::qWaitForWindowActive(m_view.get());
+    settle();
+}
+
+QQuickItem *Screen::find(const QString &identifier) const
+{
+    QQuickItem *found = nullptr;
+    visit(m_view->contentItem(), [&](QQuickItem *item) {
+        if (!found && item->objectName() == identifier)
+            found = item;
+    });
+    return found;
+}
+
+QString Screen::name(const QString &identifier) const
+{
+    auto *const accessible = QAccessible::queryAccessibleInterface(find(identifier));
+    return accessible ? accessible->text(QAccessible::Name) : QString();
+}
+
+int Screen::count(const QString &pattern) const
+{
+    const QRegularExpression expression(QRegularExpression::anchoredPattern(pattern));
+    int count = 0;
+    visit(m_view->contentItem(), [&](QQuickItem *item) {
+        if (expression.match(item->objectName()).hasMatch())
+            ++count;
+    });
+    return count;
+}
+
+void Screen::click(const QString &identifier)
+{
+    QQuickItem *const item = find(identifier);
+    if (!item) {
+        QTest::qFail(qPrintable(QStringLiteral("nothing to click: ") + identifier), __FILE__, __LINE__);
+        return;
+    }
+    const QPointF middle = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
+    QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, middle.toPoint());
+    settle();
+}
+
+void Screen::type(const QString &text)
+{
+    for (const QChar character : text)
+        QTest::sendKeyEvent(QTest::Click, m_view.get(), Qt::Key_unknown, QString(character), {});
+    settle();
+}
+
+void Screen::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(m_view.get(), key, modifiers);
+    settle();
+}
+
+QString Screen::focused() const
+{
+    const QQuickItem *const item = m_view->activeFocusItem();
+    return item ? item->objectName() : QString();
+}
+
+void Screen::settle()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+    m_view->grabWindow();
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+} // namespace pingwell

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "store/app_store.h"
+#include "ui/appearance.h"
+#include "ui/engine.h"
+
+#include <QQuickItem>
+#include <QQuickView>
+
+#include <memory>
+
+namespace pingwell {
+
+/// A desktop's wishes, as the test sets them.
+class FixedAppearance final : public Appearance
+{
+    Q_OBJECT
+
+public:
+    [[nodiscard]] bool isDark() const override { return m_dark; }
+    [[nodiscard]] bool isMotionReduced() const override { return true; }
+    void setDark(bool dark);
+
+private:
+    bool m_dark = false;
+};
+
+/// The instant at which the tests' day ends.
+inline constexpr Instant dayEnd{Seconds(1'800'000'000)};
+
+/// An alert of workspace "w1", posted `minutes` before the day's end.
+[[nodiscard]] Alert makeAlert(const QString &id, const QString &title, double minutes);
+/// The same as an ask with two choices, or answered by text.
+[[nodiscard]] Alert makeChoice(const QString &id, const QString &title, double minutes);
+[[nodiscard]] Alert makeTextAsk(const QString &id, const QString &title, double minutes);
+/// A team workspace "w1" in which the person has `role`, and a personal one, "w2".
+[[nodiscard]] SeedData makeSeed(const QList<Alert> &alerts, WorkspaceRole role = WorkspaceRole::member);
+
+/// A screen in a window of its own, with a store without a service.
+class Screen
+{
+public:
+    Screen(const QString &component, const SeedData &seed, bool signedIn = true, const QVariantMap &properties = {});
+    /// With a store made elsewhere, which outlives it.
+    Screen(const QString &component, AppStore &store, const QVariantMap &properties = {});
+
+    [[nodiscard]] AppStore &store() { return *m_store; }
+    [[nodiscard]] QQuickView &view() { return *m_view; }
+    [[nodiscard]] FixedAppearance &appearance() { return m_appearance; }
+
+    /// The visible element with that identifier; null when there is none.
+    [[nodiscard]] QQuickItem *find(const QString &identifier) const;
+    [[nodiscard]] bool shows(const QString &identifier) const { return find(identifier) != nullptr; }
+    /// What a screen reader reads.
+    [[nodiscard]] QString name(const QString &identifier) const;
+    /// How many visible elements have an identifier that matches.
+    [[nodiscard]] int count(const QString &pattern) const;
+    void click(const QString &identifier);
+    void type(const QString &text);
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// The element that has the keyboard's focus; empty when none does.
+    [[nodiscard]] QString focused() const;
+    /// Lets everything asked for so far happen, drawing included.
+    void settle();
+
+private:
+    void load(const QString &component, const QVariantMap &properties);
+
+    std::unique_ptr<AppStore> m_ownStore;
+    AppStore *m_store;
+    FixedAppearance m_appearance;
+    std::unique_ptr<UiEngine> m_engine;
+    std::unique_ptr<QQuickView> m_view;
+};
+
+} // namespace pingwell
