@@ -8,8 +8,8 @@
 // Made by the build from the module's types. Naming it is what brings the module out of the static library.
 extern void qml_register_types_Pingwell();
 
-// Qt Quick's own start, which shows its items to assistive technology. Its plugin would call it, but this Qt does not load
-// the plugin of a module whose types are linked in.
+// Qt Quick's own start, which shows its items to assistive technology. Its plugin would call it, but this Qt does not
+// load the plugin of a module whose types are linked in.
 extern void QQuick_initializeModule();
 
 namespace pingwell {
