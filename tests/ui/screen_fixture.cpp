@@ -135,6 +135,7 @@ int Screen::count(const QString &pattern) const
 
 void Screen::click(const QString &identifier)
 {
+    settle();
     QQuickItem *const item = find(identifier);
     if (!item) {
         QTest::qFail(qPrintable(QStringLiteral("nothing to click: ") + identifier), __FILE__, __LINE__);

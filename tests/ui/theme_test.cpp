@@ -45,9 +45,18 @@ private slots:
     {
         m_engine = std::make_unique<UiEngine>(&m_appearance);
         QQmlComponent component(m_engine.get());
-        component.setData("import QtQml\nimport Pingwell\nQtObject { readonly property QtObject theme: Theme }", {});
-        m_holder.reset(component.create());
-        m_theme = m_holder ? m_holder->property("theme").value<QObject *>() : nullptr;
+        component.setData("import QtQuick\n"
+                          "import Pingwell\n"
+                          "QtObject {\n"
+                          "    readonly property QtObject theme: Theme\n"
+                          "    property string priority\n"
+                          "    readonly property color ink: Theme.priorityText(priority)\n"
+                          "    readonly property color fill: Theme.priorityFill(priority)\n"
+                          "    readonly property color dot: Theme.priorityDot(priority)\n"
+                          "}",
+                          {});
+        m_view.reset(component.create());
+        m_theme = m_view ? m_view->property("theme").value<QObject *>() : nullptr;
         QVERIFY(m_theme);
     }
 
@@ -91,8 +100,8 @@ private slots:
             m_appearance.setDark(dark);
             for (const auto &priority : rawValues<Priority>) {
                 const QString word = priority.word;
-                compare(colorOf("priorityText", word), colorOf("priorityFill", word), 4.5, word);
-                compare(colorOf("priorityDot", word), color(QStringLiteral("card")), 2.5, word);
+                compare(colorOf("ink", word), colorOf("fill", word), 4.5, word);
+                compare(colorOf("dot", word), color(QStringLiteral("card")), 2.5, word);
             }
         }
     }
@@ -115,11 +124,11 @@ private:
         return value.value<QColor>();
     }
 
-    [[nodiscard]] QColor colorOf(const char *function, const QString &argument) const
+    /// What a view that is bound to the theme's functions sees.
+    [[nodiscard]] QColor colorOf(const char *property, const QString &priority) const
     {
-        QColor result;
-        QMetaObject::invokeMethod(m_theme, function, Q_RETURN_ARG(QColor, result), Q_ARG(QString, argument));
-        return result;
+        m_view->setProperty("priority", priority);
+        return m_view->property(property).value<QColor>();
     }
 
     void compare(const QColor &ink, const QColor &ground, double atLeast, const QString &what) const
@@ -134,7 +143,7 @@ private:
 
     FixedAppearance m_appearance;
     std::unique_ptr<UiEngine> m_engine;
-    std::unique_ptr<QObject> m_holder;
+    std::unique_ptr<QObject> m_view;
     QObject *m_theme = nullptr;
 };
 
