@@ -29,8 +29,12 @@ StoreParts makeStoreParts(const std::shared_ptr<Clock> &clock, const std::shared
                           const std::shared_ptr<UserNotifier> &notifier)
 {
     return {
-        .openPreferences = [](const QString &domain) -> std::shared_ptr<Preferences> {
-            return JsonPreferences::openSuite(domain);
+        .openStandardPreferences =
+            [] {
+                return std::make_shared<JsonPreferences>(JsonPreferences::pathOf(QStringLiteral("com.pingwell.mac")));
+            },
+        .openSuite = [](const QString &name) -> std::shared_ptr<Preferences> {
+            return JsonPreferences::openSuite(name);
         },
         .openKeychain = [] { return std::make_shared<SecretServiceKeychain>(); },
         .openTransport = [] { return std::make_shared<URLSessionTransport>(); },

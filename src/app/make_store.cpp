@@ -9,14 +9,13 @@ namespace pingwell {
 
 namespace {
 
-const QString standardDomain = QStringLiteral("com.pingwell.mac");
-const QString uiTestDomain = QStringLiteral("com.pingwell.mac.uitest");
-const QString liveUITestDomain = QStringLiteral("com.pingwell.mac.uitest-live");
+const QString uiTestSuite = QStringLiteral("com.pingwell.mac.uitest");
+const QString liveUITestSuite = QStringLiteral("com.pingwell.mac.uitest-live");
 
-/// A domain for one run of a test, without what the last one left.
-std::shared_ptr<Preferences> emptied(const QString &domain, const StoreParts &parts)
+/// A suite for one run of a test, without what the last one left.
+std::shared_ptr<Preferences> emptied(const QString &suite, const StoreParts &parts)
 {
-    std::shared_ptr<Preferences> preferences = parts.openPreferences(domain);
+    std::shared_ptr<Preferences> preferences = parts.openSuite(suite);
     check(preferences != nullptr, "the test's preferences can't be opened");
     preferences->removeAll();
     return preferences;
@@ -65,12 +64,12 @@ std::unique_ptr<AppStore> makeLiveStore(const LaunchOptions &options, const std:
 std::shared_ptr<Preferences> openPreferences(const LaunchOptions &options, const StoreParts &parts)
 {
     if (options.isUITest)
-        return emptied(uiTestDomain, parts);
+        return emptied(uiTestSuite, parts);
     if (options.isDemo)
         return nullptr;
     if (options.isLiveUITest)
-        return emptied(liveUITestDomain, parts);
-    return parts.openPreferences(standardDomain);
+        return emptied(liveUITestSuite, parts);
+    return parts.openStandardPreferences();
 }
 
 std::unique_ptr<AppStore> makeStore(const LaunchOptions &options, const std::shared_ptr<Preferences> &preferences,

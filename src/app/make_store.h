@@ -14,8 +14,10 @@ namespace pingwell {
 /// The pieces of the system a store may be built on; each is only opened in the modes that use it.
 struct StoreParts
 {
-    /// Opens a preference domain by name; null when it can't be.
-    std::function<std::shared_ptr<Preferences>(const QString &domain)> openPreferences;
+    /// The person's own preferences; never null, at worst they are forgotten at exit.
+    std::function<std::shared_ptr<Preferences>()> openStandardPreferences;
+    /// A test's preferences by their name; null when they can't be opened.
+    std::function<std::shared_ptr<Preferences>(const QString &name)> openSuite;
     std::function<std::shared_ptr<Keychain>()> openKeychain;
     std::function<std::shared_ptr<HTTPTransport>()> openTransport;
     /// Not called by the automated live test, which must not notify. May be empty: then nobody is notified.

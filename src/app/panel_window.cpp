@@ -7,15 +7,18 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QPainterPath>
 #include <QQuickItem>
+#include <QRegion>
 #include <QScreen>
+
+#include <algorithm>
 
 namespace pingwell {
 
 namespace {
 
 constexpr int panelWidth = 340;
-constexpr int largestHeight = 620;
 
 /// On Wayland the compositor places every window, and tiling ones tile what looks like a tool.
 bool placesOwnWindows()
@@ -35,6 +38,22 @@ const QScreen *screenAt(QPoint position, const QScreen *otherwise)
     return screen ? screen : otherwise;
 }
 
+/// Lets `item` and all in it take their sizes now instead of at the first frame.
+void layOut(QQuickItem *item)
+{
+    const QList<QQuickItem *> children = item->childItems();
+    std::for_each(children.begin(), children.end(), layOut);
+    item->ensurePolished();
+}
+
+/// A rectangle with round corners.
+QRegion roundedRegion(QSize size, double radius)
+{
+    QPainterPath path;
+    path.addRoundedRect(QRectF(QPointF(), size), radius, radius);
+    return {path.toFillPolygon().toPolygon()};
+}
+
 PanelVisibility::TimePoint timeNow()
 {
     return std::chrono::steady_clock::now();
@@ -48,6 +67,8 @@ PanelWindow::PanelWindow(QQmlEngine *engine, AppStore *store)
 {
     setTitle(QStringLiteral("Pingwell"));
     setFlags(panelFlags());
+    // The corners are round.
+    setColor(Qt::transparent);
     setResizeMode(QQuickView::SizeRootObjectToView);
     setInitialProperties({{QStringLiteral("store"), QVariant::fromValue(store)}});
     setSource(screenSource(QStringLiteral("PopoverView")));
@@ -101,13 +122,17 @@ void PanelWindow::noteActive()
 void PanelWindow::place(QPoint position)
 {
     const QRect available = screenAt(position, screen())->availableGeometry();
+    layOut(rootObject());
     const int wanted = qCeil(rootObject()->implicitHeight());
-    const QSize size(panelWidth, qMin(wanted, qMin(largestHeight, available.height())));
+    const QSize size(panelWidth, qMin(wanted, available.height()));
     setMinimumSize(size);
     setMaximumSize(size);
     resize(size);
-    if (placesOwnWindows())
+    if (placesOwnWindows()) {
         setPosition(panelPosition(position, available, size));
+        // An X server without a compositor paints what is transparent black.
+        setMask(roundedRegion(size, rootObject()->property("radius").toReal()));
+    }
 }
 
 bool PanelWindow::hasUnsentReply() const

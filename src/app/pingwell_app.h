@@ -27,7 +27,7 @@ struct AppParts
     std::unique_ptr<SystemEvents> systemEvents;
     std::unique_ptr<AppWindows> windows;
     /// Takes what the person does with notifications; null where nobody is notified.
-    std::shared_ptr<AlertResponses> responses;
+    std::shared_ptr<AlertResponses> responses = nullptr;
     SingleInstance *singleInstance = nullptr;
     /// Takes a URL of the program's own scheme that the desktop was asked to open.
     std::function<void(const QUrl &)> openURL = [](const QUrl &) {};

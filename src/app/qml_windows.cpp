@@ -14,7 +14,8 @@ namespace pingwell {
 namespace {
 
 /// Everything shown works on the software renderer, which costs a fraction of the memory and start-up time of an OpenGL
-/// context and draws the same on every machine. A person who set another backend has a reason.
+/// context and draws the same on every machine. A person who set another backend has a reason. Qt takes the choice only
+/// once.
 void chooseRenderer()
 {
     if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND"))
@@ -35,12 +36,18 @@ QmlWindows::QmlWindows(AppStore *store, LaunchOptions options, std::shared_ptr<P
     , m_preferences(std::move(preferences))
     , m_appearance(std::move(appearance))
 {
+    chooseRenderer();
     m_letGo.setSingleShot(true);
     m_letGo.setInterval(keepClosed);
     connect(&m_letGo, &QTimer::timeout, this, &QmlWindows::letGo);
+    // The start touches much that is never needed again, too.
+    m_letGo.start();
 }
 
-QmlWindows::~QmlWindows() = default;
+QmlWindows::~QmlWindows()
+{
+    destroyWindows();
+}
 
 void QmlWindows::showMain(const QByteArray &activationToken)
 {
@@ -59,10 +66,8 @@ void QmlWindows::togglePanel(QPoint position)
 
 UiEngine *QmlWindows::engine()
 {
-    if (!m_engine) {
-        chooseRenderer();
+    if (!m_engine)
         m_engine = std::make_unique<UiEngine>(m_appearance.get());
-    }
     return m_engine.get();
 }
 
@@ -101,11 +106,19 @@ void QmlWindows::noteVisibility()
         m_letGo.start();
 }
 
-void QmlWindows::letGo()
+void QmlWindows::destroyWindows()
 {
+    // Hidden first: a window that is hidden by its destruction can't remember its place any more.
+    if (m_mainWindow)
+        m_mainWindow->hide();
     m_panelWindow.reset();
     m_mainWindow.reset();
     m_engine.reset();
+}
+
+void QmlWindows::letGo()
+{
+    destroyWindows();
     QPixmapCache::clear();
     releaseUnusedMemory();
 }

@@ -43,6 +43,7 @@ private:
     [[nodiscard]] PanelWindow *panelWindow();
     void showMainFromPanel();
     void noteVisibility();
+    void destroyWindows();
     void letGo();
 
     AppStore *m_store;

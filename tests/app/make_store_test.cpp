@@ -71,7 +71,8 @@ void MakeStoreTest::init()
 std::unique_ptr<AppStore> MakeStoreTest::make(const LaunchOptions &options)
 {
     const StoreParts parts{
-        .openPreferences = [this](const QString &domain) { return m_domains.value(domain); },
+        .openStandardPreferences = [this] { return m_domains.value(u"com.pingwell.mac"_s); },
+        .openSuite = [this](const QString &name) { return m_domains.value(name); },
         .openKeychain =
             [this] {
                 ++m_keychainsOpened;
