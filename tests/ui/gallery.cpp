@@ -96,6 +96,15 @@ QList<Picture> pictures()
     return {
         {QStringLiteral("panel-day"), QStringLiteral("PopoverView"), fullDay, true, {}, none},
         {QStringLiteral("panel-typed"), QStringLiteral("PopoverView"), fullDay, true, {}, typed},
+        {QStringLiteral("panel-keyboard"),
+         QStringLiteral("PopoverView"),
+         fullDay,
+         true,
+         {},
+         [](Screen &screen) {
+             for (int steps = 0; steps < 4; ++steps)
+                 screen.press(Qt::Key_Tab);
+         }},
         {QStringLiteral("panel-menu"),
          QStringLiteral("PopoverView"),
          fullDay,

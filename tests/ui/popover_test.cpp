@@ -232,6 +232,23 @@ private slots:
         QCOMPARE(quits.count(), 2);
     }
 
+    void keyboardReachesEverythingAndSeesIt()
+    {
+        QList<Alert> asks;
+        for (int index = 0; index < 12; ++index)
+            asks << makeChoice(QStringLiteral("a%1").arg(index), QStringLiteral("Ship it?"), index + 1);
+        Screen screen(panel, makeSeed(asks));
+        const QString last = QStringLiteral("popover.ask.a11.action.0");
+        for (int steps = 0; steps < 40 && screen.focused() != last; ++steps)
+            screen.press(Qt::Key_Tab);
+        QCOMPARE(screen.focused(), last);
+        const QQuickItem *const button = screen.find(last);
+        const qreal footer = screen.find(QStringLiteral("popover.open"))->mapToScene({}).y();
+        QVERIFY(button->mapToScene({}).y() + button->height() < footer);
+        screen.press(Qt::Key_Return);
+        QCOMPARE(screen.store().alertWithID(QStringLiteral("a11"))->answer, QStringLiteral("Hold"));
+    }
+
     void workspaceMenuOffersEveryWorkspace()
     {
         Screen screen(panel, makeSeed({}));

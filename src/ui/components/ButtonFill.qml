@@ -25,7 +25,7 @@ Rectangle {
 
     FocusRing {
         target: root
-        radius: root.radius + 2
+        radius: root.radius + 3
         shown: root.control.visualFocus
     }
 }

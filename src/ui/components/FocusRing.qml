@@ -9,10 +9,10 @@ Rectangle {
     property bool shown: false
 
     anchors.fill: root.target
-    anchors.margins: -2
+    anchors.margins: -3
     visible: root.shown
     color: "transparent"
-    radius: Theme.radius + 2
+    radius: Theme.radius + 3
     border.width: 2
     border.color: Theme.focusRing
     Accessible.ignored: true

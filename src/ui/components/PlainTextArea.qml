@@ -17,6 +17,8 @@ Item {
     property real textSize: Theme.sizeBody
     property string identifier
     property int verticalPadding: 5
+    /** Kept free around what scrolls, for the frame. */
+    readonly property int frame: 2
     readonly property int oneLineHeight: Math.ceil(metrics.lineSpacing) + 2 * root.verticalPadding
     readonly property int largestHeight: Math.ceil(metrics.lineSpacing * root.maximumLines) + 2 * root.verticalPadding
 
@@ -34,8 +36,8 @@ Item {
     /** Scrolls so that the caret is seen. */
     function followCaret() {
         const caret = area.cursorRectangle
-        scroll.contentY = Math.max(caret.y + caret.height + root.verticalPadding - scroll.height,
-                                   Math.min(scroll.contentY, caret.y - root.verticalPadding))
+        const lowest = caret.y + area.y + caret.height + root.verticalPadding - root.frame - scroll.height
+        scroll.contentY = Math.max(lowest, Math.min(scroll.contentY, caret.y - root.verticalPadding))
     }
 
     FontMetrics {
@@ -54,8 +56,8 @@ Item {
         id: scroll
 
         anchors.fill: parent
-        anchors.margins: 2
-        contentHeight: area.height - 4
+        anchors.margins: root.frame
+        contentHeight: area.height - 2 * root.frame
         boundsBehavior: Flickable.StopAtBounds
         clip: interactive
         interactive: contentHeight > height
@@ -65,13 +67,13 @@ Item {
             id: area
 
             objectName: root.identifier
-            y: -2
+            y: -root.frame
             width: scroll.width
             height: Math.ceil(contentHeight) + 2 * root.verticalPadding
             topPadding: root.verticalPadding
             bottomPadding: root.verticalPadding
-            leftPadding: Theme.gap2 - 2
-            rightPadding: Theme.gap2 - 2
+            leftPadding: Theme.gap2 - root.frame
+            rightPadding: Theme.gap2 - root.frame
             font.pointSize: root.textSize * 0.75
             renderType: Text.NativeRendering
             textFormat: TextEdit.PlainText

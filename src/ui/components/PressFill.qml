@@ -16,7 +16,7 @@ Rectangle {
 
     FocusRing {
         target: root
-        radius: root.radius + 2
+        radius: root.radius + 3
         shown: root.control.visualFocus
     }
 }

@@ -6,14 +6,28 @@ import Pingwell
 Flickable {
     id: root
 
+    readonly property Item focused: Window.activeFocusItem
+
     contentWidth: width
     boundsBehavior: Flickable.StopAtBounds
     clip: true
     flickableDirection: Flickable.VerticalFlick
     interactive: contentHeight > height
     onContentHeightChanged: if (!moving) returnToBounds()
+    onFocusedChanged: root.revealFocused()
 
     T.ScrollBar.vertical: SlimScrollBar {}
+
+    /** Who moves through the controls with the keyboard sees the one they are at. */
+    function revealFocused() {
+        for (let item = focused; item; item = item.parent) {
+            if (item === contentItem) {
+                const top = focused.mapToItem(contentItem, 0, 0).y
+                reveal(top, top + focused.height)
+                return
+            }
+        }
+    }
 
     /** Scrolls so little that the area from `top` to `bottom`, in content coordinates, is seen. */
     function reveal(top: real, bottom: real) {

@@ -36,7 +36,7 @@ Rectangle {
 
     FocusRing {
         target: root
-        radius: root.radius + 2
+        radius: root.radius + 3
         shown: root.control.visualFocus
     }
 }
