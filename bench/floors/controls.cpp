@@ -1,5 +1,6 @@
 // F-controls: one small window of stock Controls on the software renderer.
 #include <QGuiApplication>
+#include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickView>
 

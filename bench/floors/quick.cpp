@@ -1,5 +1,6 @@
 // F-quick: an empty Qt Quick window on the software renderer.
 #include <QGuiApplication>
+#include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickView>
 

@@ -241,8 +241,5 @@ private slots:
     }
 };
 
-Q_DECLARE_METATYPE(pingwell::JSON)
-Q_DECLARE_METATYPE(std::optional<pingwell::APIError>)
-Q_DECLARE_METATYPE(std::optional<QString>)
 QTEST_GUILESS_MAIN(TestAPIClient)
 #include "test_api_client.moc"

@@ -34,7 +34,6 @@ Ending endingOf(QCoro::Task<Value> task)
 
 } // namespace
 
-Q_DECLARE_METATYPE(Operation)
 
 class TestEndpoints : public QObject
 {

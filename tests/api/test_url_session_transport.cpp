@@ -248,8 +248,5 @@ private:
     std::shared_ptr<URLSessionTransport> m_transport;
 };
 
-Q_DECLARE_METATYPE(std::optional<QByteArray>)
-Q_DECLARE_METATYPE(std::chrono::milliseconds)
-Q_DECLARE_METATYPE(pingwell::LoopbackServer::Script)
 QTEST_GUILESS_MAIN(TestURLSessionTransport)
 #include "test_url_session_transport.moc"

@@ -117,7 +117,6 @@ using Change = std::function<void(Dashboard &)>;
 
 } // namespace
 
-Q_DECLARE_METATYPE(Change)
 
 class TestWireMapping : public QObject
 {
@@ -403,6 +402,5 @@ private slots:
     }
 };
 
-Q_DECLARE_METATYPE(std::optional<pingwell::Account>)
 QTEST_GUILESS_MAIN(TestWireMapping)
 #include "test_wire_mapping.moc"

@@ -53,7 +53,6 @@ void LaunchOptionsTest::parse()
     QVERIFY(LaunchOptions::parse(arguments, environment) == expected);
 }
 
-Q_DECLARE_METATYPE(LaunchOptions)
 
 QTEST_GUILESS_MAIN(LaunchOptionsTest)
 #include "launch_options_test.moc"

@@ -6,7 +6,6 @@
 
 using namespace pingwell;
 
-Q_DECLARE_METATYPE(pingwell::KeychainStatus)
 
 namespace {
 

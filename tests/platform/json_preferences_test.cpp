@@ -57,7 +57,6 @@ bool succeeded(pid_t child)
 
 } // namespace
 
-Q_DECLARE_METATYPE(Write)
 
 class JsonPreferencesTest : public QObject
 {
