@@ -1,4 +1,5 @@
 #include "app/composition.h"
+#include "platform/quit_signals.h"
 #include "platform/ui_test_bridge.h"
 #include "ui/accessibility_snapshot.h"
 
@@ -45,6 +46,8 @@ int run(int &argc, char **argv, SingleInstance *instance)
     QObject::connect(app.get(), &PingwellApp::quitRequested, &application, &QCoreApplication::quit,
                      Qt::QueuedConnection);
     const std::unique_ptr<UITestBridge> bridge = makeBridge(options);
+    const QuitSignals quitSignals;
+    QObject::connect(&quitSignals, &QuitSignals::quitRequested, &application, &QCoreApplication::quit);
     app->start();
     const int status = QApplication::exec();
     app.reset();

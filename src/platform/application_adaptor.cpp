@@ -36,14 +36,15 @@ QStringList acceptableTexts(const QList<QUrl> &urls)
     return texts;
 }
 
-ApplicationAdaptor::ApplicationAdaptor(QObject *served)
+ApplicationAdaptor::ApplicationAdaptor(SingleInstance *served)
     : QDBusAbstractAdaptor(served)
+    , m_served(served)
 {
 }
 
 void ApplicationAdaptor::Activate(const QVariantMap &platformData)
 {
-    emit activated(activationTokenOf(platformData));
+    emit m_served->activated(activationTokenOf(platformData));
 }
 
 void ApplicationAdaptor::Open(const QStringList &texts, const QVariantMap &platformData)
@@ -56,7 +57,7 @@ void ApplicationAdaptor::Open(const QStringList &texts, const QVariantMap &platf
             urls << url;
     }
     if (!urls.isEmpty())
-        emit opened(urls, activationTokenOf(platformData));
+        emit m_served->opened(urls, activationTokenOf(platformData));
 }
 
 void ApplicationAdaptor::ActivateAction(const QString &, const QVariantList &, const QVariantMap &) {}

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/single_instance.h"
+
 #include <QDBusAbstractAdaptor>
 #include <QUrl>
 
@@ -16,7 +18,8 @@ class ApplicationAdaptor final : public QDBusAbstractAdaptor
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    explicit ApplicationAdaptor(QObject *served);
+    /// Tells `served`, its parent, what was called. It has no signals of its own: Qt would send them over the bus.
+    explicit ApplicationAdaptor(SingleInstance *served);
 
 public slots:
     void Activate(const QVariantMap &platformData);
@@ -24,9 +27,8 @@ public slots:
     /// The program offers no actions; none does anything.
     void ActivateAction(const QString &action, const QVariantList &parameters, const QVariantMap &platformData);
 
-signals:
-    void activated(const QByteArray &activationToken);
-    void opened(const QList<QUrl> &urls, const QByteArray &activationToken);
+private:
+    SingleInstance *m_served;
 };
 
 } // namespace pingwell

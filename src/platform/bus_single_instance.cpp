@@ -26,9 +26,7 @@ BusSingleInstance::BusSingleInstance(QObject *parent)
     , m_activationToken(qgetenv("XDG_ACTIVATION_TOKEN"))
     , m_startupId(qgetenv("DESKTOP_STARTUP_ID"))
 {
-    auto *const adaptor = new ApplicationAdaptor(this);
-    connect(adaptor, &ApplicationAdaptor::activated, this, &SingleInstance::activated);
-    connect(adaptor, &ApplicationAdaptor::opened, this, &SingleInstance::opened);
+    new ApplicationAdaptor(this);
 }
 
 BusSingleInstance::~BusSingleInstance()
