@@ -190,7 +190,7 @@ public:
     Q_INVOKABLE void dismissNotificationPrompt();
 
     /// Shows a message for a few seconds; an empty one is none.
-    void showToast(const QString &message, bool isError);
+    Q_INVOKABLE void showToast(const QString &message, bool isError);
 
 signals:
     void alertsChanged();

@@ -1,7 +1,11 @@
 // Draws the screens in every state into pictures, to be looked at: gallery <folder> [font family].
 
+#include "../notify/fake_notification_center.h"
 #include "app/demo_data.h"
+#include "auth/web_authenticator.h"
 #include "screen_fixture.h"
+#include "store_fixture.h"
+#include "ui/notification_access.h"
 
 #include <QDir>
 #include <QFont>
@@ -135,8 +139,16 @@ QList<Picture> pictures()
         {QStringLiteral("main-empty"), QStringLiteral("RootView"), emptyDay, true, window, none},
         {QStringLiteral("main-sheet"), QStringLiteral("RootView"), fullDay, true, window,
          [](Screen &screen) { screen.store().setIsCreatingWorkspace(true); }},
-        {QStringLiteral("sign-in"), QStringLiteral("RootView"), emptyDay, false, window, none},
     };
+}
+
+void save(Screen &screen, const QString &name, const QDir &folder)
+{
+    screen.settle();
+    const QString scheme = screen.appearance().isDark() ? QStringLiteral("dark") : QStringLiteral("light");
+    const QString path = folder.filePath(QStringLiteral("%1-%2.png").arg(name, scheme));
+    screen.view().setColor(Qt::gray);
+    screen.view().grabWindow().save(path);
 }
 
 void draw(const Picture &picture, const QDir &folder, bool dark)
@@ -147,11 +159,68 @@ void draw(const Picture &picture, const QDir &folder, bool dark)
         screen.view().resize(picture.size);
     screen.settle();
     picture.prepare(screen);
-    screen.settle();
-    const QString scheme = dark ? QStringLiteral("dark") : QStringLiteral("light");
-    const QString path = folder.filePath(QStringLiteral("%1-%2.png").arg(picture.name, scheme));
-    screen.view().setColor(Qt::gray);
-    screen.view().grabWindow().save(path);
+    save(screen, picture.name, folder);
+}
+
+/// A program that has a service and a desktop.
+struct LivePicture
+{
+    QString name;
+    bool signedIn = false;
+    std::function<void(StoreFixture &)> prepare;
+    AuthorizationStatus status = AuthorizationStatus::denied;
+    QSize size{1080, 680};
+};
+
+QList<LivePicture> livePictures()
+{
+    const auto none = [](StoreFixture &) {};
+    const auto signingIn = [](StoreFixture &live) { live.store->signIn(QStringLiteral("github")); };
+    const auto refused = [](StoreFixture &live) {
+        live.store->endSession(QStringLiteral("Your session has ended. Sign in again."));
+    };
+    const auto wrongAddress = [](StoreFixture &live) {
+        live.store->setServer(ServerKind::selfHosted);
+        live.store->setSelfHostedURL(QStringLiteral("ftp://alerts.example.org"));
+    };
+    const auto emptyAddress = [](StoreFixture &live) { live.store->setServer(ServerKind::selfHosted); };
+    return {
+        {QStringLiteral("sign-in"), false, none},
+        {QStringLiteral("sign-in-waiting"), false, signingIn},
+        {QStringLiteral("sign-in-error"), false, refused},
+        {QStringLiteral("sign-in-address"), false, wrongAddress},
+        {QStringLiteral("sign-in-low"), false, emptyAddress, AuthorizationStatus::denied, {760, 480}},
+        {QStringLiteral("prompt-ask"), true, none, AuthorizationStatus::notDetermined},
+        {QStringLiteral("prompt-denied"), true, none},
+    };
+}
+
+void draw(const LivePicture &picture, const QDir &folder, bool dark)
+{
+    StoreFixture live;
+    if (!picture.signedIn)
+        live.tokens->clear();
+    const auto browser = std::make_shared<WebAuthenticator>([](const QUrl &) { return true; }, live.clock);
+    live.backend->authenticate = [browser](QUrl url, QString scheme) { return browser->authenticate(url, scheme); };
+    live.transport->always("GET", "/auth/providers", ScriptedAnswer::noAnswer());
+    const auto center = std::make_shared<FakeNotificationCenter>();
+    center->status = picture.status;
+    NotificationAccess access(center);
+    DashboardJSON dashboard;
+    dashboard.alerts = {askJSON(QStringLiteral("a1"), 60), alertJSON(QStringLiteral("a2"), 300)};
+    if (picture.signedIn)
+        live.startWith(dashboard);
+    else
+        live.start();
+    {
+        Screen screen(QStringLiteral("RootView"), *live.store,
+                      {{QStringLiteral("notifications"), QVariant::fromValue(&access)}});
+        screen.appearance().setDark(dark);
+        screen.view().resize(picture.size);
+        picture.prepare(live);
+        save(screen, picture.name, folder);
+    }
+    browser->cancel();
 }
 
 } // namespace
@@ -168,6 +237,10 @@ int main(int argc, char **argv)
         QGuiApplication::setFont(QFont(arguments.at(2)));
     QDir().mkpath(arguments.at(1));
     for (const Picture &picture : pictures()) {
+        draw(picture, QDir(arguments.at(1)), false);
+        draw(picture, QDir(arguments.at(1)), true);
+    }
+    for (const LivePicture &picture : livePictures()) {
         draw(picture, QDir(arguments.at(1)), false);
         draw(picture, QDir(arguments.at(1)), true);
     }

@@ -107,6 +107,29 @@ private slots:
         QVERIFY(!screen.store().isCreatingWorkspace());
     }
 
+    void requestedReplyIsWrittenAtOnce()
+    {
+        const QString first = QStringLiteral("a1");
+        const QString second = QStringLiteral("a2");
+        AppStore store(
+            makeSeed({makeTextAsk(first, QStringLiteral("Why?"), 5), makeTextAsk(second, QStringLiteral("When?"), 6)}),
+            true, nullptr, dayEnd, nullptr, std::make_shared<ManualClock>(dayEnd));
+        store.revealAlert(first);
+        store.requestReply(first);
+        Screen screen(root, store);
+        QCOMPARE(screen.focused(), QStringLiteral("detail.reply"));
+        QVERIFY(store.requestedReplyID().isEmpty());
+
+        screen.type(QStringLiteral("So"));
+        store.revealAlert(second);
+        store.requestReply(second);
+        screen.settle();
+        screen.type(QStringLiteral("Soon"));
+        QCOMPARE(store.replyDraft(first), QStringLiteral("So"));
+        QCOMPARE(store.replyDraft(second), QStringLiteral("Soon"));
+        QVERIFY(store.requestedReplyID().isEmpty());
+    }
+
     void snapshotTellsWhatIsSeen()
     {
         Screen screen(root, makeSeed({makeTextAsk(QStringLiteral("a1"), QStringLiteral("Why?"), 5)}));

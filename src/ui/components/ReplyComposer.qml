@@ -16,8 +16,14 @@ Item {
     readonly property string alertID: root.alert.id
 
     implicitHeight: root.topPadding + field.height
-    Component.onCompleted: root.followDraft()
-    onAlertIDChanged: root.followDraft()
+    Component.onCompleted: root.takeAlert()
+    onAlertIDChanged: root.takeAlert()
+    Window.onActiveChanged: root.takeFocus()
+
+    function takeAlert() {
+        root.followDraft()
+        root.takeFocus()
+    }
 
     /** Shows the store's draft where the field holds something else. */
     function followDraft() {
@@ -34,6 +40,14 @@ Item {
         area.cursorPosition = Math.min(caret, area.length)
     }
 
+    /** Takes the focus where this reply is asked for; only in the window in use, for others may show the same alert. */
+    function takeFocus() {
+        if (root.store.requestedReplyID !== root.alertID || !root.Window.active)
+            return
+        field.area.forceActiveFocus(Qt.OtherFocusReason)
+        root.store.requestedReplyID = ""
+    }
+
     function send() {
         root.store.answer(root.alertID, field.text)
     }
@@ -44,6 +58,9 @@ Item {
         function onReplyDraftChanged(alertID: string) {
             if (alertID === root.alertID)
                 root.followDraft()
+        }
+        function onRequestedReplyIDChanged() {
+            root.takeFocus()
         }
     }
 

@@ -6,6 +6,10 @@ Item {
     id: root
 
     required property AppStore store
+    // Null where there are none.
+    property NotificationAccess notifications: null
+
+    Component.onCompleted: root.notifications?.considerPrompt(root.store)
 
     Sidebar {
         id: sidebar
@@ -60,5 +64,10 @@ Item {
 
     CreateWorkspaceSheet {
         store: root.store
+    }
+
+    NotificationPromptSheet {
+        store: root.store
+        notifications: root.notifications
     }
 }

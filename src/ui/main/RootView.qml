@@ -8,6 +8,8 @@ Rectangle {
     id: root
 
     required property AppStore store
+    // Null where there are none.
+    property NotificationAccess notifications: null
     property bool popoverPreview: false
     readonly property string screen: root.popoverPreview ? "preview"
         : !root.store.isSignedIn ? "signIn"
@@ -52,6 +54,7 @@ Rectangle {
         delegate: MainView {
             anchors.fill: parent
             store: root.store
+            notifications: root.notifications
         }
     }
 

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "api/api_client.h"
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+namespace pingwell {
+
+/// The rules of a server's address, for the screens.
+class ServerAddress : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    /// The host of the service that is managed for the person.
+    Q_PROPERTY(QString cloudHost READ cloudHost CONSTANT)
+
+public:
+    using QObject::QObject;
+
+    [[nodiscard]] QString cloudHost() const { return APIClient::defaultBaseURL().host(); }
+    /// Whether a session can be made against what was typed.
+    Q_INVOKABLE bool isUsable(const QString &text) const { return APIClient::normalizedBaseURL(text).has_value(); }
+};
+
+} // namespace pingwell
