@@ -93,8 +93,11 @@ std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstanc
     parts.store = makeStore(options, preferences, storeParts);
     parts.badge = std::make_unique<LauncherEntryBadge>();
     parts.systemEvents = std::make_unique<LogindSystemEvents>();
-    parts.windows =
-        std::make_unique<QmlWindows>(parts.store.get(), options, preferences, std::make_unique<DesktopAppearance>());
+    std::unique_ptr<NotificationAccess> access;
+    if (center)
+        access = std::make_unique<NotificationAccess>(center);
+    parts.windows = std::make_unique<QmlWindows>(parts.store.get(), options, preferences,
+                                                 std::make_unique<DesktopAppearance>(), std::move(access));
     if (notifier) {
         parts.responses = std::make_shared<NotificationResponses>(parts.store.get(), parts.windows.get());
         notifier->setResponses(parts.responses);

@@ -3,6 +3,7 @@
 #include "app/launch_options.h"
 #include "model/preferences.h"
 #include "store/app_store.h"
+#include "ui/notification_access.h"
 
 #include <QQuickView>
 
@@ -17,7 +18,8 @@ class MainWindow final : public QQuickView
     Q_OBJECT
 
 public:
-    MainWindow(QQmlEngine *engine, AppStore *store, const LaunchOptions &options,
+    /// `notifications` is null where there are none; it and `store` outlive the window.
+    MainWindow(QQmlEngine *engine, AppStore *store, NotificationAccess *notifications, const LaunchOptions &options,
                std::shared_ptr<Preferences> preferences);
     ~MainWindow() override;
 
