@@ -42,6 +42,7 @@ Column {
     Column {
         width: root.width
         visible: root.selfHosted
+        topPadding: Theme.gap1
         spacing: Theme.gap1
 
         SectionLabel {

@@ -25,6 +25,9 @@ Column {
 
     PlainText {
         width: root.width
+        // Two lines of about the same length instead of one and a word.
+        leftPadding: Theme.gap5
+        rightPadding: Theme.gap5
         horizontalAlignment: Text.AlignHCenter
         wrapMode: Text.Wrap
         text: "Get pinged when your agents finish, fail or need a decision."
