@@ -19,10 +19,10 @@ T.AbstractButton {
     opacity: enabled ? 1 : Theme.disabledOpacity
     onClicked: root.toggleRequested(!root.on)
     Keys.onReturnPressed: root.clicked()
-    Accessible.role: Accessible.CheckBox
+    // What makes it a check box to assistive technology: the control sets its own role.
+    checkable: true
+    checked: root.on
     Accessible.name: root.label
-    Accessible.checkable: true
-    Accessible.checked: root.on
     Accessible.description: root.on ? "on" : "off"
 
     contentItem: Row {
