@@ -15,6 +15,7 @@
 #include "platform/json_preferences.h"
 #include "platform/launcher_entry_badge.h"
 #include "platform/logind_system_events.h"
+#include "platform/scheme_registration.h"
 #include "platform/secret_service_keychain.h"
 #include "platform/status_notifier_item.h"
 
@@ -52,6 +53,18 @@ StoreParts makeStoreParts(const std::shared_ptr<Clock> &clock, const std::shared
 bool isOwnProgram(const LaunchOptions &options)
 {
     return options.isLive() && !options.isLiveUITest;
+}
+
+/// What the person's own program makes sure of at every start: that it starts at log-in, if it was never asked not to,
+/// and that the browser finds it.
+void settleIn(Preferences &preferences)
+{
+    const QString program = QCoreApplication::applicationFilePath();
+    AutostartLoginItem loginItem(program);
+    offerLaunchAtLoginOnce(loginItem, preferences);
+    const SchemeRegistration scheme(program);
+    if (scheme.update())
+        scheme.announce();
 }
 
 } // namespace
@@ -101,8 +114,7 @@ std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstanc
     if (notifier) {
         parts.responses = std::make_shared<NotificationResponses>(parts.store.get(), parts.windows.get());
         notifier->setResponses(parts.responses);
-        AutostartLoginItem loginItem(QCoreApplication::applicationFilePath());
-        offerLaunchAtLoginOnce(loginItem, *preferences);
+        settleIn(*preferences);
     }
     return std::make_unique<PingwellApp>(options, std::move(parts));
 }

@@ -1,11 +1,11 @@
 #include "platform/autostart_login_item.h"
 
+#include "platform/desktop_entry.h"
 #include "platform/key_file.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -20,45 +20,21 @@ const QString hiddenKey = QStringLiteral("Hidden");
 /// What GNOME's tools write to switch an entry off.
 const QString gnomeEnabledKey = QStringLiteral("X-GNOME-Autostart-enabled");
 
-/// `text` as a value of a desktop entry.
-QString escaped(QString text)
+QStringList entryFor(const QString &programPath)
 {
-    text.replace(u'\\', QStringLiteral("\\\\"));
-    text.replace(u'\n', QStringLiteral("\\n"));
-    return text;
-}
-
-/// `path` as the program of an Exec line: quoted, with the characters that mean something there escaped.
-QString quotedForExec(const QString &path)
-{
-    QString quoted;
-    for (const QChar character : path) {
-        if (QStringLiteral("\"`$\\").contains(character))
-            quoted += u'\\';
-        quoted += character;
-        if (character == u'%')
-            quoted += character;
-    }
-    return u'"' + quoted + u'"';
-}
-
-QByteArray entryFor(const QString &programPath)
-{
-    const QStringList lines{
-        QStringLiteral("[Desktop Entry]"),
+    return {
         QStringLiteral("Type=Application"),
         QStringLiteral("Version=1.4"),
         QStringLiteral("Name=Pingwell"),
         QStringLiteral("Comment=Answer the questions your AI agents ask"),
-        QStringLiteral("Exec=") + escaped(quotedForExec(programPath)),
+        QStringLiteral("Exec=") + desktopEntryProgram(programPath),
         // An uninstalled program is passed over in silence.
-        QStringLiteral("TryExec=") + escaped(programPath),
+        QStringLiteral("TryExec=") + desktopEntryValue(programPath),
         QStringLiteral("Icon=com.pingwell.mac"),
         QStringLiteral("Terminal=false"),
         QStringLiteral("StartupNotify=false"),
         gnomeEnabledKey + QStringLiteral("=true"),
     };
-    return (lines.join(u'\n') + u'\n').toUtf8();
 }
 
 bool isProgramThere(const QString &tryExec)
@@ -104,7 +80,7 @@ AutostartLoginItem::AutostartLoginItem(QString programPath, AutostartFolders fol
 
 std::optional<QString> AutostartLoginItem::registerProgram()
 {
-    return write(entryFor(m_programPath));
+    return writeDesktopEntry(m_ownFile, entryFor(m_programPath));
 }
 
 std::optional<QString> AutostartLoginItem::unregisterProgram()
@@ -113,7 +89,8 @@ std::optional<QString> AutostartLoginItem::unregisterProgram()
                                         [](const QString &path) { return QFileInfo::exists(path); });
     // Without a file of the person's the system's would count.
     if (isInSystem)
-        return write(QByteArrayLiteral("[Desktop Entry]\nType=Application\nName=Pingwell\nHidden=true\n"));
+        return writeDesktopEntry(m_ownFile, {QStringLiteral("Type=Application"), QStringLiteral("Name=Pingwell"),
+                                             hiddenKey + QStringLiteral("=true")});
     QFile file(m_ownFile);
     if (file.remove() || !file.exists())
         return std::nullopt;
@@ -136,17 +113,6 @@ bool AutostartLoginItem::isProgramInstalled() const
     static const QStringList folders{QStringLiteral("/usr/"), QStringLiteral("/usr/local/"), QStringLiteral("/opt/")};
     const QString path = QDir::cleanPath(m_programPath);
     return std::any_of(folders.begin(), folders.end(), [&](const QString &folder) { return path.startsWith(folder); });
-}
-
-std::optional<QString> AutostartLoginItem::write(const QByteArray &entry) const
-{
-    const QString folder = QFileInfo(m_ownFile).path();
-    if (!QDir().mkpath(folder))
-        return QString(QStringLiteral("can't make the folder ") + folder);
-    QSaveFile file(m_ownFile);
-    if (file.open(QIODevice::WriteOnly) && file.write(entry) == entry.size() && file.commit())
-        return std::nullopt;
-    return file.errorString();
 }
 
 } // namespace pingwell

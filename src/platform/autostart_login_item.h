@@ -32,8 +32,6 @@ public:
     [[nodiscard]] bool isProgramInstalled() const override;
 
 private:
-    [[nodiscard]] std::optional<QString> write(const QByteArray &entry) const;
-
     QString m_programPath;
     QString m_ownFile;
     QStringList m_systemFiles;
