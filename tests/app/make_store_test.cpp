@@ -1,4 +1,5 @@
 #include "app/make_store.h"
+#include "auth/fake_keychain.h"
 #include "store/preference_keys.h"
 #include "support/manual_clock.h"
 #include "support/memory_preferences.h"
@@ -10,153 +11,113 @@ using namespace pingwell;
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// Holds no item, and remembers that it was asked for one.
-class EmptyKeychain final : public Keychain
-{
-public:
-    KeychainItem copyMatching(const QString &, const QString &) override
-    {
-        return {.status = KeychainStatus::itemNotFound, .data = {}};
-    }
-    KeychainStatus store(const QString &, const QString &, const QByteArray &) override
-    {
-        return KeychainStatus::unavailable;
-    }
-    KeychainStatus remove(const QString &, const QString &) override { return KeychainStatus::unavailable; }
-    KeychainStatus unlock(std::stop_token) override { return KeychainStatus::unavailable; }
-};
-
-} // namespace
-
 /// Each mode with the pieces of the system in memory, counting what was opened.
 class MakeStoreTest : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void uiTestStartsCleanAndSignedIn();
-    void uiTestCanStartSignedOut();
-    void demoRemembersNothing();
-    void liveTestStartsClean();
-    void livePrefersTheGivenSessionAndServer();
-    void theClockRuns();
-
 private:
-    std::unique_ptr<AppStore> make(const LaunchOptions &options);
-
     QMap<QString, std::shared_ptr<MemoryPreferences>> m_domains;
-    std::shared_ptr<ScriptedTransport> m_transport;
-    std::shared_ptr<ManualClock> m_clock;
-    int m_keychainsOpened = 0;
-    int m_transportsOpened = 0;
-};
+    std::shared_ptr<ScriptedTransport> m_transport = std::make_shared<ScriptedTransport>();
+    std::shared_ptr<ManualClock> m_clock = std::make_shared<ManualClock>(instantFromMilliseconds(1'700'000'000'000.0));
+    QStringList m_opened;
 
-void MakeStoreTest::init()
-{
-    m_domains.clear();
-    for (const QString &domain :
-         {u"com.pingwell.mac"_s, u"com.pingwell.mac.uitest"_s, u"com.pingwell.mac.uitest-live"_s}) {
-        m_domains.insert(domain, std::make_shared<MemoryPreferences>());
-        m_domains.value(domain)->setString(preference_keys::selfHostedURL, u"left.example"_s);
+    std::unique_ptr<AppStore> make(const LaunchOptions &options)
+    {
+        const StoreParts parts{
+            .openStandardPreferences = [this] { return m_domains.value(u"com.pingwell.mac"_s); },
+            .openSuite = [this](const QString &name) { return m_domains.value(name); },
+            .openKeychain = [this] { return m_opened << u"keychain"_s, std::make_shared<FakeKeychain>(); },
+            .openTransport = [this] { return m_opened << u"transport"_s, m_transport; },
+            .openNotifier = {},
+            .authenticate = {},
+            .cancelAuthentication = {},
+            .clock = m_clock,
+            .hostName = u"workbench"_s,
+            .version = u"1.2.3"_s,
+        };
+        return makeStore(options, openPreferences(options, parts), parts);
     }
-    m_transport = std::make_shared<ScriptedTransport>();
-    m_clock = std::make_shared<ManualClock>(instantFromMilliseconds(1'700'000'000'000.0));
-    m_keychainsOpened = 0;
-    m_transportsOpened = 0;
-}
 
-std::unique_ptr<AppStore> MakeStoreTest::make(const LaunchOptions &options)
-{
-    const StoreParts parts{
-        .openStandardPreferences = [this] { return m_domains.value(u"com.pingwell.mac"_s); },
-        .openSuite = [this](const QString &name) { return m_domains.value(name); },
-        .openKeychain =
-            [this] {
-                ++m_keychainsOpened;
-                return std::make_shared<EmptyKeychain>();
-            },
-        .openTransport =
-            [this] {
-                ++m_transportsOpened;
-                return m_transport;
-            },
-        .openNotifier = {},
-        .authenticate = {},
-        .cancelAuthentication = {},
-        .clock = m_clock,
-        .hostName = u"workbench"_s,
-        .version = u"1.2.3"_s,
-    };
-    return makeStore(options, openPreferences(options, parts), parts);
-}
+private slots:
+    void parse()
+    {
+        const std::pair<QStringList, LaunchOptions> cases[] = {
+            {{u"-uitest"_s}, {.isUITest = true, .isDemo = true}},
+            {{u"-uitest-live"_s}, {.isLiveUITest = true}},
+            {{u"-uitest-popover"_s, u"-uitest-signed-out"_s, u"-uitest"_s},
+             {.isUITest = true, .isDemo = true, .signedOut = true, .popoverPreview = true}},
+            {{u"-uitest2"_s, u"x-demo"_s, u"--demo"_s}, {}},
+            {{u"-apiBaseURL"_s, u"a.example"_s, u"-apiBaseURL"_s, u"b.example"_s},
+             {.apiBaseURL = QUrl(u"https://a.example"_s)}},
+            {{u"-demo"_s, u"-apiBaseURL"_s, u"ftp://a.example"_s}, {.isDemo = true}}};
+        for (const auto &[arguments, expected] : cases) {
+            QVERIFY2(LaunchOptions::parse(QStringList(u"pingwell"_s) + arguments, {}) == expected,
+                     qPrintable(arguments.join(u' ')));
+        }
+    }
 
-void MakeStoreTest::uiTestStartsCleanAndSignedIn()
-{
-    const auto store = make({.isUITest = true, .isDemo = true});
-    QVERIFY(store->isSignedIn() && !store->isLive() && store->hasLoaded());
-    QVERIFY(store->selfHostedURL().isEmpty());
-    QCOMPARE(store->activeWorkspaceID(), u"w1"_s);
-    QCOMPARE(store->needsReplyCount(), qsizetype(3));
-    QCOMPARE(m_transportsOpened + m_keychainsOpened, 0);
-    QVERIFY(m_domains[u"com.pingwell.mac"_s]->contains(preference_keys::selfHostedURL));
-}
+    void init()
+    {
+        m_domains.clear();
+        for (const QString &domain : {QString(), u".uitest"_s, u".uitest-live"_s}) {
+            const auto preferences = std::make_shared<MemoryPreferences>();
+            preferences->setString(preference_keys::selfHostedURL, u"left.example"_s);
+            m_domains.insert(u"com.pingwell.mac"_s + domain, preferences);
+        }
+        m_opened.clear();
+    }
 
-void MakeStoreTest::uiTestCanStartSignedOut()
-{
-    m_domains[u"com.pingwell.mac.uitest"_s]->setString(preference_keys::sessionProvider, u"github"_s);
-    const auto store = make({.isUITest = true, .isDemo = true, .signedOut = true});
-    QVERIFY(!store->isSignedIn());
-    QVERIFY(!m_domains[u"com.pingwell.mac.uitest"_s]->contains(preference_keys::sessionProvider));
-}
+    void uiTestStartsClean()
+    {
+        const auto store = make({.isUITest = true, .isDemo = true});
+        QVERIFY(store->isSignedIn() && !store->isLive() && store->hasLoaded());
+        QVERIFY(store->selfHostedURL().isEmpty());
+        QCOMPARE(store->needsReplyCount(), qsizetype(3));
+        m_domains[u"com.pingwell.mac.uitest"_s]->setString(preference_keys::sessionProvider, u"github"_s);
+        QVERIFY(!make({.isUITest = true, .isDemo = true, .signedOut = true})->isSignedIn());
+        QVERIFY(m_opened.isEmpty());
+        QVERIFY(m_domains[u"com.pingwell.mac"_s]->contains(preference_keys::selfHostedURL));
+    }
 
-void MakeStoreTest::demoRemembersNothing()
-{
-    const auto store = make({.isDemo = true});
-    QCOMPARE(store->account()->name, u"Robin Vale"_s);
-    QCOMPARE(store->account()->provider, AuthProvider::google);
-    store->setSelfHostedURL(u"new.example"_s);
-    store->setRead(u"a7"_s, false);
-    for (const auto &domain : std::as_const(m_domains))
-        QCOMPARE(domain->string(preference_keys::selfHostedURL), u"left.example"_s);
-    QCOMPARE(m_transportsOpened + m_keychainsOpened, 0);
-}
+    void demoRemembersNothing()
+    {
+        const auto store = make({.isDemo = true});
+        QVERIFY(store->isSignedIn());
+        store->setSelfHostedURL(u"new.example"_s);
+        store->setRead(u"a7"_s, false);
+        for (const auto &domain : std::as_const(m_domains))
+            QCOMPARE(domain->string(preference_keys::selfHostedURL), u"left.example"_s);
+        QVERIFY(m_opened.isEmpty());
+        const Instant start = store->now();
+        m_clock->advance(1s);
+        QTRY_COMPARE(store->now(), start + Seconds(1));
+    }
 
-void MakeStoreTest::liveTestStartsClean()
-{
-    const auto store = make({.isLiveUITest = true});
-    QVERIFY(store->isLive() && !store->isSignedIn() && !store->hasLoaded());
-    QVERIFY(store->alerts().isEmpty() && store->workspaces().isEmpty());
-    QVERIFY(m_domains[u"com.pingwell.mac.uitest-live"_s]->keys().isEmpty());
-    QVERIFY(!m_domains[u"com.pingwell.mac"_s]->keys().isEmpty());
-}
+    void liveTestStartsClean()
+    {
+        const auto store = make({.isLiveUITest = true});
+        QVERIFY(store->isLive() && !store->isSignedIn() && !store->hasLoaded() && store->alerts().isEmpty());
+        QVERIFY(m_domains[u"com.pingwell.mac.uitest-live"_s]->keys().isEmpty());
+        QVERIFY(!m_domains[u"com.pingwell.mac"_s]->keys().isEmpty());
+    }
 
-/// The session and server handed in from outside are used, and the first round of the live loop runs at once.
-void MakeStoreTest::livePrefersTheGivenSessionAndServer()
-{
-    m_transport->always("GET", "/base/dashboard", ScriptedAnswer::noAnswer());
-    m_transport->always("GET", "/base/auth/me", ScriptedAnswer::noAnswer());
-    m_transport->always("GET", "/base/invitations", ScriptedAnswer::noAnswer());
-    m_transport->always("POST", "/base/devices/register", ScriptedAnswer::noAnswer());
-    const auto store = make({.apiBaseURL = QUrl(u"https://a.example/base"_s), .sessionToken = u"secret"_s});
-    QVERIFY(store->isSignedIn());
-    QCOMPARE(m_keychainsOpened, 0);
-    QCOMPARE(store->selfHostedURL(), u"left.example"_s);
-    QTRY_VERIFY(!m_transport->requests().isEmpty());
-    const HTTPRequest first = m_transport->requests().first();
-    QCOMPARE(first.url.host(), u"a.example"_s);
-    QCOMPARE(headerOf(first, "Authorization"), QByteArray("Bearer secret"));
-}
-
-void MakeStoreTest::theClockRuns()
-{
-    const auto store = make({.isDemo = true});
-    const Instant start = store->now();
-    m_clock->advance(1s);
-    QTRY_COMPARE(store->now(), start + Seconds(1));
-}
+    /// The session and server handed in from outside are used, and the first round of the live loop runs at once.
+    void livePrefersTheGivenSessionAndServer()
+    {
+        for (const char *path : {"/base/dashboard", "/base/auth/me", "/base/invitations"})
+            m_transport->always("GET", path, ScriptedAnswer::noAnswer());
+        m_transport->always("POST", "/base/devices/register", ScriptedAnswer::noAnswer());
+        const auto store = make({.apiBaseURL = QUrl(u"https://a.example/base"_s), .sessionToken = u"secret"_s});
+        QVERIFY(store->isSignedIn());
+        QCOMPARE(m_opened, QStringList{u"transport"_s});
+        QCOMPARE(store->selfHostedURL(), u"left.example"_s);
+        QTRY_VERIFY(!m_transport->requests().isEmpty());
+        const HTTPRequest first = m_transport->requests().first();
+        QCOMPARE(first.url.host(), u"a.example"_s);
+        QCOMPARE(headerOf(first, "Authorization"), QByteArray("Bearer secret"));
+    }
+};
 
 QTEST_GUILESS_MAIN(MakeStoreTest)
 #include "make_store_test.moc"

@@ -35,101 +35,75 @@ class QmlWindowsTest : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
-    void nothingExistsUntilWanted();
-    void mainWindowComesBackWhereItWas();
-    void panelClosesOnEscapeAndClick();
-    void panelStaysWhileAReplyIsWritten();
-    void endsWithWindowsOpen();
-
 private:
-    void open();
-
     std::shared_ptr<MemoryPreferences> m_preferences;
     std::unique_ptr<AppStore> m_store;
     std::unique_ptr<QmlWindows> m_windows;
+
+    void open()
+    {
+        m_windows.reset();
+        m_windows = std::make_unique<QmlWindows>(m_store.get(), LaunchOptions{}, m_preferences,
+                                                 std::make_unique<LightAppearance>());
+    }
+
+private slots:
+    void init()
+    {
+        const auto clock = std::make_shared<ManualClock>(instantFromMilliseconds(1'700'000'000'000.0));
+        m_preferences = std::make_shared<MemoryPreferences>();
+        m_store = std::make_unique<AppStore>(demoData(clock->now()), true, nullptr, clock->now(), nullptr, clock);
+        open();
+    }
+
+    void cleanup() { m_windows.reset(); }
+
+    void panelClosesOnEscapeAndClick()
+    {
+        m_windows->togglePanel({400, 5});
+        QVERIFY(visibleWindow(true));
+        QCOMPARE(visibleWindow(true)->width(), 340);
+        QVERIFY(QTest::qWaitForWindowActive(visibleWindow(true)));
+        QTest::keyClick(visibleWindow(true), Qt::Key_Escape);
+        QVERIFY(!visibleWindow(true));
+        m_windows->togglePanel({400, 5});
+        QVERIFY(visibleWindow(true));
+        m_windows->togglePanel({400, 5});
+        QVERIFY(!visibleWindow(true));
+    }
+
+    void panelStaysWhileAReplyIsWritten()
+    {
+        m_windows->showPanel({400, 5});
+        QWindow *panel = visibleWindow(true);
+        QVERIFY(QTest::qWaitForWindowActive(panel));
+        m_store->setReplyDraft(u"#eng"_s, u"b5"_s);
+        m_windows->showMain({});
+        QVERIFY(QTest::qWaitForWindowActive(visibleWindow(false)));
+        QVERIFY(panel->isVisible());
+        panel->requestActivate();
+        QVERIFY(QTest::qWaitForWindowActive(panel));
+        m_store->setReplyDraft({}, u"b5"_s);
+        m_windows->showMain({});
+        QTRY_VERIFY(!panel->isVisible());
+    }
+
+    void mainWindowComesBackWhereItWas()
+    {
+        QVERIFY(QGuiApplication::topLevelWindows().isEmpty());
+        m_windows->showMain({});
+        m_windows->showMain({});
+        QCOMPARE(QGuiApplication::topLevelWindows().size(), 1);
+        const QRect frame(10, 20, 780, 500);
+        visibleWindow(false)->setGeometry(frame);
+        m_windows->showPanel({});
+        m_windows.reset();
+        QVERIFY(QGuiApplication::topLevelWindows().isEmpty());
+        open();
+        m_windows->showMain({});
+        QCOMPARE(visibleWindow(false)->geometry(), frame);
+    }
 };
-
-void QmlWindowsTest::init()
-{
-    const auto clock = std::make_shared<ManualClock>(instantFromMilliseconds(1'700'000'000'000.0));
-    m_preferences = std::make_shared<MemoryPreferences>();
-    m_store = std::make_unique<AppStore>(demoData(clock->now()), true, nullptr, clock->now(), nullptr, clock);
-    open();
-}
-
-void QmlWindowsTest::cleanup()
-{
-    m_windows.reset();
-}
-
-void QmlWindowsTest::open()
-{
-    m_windows.reset();
-    m_windows = std::make_unique<QmlWindows>(m_store.get(), LaunchOptions{}, m_preferences,
-                                             std::make_unique<LightAppearance>());
-}
-
-void QmlWindowsTest::nothingExistsUntilWanted()
-{
-    QVERIFY(QGuiApplication::topLevelWindows().isEmpty());
-    m_windows->showMain({});
-    QVERIFY(visibleWindow(false) && !visibleWindow(true));
-    QCOMPARE(visibleWindow(false)->title(), u"Pingwell"_s);
-    m_windows->showMain({});
-    QCOMPARE(QGuiApplication::topLevelWindows().size(), 1);
-}
-
-void QmlWindowsTest::mainWindowComesBackWhereItWas()
-{
-    m_windows->showMain({});
-    const QRect frame(10, 20, 780, 500);
-    visibleWindow(false)->setGeometry(frame);
-    open();
-    m_windows->showMain({});
-    QCOMPARE(visibleWindow(false)->geometry(), frame);
-}
-
-void QmlWindowsTest::panelClosesOnEscapeAndClick()
-{
-    m_windows->togglePanel({400, 5});
-    QVERIFY(visibleWindow(true));
-    QCOMPARE(visibleWindow(true)->width(), 340);
-    QVERIFY(QTest::qWaitForWindowActive(visibleWindow(true)));
-    QTest::keyClick(visibleWindow(true), Qt::Key_Escape);
-    QVERIFY(!visibleWindow(true));
-    m_windows->togglePanel({400, 5});
-    QVERIFY(visibleWindow(true));
-    m_windows->togglePanel({400, 5});
-    QVERIFY(!visibleWindow(true));
-}
-
-void QmlWindowsTest::panelStaysWhileAReplyIsWritten()
-{
-    m_windows->showPanel({400, 5});
-    QWindow *panel = visibleWindow(true);
-    QVERIFY(QTest::qWaitForWindowActive(panel));
-    m_store->setReplyDraft(u"#eng"_s, u"b5"_s);
-    m_windows->showMain({});
-    QVERIFY(QTest::qWaitForWindowActive(visibleWindow(false)));
-    QVERIFY(panel->isVisible());
-    panel->requestActivate();
-    QVERIFY(QTest::qWaitForWindowActive(panel));
-    m_store->setReplyDraft({}, u"b5"_s);
-    m_windows->showMain({});
-    QTRY_VERIFY(!panel->isVisible());
-}
-
-void QmlWindowsTest::endsWithWindowsOpen()
-{
-    m_windows->showMain({});
-    m_windows->showPanel({});
-    m_windows.reset();
-    QVERIFY(QGuiApplication::topLevelWindows().isEmpty());
-    QVERIFY(!m_preferences->keys().isEmpty());
-}
 
 QTEST_MAIN(QmlWindowsTest)
 #include "qml_windows_test.moc"

@@ -16,50 +16,37 @@ namespace pingwell {
 /// A keychain in memory that can be slow, locked or broken, and tells what was asked of it. Any thread.
 class FakeKeychain final : public Keychain
 {
-    template<typename Action>
-    auto guarded(Action action) const
+    template<typename Member, typename Value>
+    void set(Member &member, const Value &value)
     {
         const std::lock_guard lock(m_mutex);
+        member = value;
         m_changed.notify_all();
-        return action();
     }
 
 public:
     std::optional<QByteArray> item() const
     {
-        const std::optional<std::string> item = guarded([this] { return m_item; });
-        return item ? std::optional(QByteArray::fromStdString(*item)) : std::nullopt;
-    }
-    void setItem(const QByteArray &data)
-    {
-        guarded([&] { m_item = data.toStdString(); });
-    }
-    /// What every operation but unlock ends in from now on; success lets it through to the item.
-    void setStatus(KeychainStatus status)
-    {
-        guarded([&] { m_status = status; });
-    }
-    /// What unlock ends in; until it is set, unlock waits for the person.
-    void answerUnlock(KeychainStatus answer, KeychainStatus statusAfter)
-    {
-        guarded([&] {
-            m_unlockAnswer = answer;
-            m_statusAfterUnlock = statusAfter;
-        });
-    }
-    /// Holds every operation but unlock before it touches the item, until it is released.
-    void hold()
-    {
-        guarded([this] { m_held = true; });
-    }
-    void release()
-    {
-        guarded([this] { m_held = false; });
+        const std::lock_guard lock(m_mutex);
+        return m_item ? std::optional(QByteArray::fromStdString(*m_item)) : std::nullopt;
     }
     QStringList calls() const
     {
-        return guarded([this] { return m_calls; });
+        const std::lock_guard lock(m_mutex);
+        return m_calls;
     }
+    void setItem(const QByteArray &data) { set(m_item, data.toStdString()); }
+    /// What every operation but unlock ends in from now on; success lets it through to the item.
+    void setStatus(KeychainStatus status) { set(m_status, status); }
+    /// What unlock ends in; until it is set, unlock waits for the person.
+    void answerUnlock(KeychainStatus answer, KeychainStatus statusAfter)
+    {
+        set(m_statusAfterUnlock, statusAfter);
+        set(m_unlockAnswer, answer);
+    }
+    /// Holds every operation but unlock before it touches the item, until it is released.
+    void hold() { set(m_held, true); }
+    void release() { set(m_held, false); }
 
     KeychainItem copyMatching(const QString &service, const QString &account) override
     {

@@ -18,13 +18,12 @@ namespace {
 
 const QString startAgain = u"--start-again"_s;
 const QString callback = u"pingwell://auth/callback?code=a%20b&state=c"_s;
+const QVariant callbackURLs = QVariant::fromValue(QList<QUrl>{QUrl(callback)});
 
 /// This same program as a later start of the application: prints its role and how long the claim took.
 int runLaterStart(const QStringList &texts)
 {
-    QList<QUrl> urls;
-    for (const QString &text : texts)
-        urls << QUrl(text);
+    const QList<QUrl> urls(texts.begin(), texts.end());
     BusSingleInstance instance;
     QElapsedTimer timer;
     timer.start();
@@ -33,48 +32,20 @@ int runLaterStart(const QStringList &texts)
     return 0;
 }
 
-struct LaterStart
+/// What a later start printed; `running` keeps this process serving meanwhile.
+QStringList laterStart(const QStringList &texts, const QHash<QString, QString> &variables = {}, bool running = true)
 {
-    QString role;
-    int milliseconds = 0;
-};
-
-class LaterProcess
-{
-public:
-    explicit LaterProcess(const QStringList &texts, const QHash<QString, QString> &variables = {})
-    {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (auto variable = variables.cbegin(); variable != variables.cend(); ++variable)
-            environment.insert(variable.key(), variable.value());
-        m_process.setProcessEnvironment(environment);
-        m_process.start(QCoreApplication::applicationFilePath(), QStringList{startAgain} + texts);
-    }
-
-    /// Waits for its end; `running` keeps this process serving meanwhile.
-    LaterStart finished(bool running = true)
-    {
-        if (running) {
-            const bool ended = QTest::qWaitFor([this] { return m_process.state() == QProcess::NotRunning; }, 10'000);
-            if (!ended)
-                return {};
-        } else {
-            m_process.waitForFinished();
-        }
-        const QStringList words = QString::fromUtf8(m_process.readAllStandardOutput()).split(u' ');
-        return {.role = words.value(0), .milliseconds = words.value(1).trimmed().toInt()};
-    }
-
-private:
-    QProcess m_process;
-};
-
-void call(const QString &method, const QVariantList &arguments)
-{
-    QDBusMessage message = QDBusMessage::createMethodCall(u"com.pingwell.mac"_s, u"/com/pingwell/mac"_s,
-                                                          u"org.freedesktop.Application"_s, method);
-    message.setArguments(arguments);
-    QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"desktop"_s).asyncCall(message);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (auto variable = variables.cbegin(); variable != variables.cend(); ++variable)
+        environment.insert(variable.key(), variable.value());
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(QCoreApplication::applicationFilePath(), QStringList{startAgain} + texts);
+    if (!running)
+        process.waitForFinished();
+    else if (!QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 10'000))
+        return {};
+    return QString::fromUtf8(process.readAllStandardOutput()).simplified().split(u' ');
 }
 
 } // namespace
@@ -89,87 +60,57 @@ public:
     {
     }
 
-private slots:
-    void laterStartIsSeen();
-    void laterStartHandsItsURLsOver();
-    void dropsWhatIsNoURLOfItsOwn_data();
-    void dropsWhatIsNoURLOfItsOwn();
-    void readsAURLThatTheDesktopDecodedInPart();
-    void laterStartDoesNotWaitForABusyProgram();
-    void withoutASessionBusEveryStartIsPrimary();
-
 private:
     BusSingleInstance *m_instance;
+
+private slots:
+    void laterStartIsSeenAndHandsItsURLsOver()
+    {
+        QSignalSpy opened(m_instance, &SingleInstance::opened);
+        QSignalSpy activated(m_instance, &SingleInstance::activated);
+        const QHash<QString, QString> x11{{u"DESKTOP_STARTUP_ID"_s, u"older"_s}};
+        const QHash<QString, QString> both{{u"XDG_ACTIVATION_TOKEN"_s, u"token"_s},
+                                           {u"DESKTOP_STARTUP_ID"_s, u"older"_s}};
+        QCOMPARE(laterStart({}, both).first(), u"handedOver"_s);
+        QCOMPARE(laterStart({}, x11).first(), u"handedOver"_s);
+        QCOMPARE(laterStart({callback, u"https://example.com/"_s}, both).first(), u"handedOver"_s);
+        QCOMPARE(activated, (QList<QVariantList>{{QByteArray("token")}, {QByteArray("older")}}));
+        QCOMPARE(opened, (QList<QVariantList>{{callbackURLs, QByteArray("token")}}));
+    }
+
+    void takesNothingButURLsOfItsOwn()
+    {
+        QSignalSpy opened(m_instance, &SingleInstance::opened);
+        // The desktop may have decoded the last one in part.
+        for (const QString &text :
+             {u"https://auth/callback?code=1"_s, u"auth/callback"_s, u"pingwell://[::1"_s, QString(),
+              QString(callback + QString(4096, u'x')), QString(callback + QString(2000, u'é')),
+              u"pingwell://auth/callback?code=a b&state=c"_s}) {
+            QDBusMessage message = QDBusMessage::createMethodCall(u"com.pingwell.mac"_s, u"/com/pingwell/mac"_s,
+                                                                  u"org.freedesktop.Application"_s, u"Open"_s);
+            message.setArguments({QStringList{text}, QVariantMap()});
+            QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"desktop"_s).asyncCall(message);
+        }
+        QTRY_COMPARE(opened.size(), 1);
+        QCOMPARE(opened.first().first(), callbackURLs);
+    }
+
+    void laterStartDoesNotWaitForABusyProgram()
+    {
+        QSignalSpy opened(m_instance, &SingleInstance::opened);
+        const QStringList start = laterStart({callback}, {}, false);
+        QCOMPARE(start.first(), u"handedOver"_s);
+        QVERIFY2(start.value(1).toInt() <= 250, qPrintable(start.value(1)));
+        QVERIFY(opened.isEmpty());
+        QTRY_COMPARE(opened.size(), 1);
+    }
+
+    void withoutASessionBusEveryStartIsPrimary()
+    {
+        const QHash<QString, QString> noBus{{u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path=/nonexistent"_s}};
+        QCOMPARE(laterStart({callback}, noBus).first(), u"primary"_s);
+    }
 };
-
-void BusSingleInstanceTest::laterStartIsSeen()
-{
-    QSignalSpy activated(m_instance, &SingleInstance::activated);
-    LaterProcess later({}, {{u"XDG_ACTIVATION_TOKEN"_s, u"token"_s}, {u"DESKTOP_STARTUP_ID"_s, u"older"_s}});
-    QCOMPARE(later.finished().role, u"handedOver"_s);
-    LaterProcess x11({}, {{u"DESKTOP_STARTUP_ID"_s, u"older"_s}});
-    QCOMPARE(x11.finished().role, u"handedOver"_s);
-    QCOMPARE(activated, (QList<QVariantList>{{QByteArray("token")}, {QByteArray("older")}}));
-}
-
-void BusSingleInstanceTest::laterStartHandsItsURLsOver()
-{
-    QSignalSpy opened(m_instance, &SingleInstance::opened);
-    QSignalSpy activated(m_instance, &SingleInstance::activated);
-    LaterProcess later({callback, u"https://example.com/"_s}, {{u"XDG_ACTIVATION_TOKEN"_s, u"token"_s}});
-    QCOMPARE(later.finished().role, u"handedOver"_s);
-    QCOMPARE(opened.size(), 1);
-    QCOMPARE(opened.first().at(0).value<QList<QUrl>>(), QList<QUrl>{QUrl(callback)});
-    QCOMPARE(opened.first().at(1).toByteArray(), "token");
-    QVERIFY(activated.isEmpty());
-}
-
-void BusSingleInstanceTest::dropsWhatIsNoURLOfItsOwn_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("other scheme") << u"https://auth/callback?code=1"_s;
-    QTest::newRow("a file") << u"file:///etc/passwd"_s;
-    QTest::newRow("no scheme") << u"auth/callback"_s;
-    QTest::newRow("malformed") << u"pingwell://[::1"_s;
-    QTest::newRow("empty") << QString();
-    QTest::newRow("too long") << callback + QString(4096, u'x');
-    QTest::newRow("too long once encoded") << callback + QString(2000, u'é');
-}
-
-void BusSingleInstanceTest::dropsWhatIsNoURLOfItsOwn()
-{
-    QFETCH(QString, text);
-    QSignalSpy opened(m_instance, &SingleInstance::opened);
-    call(u"Open"_s, {QStringList{text}, QVariantMap()});
-    call(u"Open"_s, {QStringList{text, callback}, QVariantMap()});
-    QTRY_COMPARE(opened.size(), 1);
-    QCOMPARE(opened.first().at(0).value<QList<QUrl>>(), QList<QUrl>{QUrl(callback)});
-}
-
-void BusSingleInstanceTest::readsAURLThatTheDesktopDecodedInPart()
-{
-    QSignalSpy opened(m_instance, &SingleInstance::opened);
-    call(u"Open"_s, {QStringList{u"pingwell://auth/callback?code=a b&state=c"_s}, QVariantMap()});
-    QTRY_COMPARE(opened.size(), 1);
-    QCOMPARE(opened.first().at(0).value<QList<QUrl>>(), QList<QUrl>{QUrl(callback)});
-}
-
-void BusSingleInstanceTest::laterStartDoesNotWaitForABusyProgram()
-{
-    QSignalSpy opened(m_instance, &SingleInstance::opened);
-    LaterProcess later({callback});
-    const LaterStart start = later.finished(false);
-    QCOMPARE(start.role, u"handedOver"_s);
-    QVERIFY2(start.milliseconds <= 250, qPrintable(QString::number(start.milliseconds)));
-    QVERIFY(opened.isEmpty());
-    QTRY_COMPARE(opened.size(), 1);
-}
-
-void BusSingleInstanceTest::withoutASessionBusEveryStartIsPrimary()
-{
-    LaterProcess later({callback}, {{u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path=/nonexistent"_s}});
-    QCOMPARE(later.finished().role, u"primary"_s);
-}
 
 int main(int argc, char **argv)
 {

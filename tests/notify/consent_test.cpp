@@ -1,0 +1,99 @@
+#include "fake_notification_center.h"
+#include "notify/login_item.h"
+#include "notify/notification_permission.h"
+#include "support/memory_preferences.h"
+
+#include <QTest>
+
+using namespace pingwell;
+
+namespace {
+
+class FakeLoginItem final : public LoginItem
+{
+public:
+    std::optional<QString> registerProgram() override
+    {
+        ++registrations;
+        if (!problem)
+            current = LoginItemStatus::enabled;
+        return problem;
+    }
+    std::optional<QString> unregisterProgram() override
+    {
+        if (!problem)
+            current = LoginItemStatus::notRegistered;
+        return problem;
+    }
+    LoginItemStatus status() const override { return current; }
+    bool isProgramInstalled() const override { return installed; }
+
+    LoginItemStatus current = LoginItemStatus::notRegistered;
+    std::optional<QString> problem;
+    bool installed = true;
+    int registrations = 0;
+};
+
+const QString offered = QStringLiteral("pingwell.loginItem.offered");
+
+} // namespace
+
+/// What is asked of the desktop once: to start at login, and to show notifications.
+class ConsentTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void switching()
+    {
+        FakeLoginItem item;
+        QVERIFY(setLaunchAtLogin(item, true));
+        item.problem = QStringLiteral("disk full");
+        QVERIFY2(setLaunchAtLogin(item, false), "it is on still");
+        item.current = LoginItemStatus::requiresApproval;
+        QVERIFY(!setLaunchAtLogin(item, true));
+    }
+
+    void isOfferedOnceToAnInstalledCopy()
+    {
+        FakeLoginItem item;
+        MemoryPreferences preferences;
+        item.installed = false;
+        offerLaunchAtLoginOnce(item, preferences);
+        QCOMPARE(item.registrations, 0);
+        QVERIFY(!preferences.contains(offered));
+        item.installed = true;
+        offerLaunchAtLoginOnce(item, preferences);
+        QCOMPARE(item.current, LoginItemStatus::enabled);
+        item.current = LoginItemStatus::notRegistered;
+        offerLaunchAtLoginOnce(item, preferences);
+        QCOMPARE(item.registrations, 1);
+        QCOMPARE(preferences.boolean(offered), std::optional(true));
+    }
+
+    void permissionIsWhatHoldsAfterwards()
+    {
+        using enum AuthorizationStatus;
+        const auto center = std::make_shared<FakeNotificationCenter>();
+        const QList<std::pair<AuthorizationStatus, NotificationPermission>> meanings{
+            {notDetermined, NotificationPermission::notAsked}, {denied, NotificationPermission::denied},
+            {authorized, NotificationPermission::allowed},     {provisional, NotificationPermission::allowed},
+            {ephemeral, NotificationPermission::allowed},      {other, NotificationPermission::unknown}};
+        for (const auto &[status, permission] : meanings) {
+            center->status = status;
+            QCOMPARE(QCoro::waitFor(currentPermission(center)), permission);
+            QCOMPARE(center->requests, 0);
+        }
+        for (const bool fails : {false, true}) {
+            center->status = notDetermined;
+            center->statusAfterRequest = fails ? authorized : denied;
+            center->requestFails = fails;
+            QCOMPARE(QCoro::waitFor(requestPermission(center)),
+                     fails ? NotificationPermission::allowed : NotificationPermission::denied);
+        }
+        QCOMPARE(center->requests, 2);
+    }
+};
+
+QTEST_GUILESS_MAIN(ConsentTest)
+#include "consent_test.moc"
