@@ -49,7 +49,6 @@ private slots:
         QTest::addColumn<QByteArray>("method");
         QTest::addColumn<std::optional<QByteArray>>("body");
         QTest::newRow("GET") << "GET"_ba << std::optional<QByteArray>();
-        QTest::newRow("POST") << "POST"_ba << std::optional("{}"_ba);
         QTest::newRow("POST without body") << "POST"_ba << std::optional<QByteArray>();
         QTest::newRow("PATCH") << "PATCH"_ba << std::optional(R"({"a":1})"_ba);
         QTest::newRow("DELETE") << "DELETE"_ba << std::optional<QByteArray>();
@@ -96,39 +95,35 @@ private slots:
         QVERIFY(m_server->requests().at(2).contains("Bearer t0k"));
     }
 
-    void givesUpARoundTrip()
-    {
-        for (int i = 0; i < 4; ++i)
-            m_server->answer(redirectTo(m_server->url()));
-        QCOMPARE(settle(m_transport->perform(requestFor(m_server->url()))).value->status, 302);
-        QCOMPARE(m_server->requests().size(), 4);
-    }
-
     void followsNothingElse_data()
     {
-        QTest::addColumn<QByteArray>("method");
         QTest::addColumn<QString>("target");
-        QTest::newRow("another port") << "GET"_ba << u"http://127.0.0.1:{other}/"_s;
-        QTest::newRow("another name") << "GET"_ba << u"http://localhost:{same}/"_s;
-        QTest::newRow("another scheme") << "GET"_ba << u"https://127.0.0.1:{same}/"_s;
-        QTest::newRow("no web") << "GET"_ba << u"file:///etc/hostname"_s;
-        QTest::newRow("a password") << "GET"_ba << u"http://a:b@127.0.0.1:{same}/"_s;
-        QTest::newRow("POST") << "POST"_ba << u"http://127.0.0.1:{same}/"_s;
-        QTest::newRow("DELETE") << "DELETE"_ba << u"http://127.0.0.1:{same}/"_s;
+        QTest::addColumn<QByteArray>("method");
+        QTest::addColumn<int>("requests");
+        const auto row = [](const QString &target, const QByteArray &method = "GET", int requests = 1) {
+            QTest::addRow("%s %s", method.constData(), qPrintable(target)) << target << method << requests;
+        };
+        row(u"http://127.0.0.1:{same}/"_s, "GET", 4);
+        row(u"http://127.0.0.1:{same}/"_s, "POST");
+        row(u"http://127.0.0.1:{other}/"_s);
+        row(u"http://localhost:{same}/"_s);
+        row(u"https://127.0.0.1:{same}/"_s);
+        row(u"http://a:b@127.0.0.1:{same}/"_s);
+        row(u"file:///etc/hostname"_s);
     }
 
     void followsNothingElse()
     {
-        QFETCH(QByteArray, method);
         QFETCH(QString, target);
         LoopbackServer other;
         target.replace(u"{other}"_s, QString::number(other.url().port()));
         target.replace(u"{same}"_s, QString::number(m_server->url().port()));
+        QFETCH(QByteArray, method);
         m_server->answer(redirectTo(QUrl(target), "307 Temporary Redirect"));
         const auto settled = settle(m_transport->perform(requestFor(m_server->url(), method)));
         QCOMPARE(settled.value->status, 307);
         QCOMPARE(settled.value->body, "then"_ba);
-        QCOMPARE(m_server->requests().size(), 1);
+        QTEST(int(m_server->requests().size()), "requests");
         QCOMPARE(other.requests().size(), 0);
     }
 
@@ -178,44 +173,27 @@ private slots:
         QVERIFY(settle(endpoints::listInvitations(client)).error.has_value());
     }
 
-    void takesABodyOfTheLimit()
+    void countsWhatIsUnpacked()
     {
         TransportLimits limits;
         limits.bodyBytes = 100'000;
         URLSessionTransport transport(limits);
         const QByteArray body(100'000, 'x');
         m_server->answer(chunked(body) + "0\r\n\r\n");
+        m_server->answerWith(packed(body), "Content-Encoding: deflate\r\n");
+        m_server->answerWith(packed(body + 'x'), "Content-Encoding: deflate\r\n");
         QCOMPARE(settle(transport.perform(requestFor(m_server->url()))).value->body, body);
-    }
-
-    void countsWhatIsUnpacked()
-    {
-        const QByteArray zeros(200'000, '\0');
-        m_server->answerWith(packed(zeros), "Content-Encoding: deflate\r\n");
-        QCOMPARE(settle(m_transport->perform(requestFor(m_server->url()))).value->body, zeros);
-        TransportLimits limits;
-        limits.bodyBytes = 100'000;
-        URLSessionTransport transport(limits);
-        m_server->answerWith(packed(zeros), "Content-Encoding: deflate\r\n");
+        QCOMPARE(settle(transport.perform(requestFor(m_server->url()))).value->body, body);
         QCOMPARE(settle(transport.perform(requestFor(m_server->url()))).error, APIError::offline());
-    }
-
-    void failsWithoutAServer_data()
-    {
-        QTest::addColumn<QUrl>("url");
-        const QUrl closed = LoopbackServer().url();
-        QTest::newRow("refused") << closed;
-        QTest::newRow("no web") << QUrl(u"file:///etc/hostname"_s);
-        QTest::newRow("no address") << QUrl();
-        // These would be sent as another path than the one asked for.
-        QTest::newRow("dots in the path") << LoopbackServer().url(u"/workspaces/../account"_s);
-        QTest::newRow("dot in the path") << LoopbackServer().url(u"/workspaces/./account"_s);
     }
 
     void failsWithoutAServer()
     {
-        QFETCH(QUrl, url);
-        QCOMPARE(settle(m_transport->perform(requestFor(url))).error, APIError::offline());
+        // The last two would be sent as another path than the one asked for.
+        for (const QUrl &url : {LoopbackServer().url(), QUrl(u"file:///etc/hostname"_s), QUrl(),
+                                m_server->url(u"/workspaces/../account"_s), m_server->url(u"/workspaces/./account"_s)})
+            QCOMPARE(settle(m_transport->perform(requestFor(url))).error, APIError::offline());
+        QCOMPARE(m_server->requests().size(), 0);
     }
 
     void endsWhatIsInFlightWhenDestroyed()
@@ -229,15 +207,6 @@ private slots:
         m_transport.reset();
         QCOMPARE(settle(std::move(sent)).error, APIError::offline());
         QCOMPARE(settle(std::move(unsent)).error, APIError::offline());
-    }
-
-    void isSharedWhileUsed()
-    {
-        auto first = URLSessionTransport::shared();
-        QCOMPARE(URLSessionTransport::shared(), first);
-        const std::weak_ptr<URLSessionTransport> watch = first;
-        first.reset();
-        QVERIFY(watch.expired());
     }
 
 private:

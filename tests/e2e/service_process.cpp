@@ -1,6 +1,5 @@
 #include "service_process.h"
 
-#include <QJsonDocument>
 #include <QRegularExpression>
 #include <QSignalSpy>
 
@@ -8,16 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace pingwell {
 
-namespace {
-
-constexpr int patienceMilliseconds = 10'000;
-
-} // namespace
-
-QJsonObject ServiceAnswer::json() const
-{
-    return QJsonDocument::fromJson(body).object();
-}
+static constexpr int patienceMilliseconds = 10'000;
 
 bool ServiceProcess::start()
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
@@ -19,7 +20,7 @@ struct ServiceAnswer
     QByteArray body;
     QByteArray location;
 
-    [[nodiscard]] QJsonObject json() const;
+    [[nodiscard]] QJsonObject json() const { return QJsonDocument::fromJson(body).object(); }
     /// The record under "data".
     [[nodiscard]] QJsonObject data() const { return json().value(QStringLiteral("data")).toObject(); }
     [[nodiscard]] QString message() const { return json().value(QStringLiteral("message")).toString(); }

@@ -18,21 +18,11 @@ struct ManualClock::Pause
     void await_resume() const {}
 };
 
-ManualClock::ManualClock(Instant start)
-    : m_now(start)
-{
-}
-
 QCoro::Task<> ManualClock::sleep(std::chrono::milliseconds duration, std::stop_token stop)
 {
     const std::stop_callback onStop(stop, [this] { QTimer::singleShot(0, this, &ManualClock::wakeStopped); });
     Pause pause{this, m_now + duration, stop};
     co_await pause;
-}
-
-void ManualClock::advance(std::chrono::milliseconds duration)
-{
-    wake(m_now + duration);
 }
 
 void ManualClock::wake(Instant until)
@@ -61,12 +51,6 @@ void ManualClock::wakeStopped()
     // The last of them may take this clock along.
     for (const auto awaiting : stopped)
         awaiting.resume();
-}
-
-qsizetype ManualClock::sleeperCount() const
-{
-    return std::count_if(m_sleepers.begin(), m_sleepers.end(),
-                         [](const Sleeper &sleeper) { return !sleeper.stop.stop_requested(); });
 }
 
 } // namespace pingwell

@@ -16,14 +16,15 @@ namespace pingwell {
 class ManualClock final : public QObject, public Clock
 {
 public:
-    explicit ManualClock(Instant start);
+    explicit ManualClock(Instant start)
+        : m_now(start)
+    {
+    }
 
     [[nodiscard]] Instant now() const override { return m_now; }
     QCoro::Task<> sleep(std::chrono::milliseconds duration, std::stop_token stop) override;
 
-    void advance(std::chrono::milliseconds duration);
-    /// How many wait now and have not been stopped.
-    [[nodiscard]] qsizetype sleeperCount() const;
+    void advance(std::chrono::milliseconds duration) { wake(m_now + duration); }
 
 private:
     struct Sleeper

@@ -15,34 +15,14 @@ const QString service = u"org.freedesktop.Notifications"_s;
 const QString path = u"/org/freedesktop/Notifications"_s;
 constexpr uint closedByCall = 3;
 
-QStringList everyOther(const QStringList &list, qsizetype first)
-{
-    QStringList taken;
-    for (qsizetype index = first; index < list.size(); index += 2)
-        taken.append(list.at(index));
-    return taken;
-}
-
 } // namespace
 
-QStringList ShownNotification::actionKeys() const
+QStringList ShownNotification::everyOtherAction(qsizetype first) const
 {
-    return everyOther(actions, 0);
-}
-
-QStringList ShownNotification::actionLabels() const
-{
-    return everyOther(actions, 1);
-}
-
-ScriptedNotificationServer::ScriptedNotificationServer(QObject *parent)
-    : QDBusVirtualObject(parent)
-{
-}
-
-ScriptedNotificationServer::~ScriptedNotificationServer()
-{
-    vanish();
+    QStringList taken;
+    for (qsizetype index = first; index < actions.size(); index += 2)
+        taken.append(actions.at(index));
+    return taken;
 }
 
 bool ScriptedNotificationServer::appear()
@@ -69,31 +49,6 @@ void ScriptedNotificationServer::releaseReplies()
         answer(reply);
 }
 
-void ScriptedNotificationServer::invokeAction(uint number, const QString &key) const
-{
-    tell(u"ActionInvoked"_s, {number, key});
-}
-
-void ScriptedNotificationServer::reply(uint number, const QString &text) const
-{
-    tell(u"NotificationReplied"_s, {number, text});
-}
-
-void ScriptedNotificationServer::giveActivationToken(uint number, const QString &token) const
-{
-    tell(u"ActivationToken"_s, {number, token});
-}
-
-void ScriptedNotificationServer::close(uint number, uint reason) const
-{
-    tell(u"NotificationClosed"_s, {number, reason});
-}
-
-QString ScriptedNotificationServer::introspect(const QString &) const
-{
-    return {};
-}
-
 bool ScriptedNotificationServer::handleMessage(const QDBusMessage &message, const QDBusConnection &)
 {
     if (message.interface() != service)
@@ -115,7 +70,6 @@ QVariantList ScriptedNotificationServer::answerTo(const QDBusMessage &message)
         const uint number = message.arguments().value(0).toUInt();
         m_closed.append(number);
         close(number, closedByCall);
-        emit notificationClosed(number);
     }
     return {};
 }
@@ -133,7 +87,6 @@ uint ScriptedNotificationServer::show(const QVariantList &arguments)
     notification.timeout = arguments.value(7).toInt();
     notification.number = notification.replaced != 0 ? notification.replaced : ++m_lastNumber;
     m_shown.append(notification);
-    emit notificationShown();
     return notification.number;
 }
 

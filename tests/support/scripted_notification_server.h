@@ -25,8 +25,11 @@ struct ShownNotification
     QVariantMap hints;
     int timeout = 0;
 
-    [[nodiscard]] QStringList actionKeys() const;
-    [[nodiscard]] QStringList actionLabels() const;
+    [[nodiscard]] QStringList actionKeys() const { return everyOtherAction(0); }
+    [[nodiscard]] QStringList actionLabels() const { return everyOtherAction(1); }
+
+private:
+    [[nodiscard]] QStringList everyOtherAction(qsizetype first) const;
 };
 
 /// A notification server that shows nothing, writes down what it is asked and says what the test tells it to. On a
@@ -36,8 +39,7 @@ class ScriptedNotificationServer final : public QDBusVirtualObject
     Q_OBJECT
 
 public:
-    explicit ScriptedNotificationServer(QObject *parent = nullptr);
-    ~ScriptedNotificationServer() override;
+    ~ScriptedNotificationServer() override { vanish(); }
 
     // How it describes itself; set before it appears.
     QString name = QStringLiteral("scripted");
@@ -59,18 +61,17 @@ public:
     [[nodiscard]] const QList<uint> &closed() const { return m_closed; }
 
     // What the person does.
-    void invokeAction(uint number, const QString &key) const;
-    void reply(uint number, const QString &text) const;
-    void giveActivationToken(uint number, const QString &token) const;
+    void invokeAction(uint number, const QString &key) const { tell(QStringLiteral("ActionInvoked"), {number, key}); }
+    void reply(uint number, const QString &text) const { tell(QStringLiteral("NotificationReplied"), {number, text}); }
+    void giveActivationToken(uint number, const QString &token) const
+    {
+        tell(QStringLiteral("ActivationToken"), {number, token});
+    }
     /// 1: expired, 2: dismissed by the person, 3: closed by a call, 4: undefined.
-    void close(uint number, uint reason) const;
+    void close(uint number, uint reason) const { tell(QStringLiteral("NotificationClosed"), {number, reason}); }
 
-    QString introspect(const QString &path) const override;
+    QString introspect(const QString &) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
-
-signals:
-    void notificationShown();
-    void notificationClosed(uint number);
 
 private:
     [[nodiscard]] QVariantList answerTo(const QDBusMessage &message);

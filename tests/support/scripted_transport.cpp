@@ -26,63 +26,17 @@ ScriptedAnswer ScriptedAnswer::failure(int status, const QByteArray &code, const
     return raw(status, body + '}');
 }
 
-ScriptedAnswer ScriptedAnswer::raw(int status, const QByteArray &body)
-{
-    ScriptedAnswer answer;
-    answer.status = status;
-    answer.body = body;
-    return answer;
-}
-
-ScriptedAnswer ScriptedAnswer::noAnswer()
-{
-    ScriptedAnswer answer;
-    answer.offline = true;
-    return answer;
-}
-
-ScriptedAnswer ScriptedAnswer::heldBack() const
-{
-    ScriptedAnswer answer = *this;
-    answer.held = true;
-    return answer;
-}
-
 ScriptedTransport::~ScriptedTransport()
 {
     for (Held &held : m_held)
         held.pending.finish(std::nullopt);
 }
 
-void ScriptedTransport::plan(const QByteArray &method, const QByteArray &path, const ScriptedAnswer &answer)
-{
-    m_planned[Route(method, path)].append(answer);
-}
-
-void ScriptedTransport::planNext(const ScriptedAnswer &answer)
-{
-    m_next.append(answer);
-}
-
-void ScriptedTransport::always(const QByteArray &method, const QByteArray &path, const ScriptedAnswer &answer)
-{
-    m_standing.insert(Route(method, path), answer);
-}
-
-bool ScriptedTransport::release()
-{
-    if (m_held.isEmpty())
-        return false;
-    const Held held = m_held.takeFirst();
-    deliver(held.pending, held.answer);
-    return true;
-}
-
 bool ScriptedTransport::release(const QByteArray &method, const QByteArray &path)
 {
     const Route route(method, path);
-    const auto found =
-        std::find_if(m_held.begin(), m_held.end(), [&route](const Held &held) { return held.route == route; });
+    const auto found = std::find_if(m_held.begin(), m_held.end(),
+                                    [&](const Held &held) { return method.isEmpty() || held.route == route; });
     if (found == m_held.end())
         return false;
     const Held held = *found;
@@ -160,14 +114,8 @@ void ScriptedTransport::failTest(const char *problem, const Route &route)
 
 void ScriptedTransport::deliver(PendingResponse pending, const ScriptedAnswer &answer)
 {
-    if (answer.offline) {
-        pending.finish(std::nullopt);
-        return;
-    }
-    HTTPResponse response;
-    response.status = answer.status;
-    response.body = answer.body;
-    pending.finish(std::move(response));
+    const HTTPResponse response{answer.status, answer.body};
+    pending.finish(answer.offline ? std::nullopt : std::optional(response));
 }
 
 QByteArray headerOf(const HTTPRequest &request, const QByteArray &name)

@@ -29,11 +29,11 @@ struct ScriptedAnswer
     /// {"success":false,"code":"<code>","message":"<message>"}, without the empty ones.
     static ScriptedAnswer failure(int status, const QByteArray &code = {}, const QByteArray &message = {});
     /// `body` as it stands.
-    static ScriptedAnswer raw(int status, const QByteArray &body);
-    static ScriptedAnswer noAnswer();
+    static ScriptedAnswer raw(int status, const QByteArray &body) { return {status, body}; }
+    static ScriptedAnswer noAnswer() { return {0, {}, true}; }
 
     /// The same answer, held back until the test releases it.
-    [[nodiscard]] ScriptedAnswer heldBack() const;
+    [[nodiscard]] ScriptedAnswer heldBack() const { return {status, body, offline, true}; }
 };
 
 /// The service in memory, played from a script. A request takes, in this order: the oldest answer planned for its route
@@ -41,28 +41,24 @@ struct ScriptedAnswer
 /// these the test fails, saying which request it was, and the request ends as offline. Answers arrive on a later turn
 /// of the event loop, as real ones do; a held one arrives after `release`. A transport that dies ends what is held as
 /// offline.
-///
-///     auto transport = std::make_shared<ScriptedTransport>();
-///     transport->always("GET", "/dashboard", ScriptedAnswer::data(dashboard));
-///     transport->plan("POST", "/workspaces/w1/alerts/a1/answer", ScriptedAnswer::data(answered).heldBack());
-///     store.answer(…);
-///     QTRY_COMPARE(transport->heldCount(), 1);
-///     …
-///     transport->release("POST", "/workspaces/w1/alerts/a1/answer");
 class ScriptedTransport final : public HTTPTransport
 {
 public:
     ~ScriptedTransport() override;
 
     /// `path` is the URL's path as it goes over the wire, percent-encoded and with the base address's own path.
-    void plan(const QByteArray &method, const QByteArray &path, const ScriptedAnswer &answer);
-    void planNext(const ScriptedAnswer &answer);
-    void always(const QByteArray &method, const QByteArray &path, const ScriptedAnswer &answer);
+    void plan(const QByteArray &method, const QByteArray &path, const ScriptedAnswer &answer)
+    {
+        m_planned[Route(method, path)].append(answer);
+    }
+    void planNext(const ScriptedAnswer &answer) { m_next.append(answer); }
+    void always(const QByteArray &method, const QByteArray &path, const ScriptedAnswer &answer)
+    {
+        m_standing.insert(Route(method, path), answer);
+    }
 
     /// Lets the oldest held answer go, of that route where one is given. False when none is held.
-    bool release();
-    bool release(const QByteArray &method, const QByteArray &path);
-    [[nodiscard]] qsizetype heldCount() const { return m_held.size(); }
+    bool release(const QByteArray &method = {}, const QByteArray &path = {});
 
     /// Every request so far, in order.
     [[nodiscard]] const QList<HTTPRequest> &requests() const { return m_requests; }

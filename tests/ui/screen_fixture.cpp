@@ -10,6 +10,8 @@
 
 namespace pingwell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void visit(QQuickItem *item, const std::function<void(QQuickItem *)> &visitor)
@@ -34,11 +36,11 @@ Alert makeAlert(const QString &id, const QString &title, double minutes)
 {
     Alert alert;
     alert.id = id;
-    alert.workspaceId = QStringLiteral("w1");
-    alert.app = QStringLiteral("Deploy bot");
+    alert.workspaceId = u"w1"_s;
+    alert.app = u"Deploy bot"_s;
     alert.title = title;
-    alert.body = QStringLiteral("All checks passed.");
-    alert.topic = QStringLiteral("deploys");
+    alert.body = u"All checks passed."_s;
+    alert.topic = u"deploys"_s;
     alert.at = dayEnd - Seconds(60 * minutes);
     return alert;
 }
@@ -47,14 +49,14 @@ Alert makeChoice(const QString &id, const QString &title, double minutes)
 {
     Alert alert = makeAlert(id, title, minutes);
     alert.kind = AlertKind::ask;
-    alert.actions = {QStringLiteral("Hold"), QStringLiteral("Approve")};
+    alert.actions = {u"Hold"_s, u"Approve"_s};
     return alert;
 }
 
 Alert makeTextAsk(const QString &id, const QString &title, double minutes)
 {
-    Alert alert = makeAlert(id, title, minutes);
-    alert.kind = AlertKind::ask;
+    Alert alert = makeChoice(id, title, minutes);
+    alert.actions.clear();
     alert.answerType = AnswerType::text;
     return alert;
 }
@@ -62,15 +64,10 @@ Alert makeTextAsk(const QString &id, const QString &title, double minutes)
 SeedData makeSeed(const QList<Alert> &alerts, WorkspaceRole role)
 {
     SeedData seed;
-    seed.workspaces = {
-        {QStringLiteral("w1"), QStringLiteral("Platform"), WorkspaceKind::team, role},
-        {QStringLiteral("w2"), QStringLiteral("Personal"), WorkspaceKind::personal, WorkspaceRole::owner}};
+    seed.workspaces = {{u"w1"_s, u"Platform"_s, WorkspaceKind::team, role},
+                       {u"w2"_s, u"Personal"_s, WorkspaceKind::personal, WorkspaceRole::owner}};
     seed.alerts = alerts;
-    Topic topic;
-    topic.id = QStringLiteral("t1");
-    topic.workspaceId = QStringLiteral("w1");
-    topic.name = QStringLiteral("deploys");
-    seed.topics = {topic};
+    seed.topics = {{u"t1"_s, u"w1"_s, u"deploys"_s, Priority::normal, false, false, {}}};
     return seed;
 }
 
@@ -93,10 +90,10 @@ void Screen::load(const QString &component, const QVariantMap &properties)
     m_engine = std::make_unique<UiEngine>(&m_appearance);
     m_view = std::make_unique<QQuickView>(m_engine.get(), nullptr);
     QVariantMap initial = properties;
-    initial.insert(QStringLiteral("store"), QVariant::fromValue(m_store));
+    initial.insert(u"store"_s, QVariant::fromValue(m_store));
     m_view->setInitialProperties(initial);
     m_view->setResizeMode(QQuickView::SizeRootObjectToView);
-    m_view->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Pingwell/%1.qml").arg(component)));
+    m_view->setSource(QUrl(u"qrc:/qt/qml/Pingwell/%1.qml"_s.arg(component)));
     if (m_view->status() != QQuickView::Ready)
         QTest::qFail("the screen does not load", __FILE__, __LINE__);
     m_view->resize(m_view->initialSize());
@@ -138,7 +135,7 @@ void Screen::click(const QString &identifier)
     settle();
     QQuickItem *const item = find(identifier);
     if (!item) {
-        QTest::qFail(qPrintable(QStringLiteral("nothing to click: ") + identifier), __FILE__, __LINE__);
+        QTest::qFail(qPrintable(u"nothing to click: "_s + identifier), __FILE__, __LINE__);
         return;
     }
     const QPointF middle = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));

@@ -7,6 +7,7 @@
 #include <cmath>
 
 using namespace pingwell;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -60,48 +61,38 @@ private slots:
         QVERIFY(m_theme);
     }
 
-    void contrast_data()
-    {
-        QTest::addColumn<QStringList>("inks");
-        QTest::addColumn<QStringList>("grounds");
-        QTest::addColumn<double>("atLeast");
-        const auto words = [](const char *text) { return QString::fromLatin1(text).split(u' '); };
-        QTest::newRow("reading") << words("textPrimary textSecondary textReading")
-                                 << words("window sidebar panel card field raised selection controlFill") << 4.5;
-        QTest::newRow("meaning") << words("accent answered timedOut danger")
-                                 << words("window panel card field selection") << 4.5;
-        QTest::newRow("banner") << words("timedOut textPrimary") << words("warningFill") << 4.5;
-        QTest::newRow("menu") << words("danger") << words("raised") << 4.5;
-        QTest::newRow("on the accent") << words("textOnAccent") << words("accentFill accentFillHover accentFillPressed")
-                                       << 4.5;
-        QTest::newRow("in a selection") << words("textPrimary") << words("textSelection") << 4.5;
-        QTest::newRow("tertiary") << words("textTertiary") << words("window sidebar panel card field raised selection")
-                                  << 3.0;
-        QTest::newRow("focus ring") << words("focusRing") << words("window sidebar panel card raised") << 3.0;
-    }
-
     void contrast()
     {
-        QFETCH(QStringList, inks);
-        QFETCH(QStringList, grounds);
-        QFETCH(double, atLeast);
+        struct Pairing
+        {
+            const char *inks;
+            const char *grounds;
+            double atLeast;
+        };
+        const Pairing pairings[] = {
+            {"textPrimary textSecondary textReading", "window sidebar panel card field raised selection controlFill",
+             4.5},
+            {"accent answered timedOut danger", "window panel card field selection", 4.5},
+            {"timedOut textPrimary", "warningFill", 4.5},
+            {"danger", "raised", 4.5},
+            {"textOnAccent", "accentFill accentFillHover accentFillPressed", 4.5},
+            {"textPrimary", "textSelection", 4.5},
+            {"textTertiary", "window sidebar panel card field raised selection", 3.0},
+            {"focusRing", "window sidebar panel card raised", 3.0},
+        };
         for (const bool dark : {false, true}) {
             m_appearance.setDark(dark);
-            for (const QString &ink : inks) {
-                for (const QString &ground : grounds)
-                    compare(color(ink), color(ground), atLeast, ink + u' ' + ground);
+            for (const Pairing &pairing : pairings) {
+                for (const QByteArray &ink : QByteArray(pairing.inks).split(' ')) {
+                    for (const QByteArray &ground : QByteArray(pairing.grounds).split(' '))
+                        compare(color(ink), color(ground), pairing.atLeast, ink + ' ' + ground);
+                }
             }
-        }
-    }
-
-    void priorities()
-    {
-        for (const bool dark : {false, true}) {
-            m_appearance.setDark(dark);
             for (const auto &priority : rawValues<Priority>) {
-                const QString word = priority.word;
-                compare(colorOf("ink", word), colorOf("fill", word), 4.5, word);
-                compare(colorOf("dot", word), color(QStringLiteral("card")), 2.5, word);
+                m_view->setProperty("priority", QString(priority.word));
+                const auto shown = [this](const char *name) { return m_view->property(name).value<QColor>(); };
+                compare(shown("ink"), shown("fill"), 4.5, "priority's ink");
+                compare(shown("dot"), color("card"), 2.5, "priority's dot");
             }
         }
     }
@@ -109,36 +100,27 @@ private slots:
     void followsTheDesktopWhileOpen()
     {
         m_appearance.setDark(false);
-        QVERIFY(luminance(color(QStringLiteral("window"))) > 0.5);
+        QVERIFY(luminance(color("window")) > 0.5);
         m_appearance.setDark(true);
-        QVERIFY(luminance(color(QStringLiteral("window"))) < 0.1);
+        QVERIFY(luminance(color("window")) < 0.1);
         QCOMPARE(m_theme->property("durationShort").toInt(), 0);
     }
 
 private:
-    [[nodiscard]] QColor color(const QString &name) const
+    [[nodiscard]] QColor color(const QByteArray &name) const
     {
-        const QVariant value = m_theme->property(name.toLatin1());
+        const QVariant value = m_theme->property(name);
         if (!value.isValid())
-            QTest::qFail(qPrintable(QStringLiteral("no such colour: ") + name), __FILE__, __LINE__);
+            QTest::qFail(QByteArray("no such colour: " + name), __FILE__, __LINE__);
         return value.value<QColor>();
     }
 
-    /// What a view that is bound to the theme's functions sees.
-    [[nodiscard]] QColor colorOf(const char *property, const QString &priority) const
-    {
-        m_view->setProperty("priority", priority);
-        return m_view->property(property).value<QColor>();
-    }
-
-    void compare(const QColor &ink, const QColor &ground, double atLeast, const QString &what) const
+    void compare(const QColor &ink, const QColor &ground, double atLeast, QByteArray what) const
     {
         const double found = contrastBetween(over(ink, ground), ground);
+        what += (m_appearance.isDark() ? ", dark: " : ", light: ") + QByteArray::number(found);
         if (found < atLeast)
-            QTest::qFail(qPrintable(QStringLiteral("%1, %2: %3")
-                                        .arg(what, m_appearance.isDark() ? u"dark"_qs : u"light"_qs)
-                                        .arg(found)),
-                         __FILE__, __LINE__);
+            QTest::qFail(what, __FILE__, __LINE__);
     }
 
     FixedAppearance m_appearance;
