@@ -1,6 +1,4 @@
-#include "fake_notification_center.h"
 #include "notify/login_item.h"
-#include "notify/notification_permission.h"
 #include "support/memory_preferences.h"
 
 #include <QTest>
@@ -38,8 +36,7 @@ const QString offered = QStringLiteral("pingwell.loginItem.offered");
 
 } // namespace
 
-/// What is asked of the desktop once: to start at login, and to show notifications.
-class ConsentTest : public QObject
+class LoginItemTest : public QObject
 {
     Q_OBJECT
 
@@ -70,30 +67,7 @@ private slots:
         QCOMPARE(item.registrations, 1);
         QCOMPARE(preferences.boolean(offered), std::optional(true));
     }
-
-    void permissionIsWhatHoldsAfterwards()
-    {
-        using enum AuthorizationStatus;
-        const auto center = std::make_shared<FakeNotificationCenter>();
-        const QList<std::pair<AuthorizationStatus, NotificationPermission>> meanings{
-            {notDetermined, NotificationPermission::notAsked}, {denied, NotificationPermission::denied},
-            {authorized, NotificationPermission::allowed},     {provisional, NotificationPermission::allowed},
-            {ephemeral, NotificationPermission::allowed},      {other, NotificationPermission::unknown}};
-        for (const auto &[status, permission] : meanings) {
-            center->status = status;
-            QCOMPARE(QCoro::waitFor(currentPermission(center)), permission);
-            QCOMPARE(center->requests, 0);
-        }
-        for (const bool fails : {false, true}) {
-            center->status = notDetermined;
-            center->statusAfterRequest = fails ? authorized : denied;
-            center->requestFails = fails;
-            QCOMPARE(QCoro::waitFor(requestPermission(center)),
-                     fails ? NotificationPermission::allowed : NotificationPermission::denied);
-        }
-        QCOMPARE(center->requests, 2);
-    }
 };
 
-QTEST_GUILESS_MAIN(ConsentTest)
-#include "consent_test.moc"
+QTEST_GUILESS_MAIN(LoginItemTest)
+#include "login_item_test.moc"
