@@ -77,6 +77,20 @@ void settle()
     QThread::sleep(6);
 }
 
+/// Longer than the program keeps what a start or a closed window no longer needs.
+void settleForGood()
+{
+    QThread::sleep(40);
+}
+
+/// What a floor holds once it is at rest. Alone: memory that two programs share counts half for each.
+Memory floorMemory(const QString &program, const QStringList &arguments)
+{
+    const MeasuredProcess process(program, arguments);
+    settle();
+    return process.memory();
+}
+
 void measureStarts(StatusHost &host, const Programs &programs)
 {
     constexpr int runs = 7;
@@ -116,30 +130,33 @@ void measureIdle(const MeasuredProcess &ours, const MeasuredProcess &floor)
 
 void measureResting(StatusHost &host, const Programs &programs)
 {
-    const MeasuredProcess tray(programs.floor(QStringLiteral("tray")), {});
+    const Memory tray = floorMemory(programs.floor(QStringLiteral("tray")), {});
+    const Memory poll = floorMemory(programs.floor(QStringLiteral("poll")), {programs.service});
+    const Memory quick = floorMemory(programs.floor(QStringLiteral("quick")), {});
+    reportMemory("(F-tray beside F-poll)", tray, poll, "F-poll", 0, 0);
+
     host.waitForItem();
-    const MeasuredProcess poll(programs.floor(QStringLiteral("poll")), {programs.service});
-    host.waitForItem();
-    const MeasuredProcess quick(programs.floor(QStringLiteral("quick")), {});
-    const MeasuredProcess controls(programs.floor(QStringLiteral("controls")), {});
     MeasuredProcess ours(programs.pingwell, programs.live());
     host.waitForItem();
-    settle();
-    reportMemory("resting in the status area", ours.memory(), poll.memory(), "F-poll", 1.2, 1.75);
-    measureIdle(ours, poll);
-
+    settleForGood();
+    reportMemory("resting in the status area", ours.memory(), poll, "F-poll", 1.2, 1.75);
     host.click();
     ours.waitForFrame();
     settle();
-    reportMemory("with the panel open", ours.memory(), quick.memory(), "F-quick", 0, 0);
+    reportMemory("with the panel open", ours.memory(), quick, "F-quick", 0, 0);
     host.click();
-    // Windows are given back half a minute after the last one closed.
-    QThread::sleep(45);
-    reportMemory("after the panel was closed", ours.memory(), poll.memory(), "F-poll", 1.2, 0);
-    reportMemory("floors: F-tray beside F-poll", tray.memory(), poll.memory(), "F-poll", 0, 0);
-    const MeasuredProcess window(programs.pingwell, {QStringLiteral("-uitest")});
+    settleForGood();
+    reportMemory("after the panel was closed", ours.memory(), poll, "F-poll", 1.2, 0);
+    const MeasuredProcess floor(programs.floor(QStringLiteral("poll")), {programs.service});
     settle();
-    reportMemory("with the main window open, demo", window.memory(), controls.memory(), "F-controls", 1.5, 0);
+    measureIdle(ours, floor);
+}
+
+void measureWindow(const Programs &programs)
+{
+    const Memory controls = floorMemory(programs.floor(QStringLiteral("controls")), {});
+    reportMemory("with the main window open, demo", floorMemory(programs.pingwell, {QStringLiteral("-uitest")}),
+                 controls, "F-controls", 1.5, 0);
 }
 
 } // namespace
@@ -160,5 +177,6 @@ int main(int argc, char **argv)
     }
     measureStarts(host, programs);
     measureResting(host, programs);
+    measureWindow(programs);
     return 0;
 }

@@ -14,6 +14,8 @@
 #include <cstdio>
 #include <vector>
 
+#include <malloc.h>
+
 namespace {
 
 using namespace pingwell;
@@ -81,8 +83,10 @@ double parseAlone(const QByteArray &body)
     return milliseconds(timer);
 }
 
+/// What the process holds once the allocator has given back what is free.
 qint64 residentKiB()
 {
+    malloc_trim(0);
     QFile status(QStringLiteral("/proc/self/smaps_rollup"));
     if (!status.open(QIODevice::ReadOnly))
         return 0;
