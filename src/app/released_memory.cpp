@@ -60,8 +60,10 @@ void releaseUnusedMemory()
 #ifdef __GLIBC__
     malloc_trim(0);
 #endif
-    for (const Mapping &mapping : cleanFileMappings())
+    for (const Mapping &mapping : cleanFileMappings()) {
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): the kernel tells addresses as text.
         madvise(reinterpret_cast<void *>(mapping.start), mapping.end - mapping.start, MADV_DONTNEED);
+    }
 }
 
 } // namespace pingwell
