@@ -9,7 +9,7 @@ namespace pingwell {
 namespace {
 
 /// How much of an answer may wait unread; without a bound it piles up without end.
-constexpr qint64 readBufferBytes = 256 * 1024;
+constexpr qint64 readBufferBytes = qint64{256} * 1024;
 
 /// Spare room behind a body, in which a parser that reads in blocks needs no copy of it.
 constexpr qint64 spareBytes = 64;
