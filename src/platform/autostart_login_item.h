@@ -8,8 +8,8 @@
 
 namespace pingwell {
 
-/// Where a desktop looks for what it starts, the person's own folder before the system's (Desktop Application Autostart
-/// Specification).
+/// Where a desktop looks for what it starts, the person's own folder before the system's (freedesktop.org, Desktop
+/// Application Autostart).
 struct AutostartFolders
 {
     QString own;

@@ -16,7 +16,7 @@ struct BannerEvent
     uint number = 0;
     /// The action's key, the reply or the token.
     QString text;
-    /// Why it was closed, as the Desktop Notifications Specification numbers it.
+    /// Why it was closed, as freedesktop.org numbers the reasons for notifications.
     uint reason = 0;
 };
 

@@ -25,7 +25,7 @@ public:
 
     /// The preferences of `domain`; none where its file can't be both read and written, or the name is no file name.
     [[nodiscard]] static std::unique_ptr<JsonPreferences> openSuite(const QString &domain);
-    /// The file of a domain, in the person's configuration folder (XDG Base Directory Specification).
+    /// The file of a domain, in the person's configuration folder (freedesktop.org, XDG Base Directory).
     [[nodiscard]] static QString pathOf(const QString &domain);
 
     [[nodiscard]] bool contains(const QString &key) const override;
