@@ -56,5 +56,5 @@ function(pingwell_test_program name qt_platform command)
     target_link_libraries(${name} PRIVATE pingwell_options Qt6::Test ${arg_LINKS})
     add_test(NAME ${name} COMMAND ${command})
     set_tests_properties(${name} PROPERTIES TIMEOUT 60 ENVIRONMENT
-        "QT_QPA_PLATFORM=${qt_platform};QT_QUICK_BACKEND=software;TZ=UTC;LC_ALL=C.UTF-8;QT_FORCE_STDERR_LOGGING=1")
+        "QT_QPA_PLATFORM=${qt_platform};QT_QUICK_BACKEND=software;TZ=UTC;LC_ALL=C.UTF-8;QT_FORCE_STDERR_LOGGING=1;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp")
 endfunction()

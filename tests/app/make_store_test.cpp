@@ -6,6 +6,7 @@
 #include "support/scripted_transport.h"
 
 #include <QTest>
+#include <QThreadPool>
 
 using namespace pingwell;
 using namespace std::chrono_literals;
@@ -40,6 +41,13 @@ private:
     }
 
 private slots:
+    // Lets what a store of the last test had under way come to its end.
+    void cleanup()
+    {
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
+    }
+
     void parse()
     {
         const std::pair<QStringList, LaunchOptions> cases[] = {
