@@ -21,6 +21,7 @@
 
 #include <QDesktopServices>
 #include <QSysInfo>
+#include <QTimer>
 
 namespace pingwell {
 
@@ -38,7 +39,7 @@ StoreParts makeStoreParts(const std::shared_ptr<Clock> &clock, const std::shared
             return JsonPreferences::openSuite(name);
         },
         .openKeychain = [] { return std::make_shared<SecretServiceKeychain>(); },
-        .openTransport = [] { return std::make_shared<URLSessionTransport>(); },
+        .openTransport = [] { return URLSessionTransport::shared(); },
         .openNotifier = [notifier] { return notifier; },
         .authenticate = [browser](const QUrl &url,
                                   const QString &callbackScheme) { return browser->authenticate(url, callbackScheme); },
@@ -114,7 +115,8 @@ std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstanc
     if (notifier) {
         parts.responses = std::make_shared<NotificationResponses>(parts.store.get(), parts.windows.get());
         notifier->setResponses(parts.responses);
-        settleIn(*preferences);
+        // Files and tools; the status item comes first.
+        QTimer::singleShot(0, QCoreApplication::instance(), [preferences] { settleIn(*preferences); });
     }
     return std::make_unique<PingwellApp>(options, std::move(parts));
 }
