@@ -154,9 +154,9 @@ QCoro::Task<WithMessage<Member>> changeMemberRole(APIClientPtr client, QString w
     return request(std::move(client), {"PATCH", memberPath(workspaceId, memberId), body}, readMessageData<MemberDTO>);
 }
 
-QCoro::Task<> removeMember(APIClientPtr client, QString workspaceId, QString memberId)
+QCoro::Task<std::optional<QString>> removeMember(APIClientPtr client, QString workspaceId, QString memberId)
 {
-    return requestNothing(std::move(client), {"DELETE", memberPath(workspaceId, memberId)});
+    return requestMessage(std::move(client), {"DELETE", memberPath(workspaceId, memberId)});
 }
 
 QCoro::Task<Topic> createTopic(APIClientPtr client, QString workspaceId, QString name)
@@ -180,9 +180,9 @@ QCoro::Task<QList<Invitation>> listInvitations(APIClientPtr client)
     return request(std::move(client), {"GET", u"/invites"_s}, readDataList<InvitationDTO>);
 }
 
-QCoro::Task<WithMessage<Workspace>> acceptInvitation(APIClientPtr client, QString token)
+QCoro::Task<std::optional<QString>> acceptInvitation(APIClientPtr client, QString token)
 {
-    return request(std::move(client), {"POST", invitationPath(token) + u"/accept"}, readMessageData<WorkspaceDTO>);
+    return requestMessage(std::move(client), {"POST", invitationPath(token) + u"/accept"});
 }
 
 QCoro::Task<std::optional<QString>> declineInvitation(APIClientPtr client, QString token)
@@ -203,9 +203,9 @@ QCoro::Task<Device> sendHeartbeat(APIClientPtr client, QString deviceId, QString
     return request(std::move(client), {"POST", devicePath(deviceId) + u"/heartbeat", body}, readData<DeviceDTO>);
 }
 
-QCoro::Task<> unregisterDevice(APIClientPtr client, QString deviceId)
+QCoro::Task<std::optional<QString>> unregisterDevice(APIClientPtr client, QString deviceId)
 {
-    return requestNothing(std::move(client), {"DELETE", devicePath(deviceId)});
+    return requestMessage(std::move(client), {"DELETE", devicePath(deviceId)});
 }
 
 } // namespace pingwell::endpoints

@@ -36,7 +36,7 @@ QCoro::Task<WithMessage<Member>> inviteMember(APIClientPtr client, QString works
 QCoro::Task<WithMessage<Member>> resendInvitation(APIClientPtr client, QString workspaceId, QString memberId);
 QCoro::Task<WithMessage<Member>> changeMemberRole(APIClientPtr client, QString workspaceId, QString memberId,
                                                   WorkspaceRole role);
-QCoro::Task<> removeMember(APIClientPtr client, QString workspaceId, QString memberId);
+QCoro::Task<std::optional<QString>> removeMember(APIClientPtr client, QString workspaceId, QString memberId);
 
 QCoro::Task<Topic> createTopic(APIClientPtr client, QString workspaceId, QString name);
 /// `change` holds the one changed field, "muted", "minPriority" or "quietHours".
@@ -44,12 +44,12 @@ QCoro::Task<Topic> changeTopic(APIClientPtr client, QString workspaceId, QString
 QCoro::Task<> deleteTopic(APIClientPtr client, QString workspaceId, QString topicId);
 
 QCoro::Task<QList<Invitation>> listInvitations(APIClientPtr client);
-QCoro::Task<WithMessage<Workspace>> acceptInvitation(APIClientPtr client, QString token);
+QCoro::Task<std::optional<QString>> acceptInvitation(APIClientPtr client, QString token);
 QCoro::Task<std::optional<QString>> declineInvitation(APIClientPtr client, QString token);
 
 QCoro::Task<Device> registerDevice(APIClientPtr client, QString name, QString version);
 QCoro::Task<Device> sendHeartbeat(APIClientPtr client, QString deviceId, QString version);
-QCoro::Task<> unregisterDevice(APIClientPtr client, QString deviceId);
+QCoro::Task<std::optional<QString>> unregisterDevice(APIClientPtr client, QString deviceId);
 
 } // namespace endpoints
 

@@ -10,6 +10,22 @@ namespace pingwell {
 
 using namespace std::chrono_literals;
 
+/// What a store without a service remembers from its last run, and every one of its server.
+struct AppStore::StartSteps
+{
+    static void restoreServerChoice(AppStore &store);
+    static void restoreDemoAccount(AppStore &store, bool signedIn);
+    static void restoreDemoWorkspaces(AppStore &store);
+};
+
+/// What waits for the clock.
+struct AppStore::ClockSteps
+{
+    static QCoro::Task<> runClock(QPointer<AppStore> store, std::shared_ptr<Clock> clock, std::stop_token stop);
+    static QCoro::Task<> hideToastLater(QPointer<AppStore> store, std::shared_ptr<Clock> clock, QUuid id,
+                                        std::chrono::milliseconds after, std::stop_token stop);
+};
+
 AppStore::AppStore(SeedData seed, bool signedIn, std::shared_ptr<Preferences> defaults, Instant now,
                    std::shared_ptr<Backend> backend, std::shared_ptr<Clock> clock, QObject *parent)
     : QObject(parent)
@@ -26,14 +42,14 @@ AppStore::AppStore(SeedData seed, bool signedIn, std::shared_ptr<Preferences> de
     if (m_defaults) {
         const QStringList unread = m_defaults->strings(preference_keys::unreadAlerts).value_or(QStringList());
         m_unreadOverrides = QSet<QString>(unread.begin(), unread.end());
-        restoreServerChoice();
+        StartSteps::restoreServerChoice(*this);
     }
     if (m_backend) {
         check(m_backend->heartbeatEvery != 0 && m_backend->invitesEvery != 0, "a poll count of the backend is zero");
         watchTokenStore();
         restoreSession();
     } else {
-        restoreDemoAccount(signedIn);
+        StartSteps::restoreDemoAccount(*this, signedIn);
     }
 }
 
@@ -43,6 +59,7 @@ AppStore::~AppStore()
     m_syncTask.request_stop();
     m_toastTask.request_stop();
     m_providersTask.request_stop();
+    m_mutationLanes.clear();
     if (m_backend && m_backend->tokenStore) {
         m_backend->tokenStore->onBecameReadable = nullptr;
         m_backend->tokenStore->onNotKept = nullptr;
@@ -67,44 +84,45 @@ void AppStore::fillFromSeed()
     set(m_activeWorkspaceID, first, &AppStore::activeWorkspaceIDChanged);
 }
 
-void AppStore::restoreServerChoice()
+void AppStore::StartSteps::restoreServerChoice(AppStore &store)
 {
-    const QString kind = m_defaults->string(preference_keys::serverKind).value_or(QString());
-    m_server = fromRawValue<ServerKind>(kind).value_or(ServerKind::cloud);
-    m_selfHostedURL = m_defaults->string(preference_keys::selfHostedURL).value_or(QString());
+    const QString kind = store.m_defaults->string(preference_keys::serverKind).value_or(QString());
+    store.m_server = fromRawValue<ServerKind>(kind).value_or(ServerKind::cloud);
+    store.m_selfHostedURL = store.m_defaults->string(preference_keys::selfHostedURL).value_or(QString());
 }
 
-void AppStore::restoreDemoAccount(bool signedIn)
+void AppStore::StartSteps::restoreDemoAccount(AppStore &store, bool signedIn)
 {
-    if (!m_defaults) {
+    if (!store.m_defaults) {
         if (signedIn)
-            m_account = demoAccount(AuthProvider::google);
+            store.m_account = demoAccount(AuthProvider::google);
         return;
     }
-    const QString word = m_defaults->string(preference_keys::sessionProvider).value_or(QString());
+    const QString word = store.m_defaults->string(preference_keys::sessionProvider).value_or(QString());
     if (const auto provider = fromRawValue<AuthProvider>(word))
-        m_account = demoAccount(*provider);
-    restoreDemoWorkspaces();
+        store.m_account = demoAccount(*provider);
+    restoreDemoWorkspaces(store);
 }
 
-void AppStore::restoreDemoWorkspaces()
+void AppStore::StartSteps::restoreDemoWorkspaces(AppStore &store)
 {
-    const auto active = m_defaults->string(preference_keys::activeWorkspace);
-    if (active && workspaceWithID(*active))
-        set(m_activeWorkspaceID, *active, &AppStore::activeWorkspaceIDChanged);
-    QList<Workspace> workspaces = m_workspaces;
+    const auto active = store.m_defaults->string(preference_keys::activeWorkspace);
+    if (active && store.workspaceWithID(*active))
+        store.set(store.m_activeWorkspaceID, *active, &AppStore::activeWorkspaceIDChanged);
+    QList<Workspace> workspaces = store.m_workspaces;
     for (Workspace &workspace : workspaces) {
-        const double minutes = m_defaults->number(preference_keys::responseTimeoutMinutes(workspace.id)).value_or(0);
+        const double minutes =
+            store.m_defaults->number(preference_keys::responseTimeoutMinutes(workspace.id)).value_or(0);
         for (const std::int64_t honoured : {5, 15, 30, 60}) {
             if (minutes == static_cast<double>(honoured))
                 workspace.responseTimeoutMinutes = honoured;
         }
-        const QString word = m_defaults->string(preference_keys::timeoutAction(workspace.id)).value_or(QString());
+        const QString word = store.m_defaults->string(preference_keys::timeoutAction(workspace.id)).value_or(QString());
         const auto action = fromRawValue<TimeoutAction>(word);
         if (action && isAllowed(*action, workspace.kind))
             workspace.timeoutAction = *action;
     }
-    set(m_workspaces, workspaces, &AppStore::workspacesChanged);
+    store.set(store.m_workspaces, workspaces, &AppStore::workspacesChanged);
 }
 
 void AppStore::startClock()
@@ -112,10 +130,11 @@ void AppStore::startClock()
     checkMainThread();
     m_clockTask.request_stop();
     m_clockTask = std::stop_source();
-    launch("clock", runClock(this, m_clock, m_clockTask.get_token()));
+    launch("clock", ClockSteps::runClock(this, m_clock, m_clockTask.get_token()));
 }
 
-QCoro::Task<> AppStore::runClock(QPointer<AppStore> store, std::shared_ptr<Clock> clock, std::stop_token stop)
+QCoro::Task<> AppStore::ClockSteps::runClock(QPointer<AppStore> store, std::shared_ptr<Clock> clock,
+                                             std::stop_token stop)
 {
     while (true) {
         const auto second = 1000ms;
@@ -137,11 +156,11 @@ void AppStore::showToast(const QString &message, bool isError)
     m_toastTask.request_stop();
     m_toastTask = std::stop_source();
     const auto shown = isError ? 6000ms : 3500ms;
-    launch("toast", hideToastLater(this, m_clock, toast.id, shown, m_toastTask.get_token()));
+    launch("toast", ClockSteps::hideToastLater(this, m_clock, toast.id, shown, m_toastTask.get_token()));
 }
 
-QCoro::Task<> AppStore::hideToastLater(QPointer<AppStore> store, std::shared_ptr<Clock> clock, QUuid id,
-                                       std::chrono::milliseconds after, std::stop_token stop)
+QCoro::Task<> AppStore::ClockSteps::hideToastLater(QPointer<AppStore> store, std::shared_ptr<Clock> clock, QUuid id,
+                                                   std::chrono::milliseconds after, std::stop_token stop)
 {
     co_await clock->sleep(after, stop);
     if (stop.stop_requested() || !store)

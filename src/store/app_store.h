@@ -130,9 +130,6 @@ public:
     [[nodiscard]] static QString countdownKey(const Alert &alert, Instant instant);
     [[nodiscard]] bool countdownChanged(const Alert &alert, Instant earlier) const;
 
-    // The same for QML, by alert id; an unknown id gives an empty text or false.
-    Q_INVOKABLE bool canAnswerAlert(const QString &alertID) const;
-    Q_INVOKABLE QString outcomeTextOf(const QString &alertID) const;
     Q_INVOKABLE QString replyDraft(const QString &alertID) const { return m_replyDrafts.value(alertID); }
 
     // Navigation.
@@ -161,8 +158,44 @@ public:
     Q_INVOKABLE void deleteAlert(const QString &alertID);
     Q_INVOKABLE void sendTestAlert();
 
-    // Workspaces.
+    // Workspaces. What changes one acts on the active one, and only for those who may.
     Q_INVOKABLE void createWorkspace(const QString &name);
+    Q_INVOKABLE void renameWorkspace(const QString &name);
+    /// Leaves it, or deletes it for everyone when the person owns it; only once the service has confirmed.
+    Q_INVOKABLE void leaveWorkspace();
+    void setResponseTimeout(std::int64_t minutes);
+    void setTimeoutAction(TimeoutAction action);
+
+    // Members of the active workspace, and invitations to others.
+    [[nodiscard]] bool managesActiveTeam() const;
+    /// Why nobody was invited, or none; a refusal of the service comes later, as a toast.
+    std::optional<InviteError> invite(const QString &email, WorkspaceRole role);
+    [[nodiscard]] bool canChangeRole(const Member &member) const;
+    void changeRole(const QString &memberID, WorkspaceRole role);
+    /// Whether the person may remove the member or take the invitation back.
+    [[nodiscard]] bool canRemoveMember(const Member &member) const;
+    Q_INVOKABLE void removeMember(const QString &memberID);
+    [[nodiscard]] bool canResendInvitation(const Member &member) const;
+    Q_INVOKABLE void resendInvitation(const QString &memberID);
+    Q_INVOKABLE void acceptInvitation(const QString &token);
+    Q_INVOKABLE void rejectInvitation(const QString &token);
+
+    // Topics.
+    /// Creates one in the active workspace, under the `slug` of the name.
+    Q_INVOKABLE void createTopic(const QString &name);
+    Q_INVOKABLE void setTopicMuted(const QString &topicID, bool muted);
+    void setTopicMinPriority(const QString &topicID, Priority priority);
+    Q_INVOKABLE void setTopicQuietHours(const QString &topicID, bool quietHours);
+    Q_INVOKABLE void deleteTopic(const QString &topicID);
+
+    // The person's own.
+    void updateSettings(const std::function<void(NotificationSettings &)> &change);
+    /// This computer at the service; empty when it is not registered there.
+    [[nodiscard]] QString deviceIdentifier() const;
+    /// Signs another device out; this computer's own is left alone.
+    Q_INVOKABLE void removeDevice(const QString &deviceID);
+    /// Ends the session once the service has deleted the account.
+    Q_INVOKABLE void deleteAccount();
 
     // Session.
     /// The address a new session is made against; none when the self-hosted one isn't an address.
@@ -229,6 +262,19 @@ private:
     using Refused = std::function<void(AppStore &, const QString &message)>;
     class RefreshInProgress;
     class MutationInProgress;
+    struct Mutation;
+    // What stands behind the operations, each group in the file of its subject.
+    struct StartSteps;
+    struct ClockSteps;
+    struct AlertSteps;
+    struct WorkspaceSteps;
+    struct MemberSteps;
+    struct TopicSteps;
+    struct AccountSteps;
+    struct MutationSteps;
+    struct SignInSteps;
+    struct SyncSteps;
+    struct MergeSteps;
 
     double nowMilliseconds() const { return millisecondsFromInstant(m_now); }
     bool hasWorkspaces() const { return !m_workspaces.isEmpty(); }
@@ -247,49 +293,38 @@ private:
 
     /// Stores and announces a real change.
     template<typename Value>
-    void set(Value &field, Value value, void (AppStore::*changed)());
+    void set(Value &field, Value value, void (AppStore::*changed)())
+    {
+        if (field == value)
+            return;
+        field = std::move(value);
+        emit(this->*changed)();
+    }
     void checkMainThread() const;
 
-    // app_store.cpp
-    void restoreServerChoice();
-    void restoreDemoAccount(bool signedIn);
-    void restoreDemoWorkspaces();
+    // What several subjects share.
     void fillFromSeed();
-    static QCoro::Task<> runClock(QPointer<AppStore> store, std::shared_ptr<Clock> clock, std::stop_token stop);
-    static QCoro::Task<> hideToastLater(QPointer<AppStore> store, std::shared_ptr<Clock> clock, QUuid id,
-                                        std::chrono::milliseconds after, std::stop_token stop);
-
-    // app_store_navigation.cpp
     void clearSelectionAndFilter();
-
-    // app_store_workspaces.cpp
-    void createDemoWorkspace(const QString &name);
     void addWorkspace(const Workspace &workspace, const QList<Member> &members);
-    static QCoro::Task<> performCreateWorkspace(QPointer<AppStore> store, APIClientPtr client, QString name);
-
-    // app_store_alerts.cpp
+    void removeWorkspaceLocally(const Workspace &workspace);
     void replaceAlert(const Alert &alert);
     void receive(Alert alert);
     void applyUnreadOverrides(const QSet<QString> &ids);
     void setUnreadOverride(const QString &id, bool unread);
     void setUnreadOverrides(const QSet<QString> &overrides);
-    static void markUnread(QList<Alert> &alerts, const QSet<QString> &ids);
     void keepReplyDraft(const QString &text, const QString &alertID);
     void removeReplyDraft(const QString &alertID);
     /// False when the answer may not be given; nothing has happened then.
     bool submitAnswer(const QString &alertID, const QString &text, Refused refused);
-    void tellRefusal(const QString &alertID, const QString &message);
     void withdrawNotifications(const QStringList &alertIDs);
     [[nodiscard]] std::optional<QString> workspaceName(const QString &workspaceID) const;
-    static QCoro::Task<> performTestAlert(QPointer<AppStore> store, APIClientPtr client, QString workspaceID);
 
-    // app_store_mutations.cpp
     void mutate(Rollback rollback, Operation operation, Refused refused = {});
-    static QCoro::Task<> runMutation(QPointer<AppStore> store, APIClientPtr client, Rollback rollback,
-                                     Operation operation, Refused refused);
+    /// The same in a lane: what is sent for one `lane` is sent in the order of the changes, one after the other.
+    void mutateInOrder(const QString &lane, Rollback rollback, Operation operation);
+    void refreshIfOwed();
     void handleError(const APIError &error);
 
-    // app_store_session.cpp
     void watchTokenStore();
     void restoreSession();
     void restoreLateSession();
@@ -297,42 +332,12 @@ private:
     void restoreLocalSettings();
     void saveAccount(const Account &account);
     void resetSession();
-    static QCoro::Task<> forgetDevice(APIClientPtr client, QString deviceID);
-
-    // app_store_sign_in.cpp
-    struct SignInAttempt;
-    [[nodiscard]] SignInAttempt prepareSignIn(const QUrl &baseURL, AuthProvider provider) const;
-    static QCoro::Task<> runSignIn(QPointer<AppStore> store, SignInAttempt attempt);
-    void finishSignIn(const QUrl &baseURL, const std::optional<Session> &session,
-                      const std::optional<QString> &problem);
-    void signInToDemo(AuthProvider provider);
     void refreshProvidersSoon();
-    static QCoro::Task<> settleAndRefreshProviders(QPointer<AppStore> store, std::shared_ptr<Clock> clock,
-                                                   std::stop_token stop);
-    static QCoro::Task<> runRefreshProviders(QPointer<AppStore> store, std::optional<QUrl> baseURL);
 
-    // app_store_sync.cpp
-    static QCoro::Task<> runSync(QPointer<AppStore> store, std::shared_ptr<Clock> clock, std::stop_token stop);
-    static QCoro::Task<> runRefresh(QPointer<AppStore> store);
     [[nodiscard]] QByteArray knownBody() const;
-    static QCoro::Task<> refreshAccount(QPointer<AppStore> store, std::stop_token stop);
-    static QCoro::Task<> refreshInvitations(QPointer<AppStore> store, std::stop_token stop);
-    static QCoro::Task<> registerDevice(QPointer<AppStore> store, std::stop_token stop);
-    /// Whether the service still knows the device; no identifier is one it does not know.
-    static QCoro::Task<bool> sendHeartbeat(APIClientPtr client, QString deviceID, QString version);
-    [[nodiscard]] QString deviceIdentifier() const;
-    void forgetDeviceIdentifier();
-    void takeDevice(const Device &device);
     void takeAccount(const Account &account);
     void handle(const APIError &error);
-
-    // app_store_merge.cpp
     void applyDashboard(FetchedDashboard fetched);
-    void merge(Dashboard dashboard);
-    void mergeUnreadOverrides(const QList<Alert> &fresh);
-    [[nodiscard]] QString chooseActiveWorkspace(const QList<Workspace> &fresh) const;
-    void takePlan(const QString &plan);
-    void notifyAbout(const Dashboard &dashboard);
     void advanceNotificationMark(const QList<Alert> &alerts);
 
     SeedData m_seed;
@@ -377,7 +382,13 @@ private:
     QUrl m_signInPage;
     int m_mutationsInFlight = 0;
     qint64 m_mutationEpoch = 0;
+    /// What is under way and what waits behind it, by lane.
+    QHash<QString, QList<std::shared_ptr<Mutation>>> m_mutationLanes;
+    /// Members that exist here alone until the service answers their invitation.
+    QSet<QString> m_provisionalMembers;
     bool m_isRefreshing = false;
+    /// A refused change still waits for a refresh that may be applied.
+    bool m_refreshIsOwed = false;
     /// Moves on when a session ends: a request made for it no longer counts as outstanding.
     quint64 m_refreshSerial = 0;
     QSet<QString> m_unreadOverrides;
@@ -385,14 +396,5 @@ private:
     QByteArray m_appliedBody;
     qint64 m_appliedEpoch = -1;
 };
-
-template<typename Value>
-void AppStore::set(Value &field, Value value, void (AppStore::*changed)())
-{
-    if (field == value)
-        return;
-    field = std::move(value);
-    emit(this->*changed)();
-}
 
 } // namespace pingwell

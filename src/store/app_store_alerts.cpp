@@ -2,6 +2,7 @@
 
 #include "api/endpoints.h"
 #include "store/local_id.h"
+#include "store/mark_unread.h"
 #include "store/preference_keys.h"
 
 #include <QTextBoundaryFinder>
@@ -64,6 +65,13 @@ QCoro::Task<> sendAnswer(APIClientPtr client, QString workspaceID, QString alert
 
 } // namespace
 
+/// What follows an answer of the service about alerts.
+struct AppStore::AlertSteps
+{
+    static void tellRefusal(AppStore &store, const QString &alertID, const QString &message);
+    static QCoro::Task<> performTestAlert(QPointer<AppStore> store, APIClientPtr client, QString workspaceID);
+};
+
 void AppStore::setReplyDraft(const QString &text, const QString &alertID)
 {
     checkMainThread();
@@ -92,7 +100,9 @@ void AppStore::answer(const QString &alertID, const QString &text)
 
 void AppStore::answerFromNotification(const QString &alertID, const QString &text)
 {
-    const auto refused = [alertID](AppStore &store, const QString &message) { store.tellRefusal(alertID, message); };
+    const auto refused = [alertID](AppStore &store, const QString &message) {
+        AlertSteps::tellRefusal(store, alertID, message);
+    };
     if (submitAnswer(alertID, text, refused))
         return;
     const auto alert = alertWithID(alertID);
@@ -101,15 +111,16 @@ void AppStore::answerFromNotification(const QString &alertID, const QString &tex
     // The banner is gone with what was typed into it; a window keeps its field.
     if (canAnswer(*alert) && alert->acceptsText())
         setReplyDraft(text, alertID);
-    tellRefusal(alertID, canAnswer(*alert) ? QStringLiteral("An answer has 1 to 1000 characters.")
-                                           : QStringLiteral("This question can't be answered any more."));
+    AlertSteps::tellRefusal(*this, alertID,
+                            canAnswer(*alert) ? QStringLiteral("An answer has 1 to 1000 characters.")
+                                              : QStringLiteral("This question can't be answered any more."));
 }
 
-void AppStore::tellRefusal(const QString &alertID, const QString &message)
+void AppStore::AlertSteps::tellRefusal(AppStore &store, const QString &alertID, const QString &message)
 {
-    const auto alert = alertWithID(alertID);
-    if (alert && m_backend && m_backend->notifier)
-        m_backend->notifier->deliverRefusal(*alert, workspaceName(alert->workspaceId), message);
+    const auto alert = store.alertWithID(alertID);
+    if (alert && store.m_backend && store.m_backend->notifier)
+        store.m_backend->notifier->deliverRefusal(*alert, store.workspaceName(alert->workspaceId), message);
 }
 
 bool AppStore::submitAnswer(const QString &alertID, const QString &text, Refused refused)
@@ -226,11 +237,13 @@ void AppStore::sendTestAlert()
         receive(localTestAlert(m_activeWorkspaceID, m_now));
         return;
     }
-    mutate([](AppStore &) {}, [store = QPointer(this), workspaceID = m_activeWorkspaceID](
-                                  APIClientPtr client) { return performTestAlert(store, client, workspaceID); });
+    mutate([](AppStore &) {},
+           [store = QPointer(this), workspaceID = m_activeWorkspaceID](APIClientPtr client) {
+               return AlertSteps::performTestAlert(store, client, workspaceID);
+           });
 }
 
-QCoro::Task<> AppStore::performTestAlert(QPointer<AppStore> store, APIClientPtr client, QString workspaceID)
+QCoro::Task<> AppStore::AlertSteps::performTestAlert(QPointer<AppStore> store, APIClientPtr client, QString workspaceID)
 {
     const JSONObject body = testAlertBody();
     const Alert alert = co_await endpoints::sendTestAlert(client, workspaceID, body);
@@ -276,16 +289,6 @@ void AppStore::applyUnreadOverrides(const QSet<QString> &ids)
     QList<Alert> alerts = m_alerts;
     markUnread(alerts, ids);
     set(m_alerts, alerts, &AppStore::alertsChanged);
-}
-
-void AppStore::markUnread(QList<Alert> &alerts, const QSet<QString> &ids)
-{
-    if (ids.isEmpty())
-        return;
-    for (Alert &alert : alerts) {
-        if (alert.read && ids.contains(alert.id))
-            alert.read = false;
-    }
 }
 
 void AppStore::setUnreadOverride(const QString &id, bool unread)

@@ -1,6 +1,7 @@
 #include "store/app_store.h"
 
 #include "async/background.h"
+#include "store/mark_unread.h"
 #include "store/notification_choice.h"
 #include "store/preference_keys.h"
 
@@ -21,12 +22,22 @@ int localMinuteOfDay(Instant instant)
 
 } // namespace
 
+/// What makes a dashboard the store's state.
+struct AppStore::MergeSteps
+{
+    static void merge(AppStore &store, Dashboard dashboard);
+    static void mergeUnreadOverrides(AppStore &store, const QList<Alert> &fresh);
+    static QString chooseActiveWorkspace(const AppStore &store, const QList<Workspace> &fresh);
+    static void takePlan(AppStore &store, const QString &plan);
+    static void notifyAbout(AppStore &store, const Dashboard &dashboard);
+};
+
 void AppStore::applyDashboard(FetchedDashboard fetched)
 {
     if (fetched.dashboard) {
         fetched.dashboard->settings.quietHoursEnabled = m_settings.quietHoursEnabled;
-        notifyAbout(*fetched.dashboard);
-        merge(std::move(*fetched.dashboard));
+        MergeSteps::notifyAbout(*this, *fetched.dashboard);
+        MergeSteps::merge(*this, std::move(*fetched.dashboard));
         m_appliedBody = std::move(fetched.body);
         m_appliedEpoch = m_mutationEpoch;
     }
@@ -34,7 +45,7 @@ void AppStore::applyDashboard(FetchedDashboard fetched)
     set(m_lastSyncedAt, std::optional(m_clock->now()), &AppStore::lastSyncedAtChanged);
 }
 
-void AppStore::merge(Dashboard dashboard)
+void AppStore::MergeSteps::merge(AppStore &store, Dashboard dashboard)
 {
     // Every field is in place before the first observer is told: nobody sees half a dashboard.
     QList<void (AppStore::*)()> changes;
@@ -44,80 +55,80 @@ void AppStore::merge(Dashboard dashboard)
         std::swap(field, fresh);
         changes << changed;
     };
-    mergeUnreadOverrides(dashboard.alerts);
-    markUnread(dashboard.alerts, m_unreadOverrides);
-    QString active = chooseActiveWorkspace(dashboard.workspaces);
-    const bool workspaceGone = active != m_activeWorkspaceID;
+    mergeUnreadOverrides(store, dashboard.alerts);
+    markUnread(dashboard.alerts, store.m_unreadOverrides);
+    QString active = chooseActiveWorkspace(store, dashboard.workspaces);
+    const bool workspaceGone = active != store.m_activeWorkspaceID;
     bool loaded = true;
-    take(m_workspaces, dashboard.workspaces, &AppStore::workspacesChanged);
-    take(m_members, dashboard.members, &AppStore::membersChanged);
-    take(m_topics, dashboard.topics, &AppStore::topicsChanged);
-    take(m_devices, dashboard.devices, &AppStore::devicesChanged);
-    take(m_settings, dashboard.settings, &AppStore::settingsChanged);
-    take(m_activeWorkspaceID, active, &AppStore::activeWorkspaceIDChanged);
-    take(m_alerts, dashboard.alerts, &AppStore::alertsChanged);
-    take(m_hasLoaded, loaded, &AppStore::hasLoadedChanged);
+    take(store.m_workspaces, dashboard.workspaces, &AppStore::workspacesChanged);
+    take(store.m_members, dashboard.members, &AppStore::membersChanged);
+    take(store.m_topics, dashboard.topics, &AppStore::topicsChanged);
+    take(store.m_devices, dashboard.devices, &AppStore::devicesChanged);
+    take(store.m_settings, dashboard.settings, &AppStore::settingsChanged);
+    take(store.m_activeWorkspaceID, active, &AppStore::activeWorkspaceIDChanged);
+    take(store.m_alerts, dashboard.alerts, &AppStore::alertsChanged);
+    take(store.m_hasLoaded, loaded, &AppStore::hasLoadedChanged);
     for (const auto changed : std::as_const(changes))
-        emit(this->*changed)();
+        emit(store.*changed)();
     if (workspaceGone)
-        clearSelectionAndFilter();
-    takePlan(dashboard.plan);
+        store.clearSelectionAndFilter();
+    takePlan(store, dashboard.plan);
     destroyInBackground(std::move(dashboard.alerts));
 }
 
-void AppStore::takePlan(const QString &plan)
+void AppStore::MergeSteps::takePlan(AppStore &store, const QString &plan)
 {
-    m_plan = plan;
-    if (!m_account || m_account->plan == plan)
+    store.m_plan = plan;
+    if (!store.m_account || store.m_account->plan == plan)
         return;
-    Account account = *m_account;
+    Account account = *store.m_account;
     account.plan = plan;
-    takeAccount(account);
+    store.takeAccount(account);
 }
 
-void AppStore::mergeUnreadOverrides(const QList<Alert> &fresh)
+void AppStore::MergeSteps::mergeUnreadOverrides(AppStore &store, const QList<Alert> &fresh)
 {
-    if (!m_hasLoaded || m_unreadOverrides.isEmpty())
+    if (!store.m_hasLoaded || store.m_unreadOverrides.isEmpty())
         return;
     QSet<QString> kept;
     for (const Alert &alert : fresh) {
-        if (m_unreadOverrides.contains(alert.id))
+        if (store.m_unreadOverrides.contains(alert.id))
             kept.insert(alert.id);
     }
-    setUnreadOverrides(kept);
+    store.setUnreadOverrides(kept);
 }
 
-QString AppStore::chooseActiveWorkspace(const QList<Workspace> &fresh) const
+QString AppStore::MergeSteps::chooseActiveWorkspace(const AppStore &store, const QList<Workspace> &fresh)
 {
     const auto holds = [&fresh](const QString &id) {
         return std::any_of(fresh.begin(), fresh.end(),
                            [&id](const Workspace &workspace) { return workspace.id == id; });
     };
-    if (holds(m_activeWorkspaceID))
-        return m_activeWorkspaceID;
-    const auto stored = m_defaults ? m_defaults->string(preference_keys::activeWorkspace) : std::nullopt;
+    if (holds(store.m_activeWorkspaceID))
+        return store.m_activeWorkspaceID;
+    const auto stored = store.m_defaults ? store.m_defaults->string(preference_keys::activeWorkspace) : std::nullopt;
     if (stored && holds(*stored))
         return *stored;
     return fresh.isEmpty() ? QString() : fresh.first().id;
 }
 
-void AppStore::notifyAbout(const Dashboard &dashboard)
+void AppStore::MergeSteps::notifyAbout(AppStore &store, const Dashboard &dashboard)
 {
-    if (!m_defaults)
+    if (!store.m_defaults)
         return;
-    const auto mark = m_defaults->number(preference_keys::lastNotifiedAt);
+    const auto mark = store.m_defaults->number(preference_keys::lastNotifiedAt);
     QList<AlertToNotify> chosen;
     if (mark)
-        chosen = chooseAlertsToNotify(dashboard, m_alerts,
+        chosen = chooseAlertsToNotify(dashboard, store.m_alerts,
                                       {.after = instantFromMilliseconds(*mark),
-                                       .now = m_now,
-                                       .minuteOfDay = localMinuteOfDay(m_now),
-                                       .hasLoaded = m_hasLoaded});
-    advanceNotificationMark(dashboard.alerts);
-    if (!m_backend->notifier)
+                                       .now = store.m_now,
+                                       .minuteOfDay = localMinuteOfDay(store.m_now),
+                                       .hasLoaded = store.m_hasLoaded});
+    store.advanceNotificationMark(dashboard.alerts);
+    if (!store.m_backend->notifier)
         return;
     for (const AlertToNotify &notification : std::as_const(chosen))
-        m_backend->notifier->deliver(notification.alert, notification.workspaceName, notification.sound);
+        store.m_backend->notifier->deliver(notification.alert, notification.workspaceName, notification.sound);
 }
 
 void AppStore::advanceNotificationMark(const QList<Alert> &alerts)

@@ -12,8 +12,8 @@ namespace pingwell {
 class AppStore::MutationInProgress
 {
 public:
-    explicit MutationInProgress(QPointer<AppStore> store)
-        : m_store(std::move(store))
+    explicit MutationInProgress(AppStore *store)
+        : m_store(store)
     {
         check(m_store->m_mutationsInFlight < std::numeric_limits<int>::max(), "too many mutations in flight");
         ++m_store->m_mutationsInFlight;
@@ -42,38 +42,111 @@ private:
     QPointer<AppStore> m_store;
 };
 
+/// A change made here whose word to the service is still to be said or under way.
+struct AppStore::Mutation
+{
+    APIClientPtr client;
+    Rollback rollback;
+    Operation operation;
+    Refused refused;
+    MutationInProgress inProgress;
+};
+
+/// How mutations run.
+struct AppStore::MutationSteps
+{
+    static std::shared_ptr<Mutation> make(AppStore &store, Rollback rollback, Operation operation, Refused refused);
+    static void start(AppStore &store, std::shared_ptr<Mutation> mutation, const QString &lane);
+    static QCoro::Task<> run(QPointer<AppStore> store, std::shared_ptr<Mutation> mutation, QString lane);
+    /// Undoes what the service refused and says so. Whether the session still stands then.
+    static bool takeBack(AppStore &store, const Mutation &mutation, const APIError &failure);
+    static void leaveLane(AppStore &store, const std::shared_ptr<Mutation> &mutation, const QString &lane);
+};
+
 void AppStore::mutate(Rollback rollback, Operation operation, Refused refused)
 {
     checkMainThread();
     if (m_client)
-        launch("mutation", runMutation(this, m_client, std::move(rollback), std::move(operation), std::move(refused)));
+        MutationSteps::start(
+            *this, MutationSteps::make(*this, std::move(rollback), std::move(operation), std::move(refused)), {});
 }
 
-QCoro::Task<> AppStore::runMutation(QPointer<AppStore> store, APIClientPtr client, Rollback rollback,
-                                    Operation operation, Refused refused)
+void AppStore::mutateInOrder(const QString &lane, Rollback rollback, Operation operation)
 {
-    std::optional<MutationInProgress> inProgress(std::in_place, store);
+    checkMainThread();
+    if (!m_client)
+        return;
+    QList<std::shared_ptr<Mutation>> &waiting = m_mutationLanes[lane];
+    waiting << MutationSteps::make(*this, std::move(rollback), std::move(operation), {});
+    if (waiting.size() == 1)
+        MutationSteps::start(*this, waiting.first(), lane);
+}
+
+std::shared_ptr<AppStore::Mutation> AppStore::MutationSteps::make(AppStore &store, Rollback rollback,
+                                                                  Operation operation, Refused refused)
+{
+    return std::shared_ptr<Mutation>(new Mutation{.client = store.m_client,
+                                                  .rollback = std::move(rollback),
+                                                  .operation = std::move(operation),
+                                                  .refused = std::move(refused),
+                                                  .inProgress = MutationInProgress(&store)});
+}
+
+void AppStore::MutationSteps::start(AppStore &store, std::shared_ptr<Mutation> mutation, const QString &lane)
+{
+    launch("mutation", run(&store, std::move(mutation), lane));
+}
+
+QCoro::Task<> AppStore::MutationSteps::run(QPointer<AppStore> store, std::shared_ptr<Mutation> mutation, QString lane)
+{
+    const APIClientPtr client = mutation->client;
     std::optional<APIError> failure;
     try {
-        co_await operation(client);
+        co_await mutation->operation(client);
     } catch (...) {
         failure = APIError::from(std::current_exception());
     }
     if (!store)
         co_return;
     const bool ours = store->m_client == client;
-    if (failure && ours) {
-        rollback(*store);
-        store->handleError(*failure);
-    }
-    const bool stillSignedIn = store->m_client == client;
-    if (failure && stillSignedIn && refused)
-        refused(*store, failure->message());
-    inProgress.reset();
-    // Only now: a refresh begun earlier would be thrown away by the very mutation it follows. A session that began
-    // while this mutation of an earlier one was under way has had its first dashboards thrown away, too.
-    if ((failure && stillSignedIn) || (!ours && !store->m_hasLoaded))
-        store->refresh();
+    if (failure && ours)
+        store->m_refreshIsOwed = takeBack(*store, *mutation, *failure);
+    leaveLane(*store, mutation, lane);
+    mutation.reset();
+    // A session that began while a mutation of an earlier one was under way has had its first dashboards thrown away.
+    if (!ours && !store->m_hasLoaded)
+        store->m_refreshIsOwed = true;
+    store->refreshIfOwed();
+}
+
+bool AppStore::MutationSteps::takeBack(AppStore &store, const Mutation &mutation, const APIError &failure)
+{
+    mutation.rollback(store);
+    store.handleError(failure);
+    const bool stillSignedIn = store.m_client == mutation.client;
+    if (stillSignedIn && mutation.refused)
+        mutation.refused(store, failure.message());
+    return stillSignedIn;
+}
+
+void AppStore::MutationSteps::leaveLane(AppStore &store, const std::shared_ptr<Mutation> &mutation, const QString &lane)
+{
+    const auto waiting = store.m_mutationLanes.find(lane);
+    // The end of a session empties the lanes: what the person changed in it is not said in another one's name.
+    if (waiting == store.m_mutationLanes.end() || waiting->first() != mutation)
+        return;
+    waiting->removeFirst();
+    if (waiting->isEmpty())
+        store.m_mutationLanes.erase(waiting);
+    else
+        start(store, waiting->first(), lane);
+}
+
+void AppStore::refreshIfOwed()
+{
+    // A refresh begun earlier would be thrown away by the very mutations it follows.
+    if (m_refreshIsOwed && m_mutationsInFlight == 0 && !m_isRefreshing)
+        refresh();
 }
 
 void AppStore::handleError(const APIError &error)

@@ -15,6 +15,15 @@ Account placeholderAccount()
     return {.name = QStringLiteral("You"), .email = QString(), .provider = AuthProvider::google, .plan = QString()};
 }
 
+QCoro::Task<> forgetDevice(APIClientPtr client, QString deviceID)
+{
+    try {
+        co_await endpoints::unregisterDevice(client, deviceID);
+    } catch (const APIError &) {
+        // The person has left already; the service forgets a silent device by itself.
+    }
+}
+
 } // namespace
 
 void AppStore::watchTokenStore()
@@ -120,15 +129,6 @@ void AppStore::signOut()
         m_defaults->remove(preference_keys::sessionProvider);
 }
 
-QCoro::Task<> AppStore::forgetDevice(APIClientPtr client, QString deviceID)
-{
-    try {
-        co_await endpoints::unregisterDevice(client, deviceID);
-    } catch (const APIError &) {
-        // The person has left already; the service forgets a silent device by itself.
-    }
-}
-
 void AppStore::endSession(const std::optional<QString> &message)
 {
     checkMainThread();
@@ -155,6 +155,9 @@ void AppStore::resetSession()
     ++m_refreshSerial;
     m_isRefreshing = false;
     m_appliedBody.clear();
+    m_refreshIsOwed = false;
+    m_mutationLanes.clear();
+    m_provisionalMembers.clear();
     m_plan.clear();
     // The account first: what is empty behind the sign-in screen is not looked at.
     set(m_account, std::optional<Account>(), &AppStore::accountChanged);

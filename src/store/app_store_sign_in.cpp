@@ -30,13 +30,26 @@ QString unfinishedMessage()
 
 } // namespace
 
-/// What a sign-in needs from its first step to its last, apart from the store: that may be gone in between.
-struct AppStore::SignInAttempt
+/// What lies between the press of a button and the session.
+struct AppStore::SignInSteps
 {
-    APIClientPtr client;
-    Backend::Authenticate authenticate;
-    QUrl page;
-    QString verifier;
+    /// What a sign-in needs from its first step to its last, apart from the store: that may be gone in between.
+    struct Attempt
+    {
+        APIClientPtr client;
+        Backend::Authenticate authenticate;
+        QUrl page;
+        QString verifier;
+    };
+
+    static Attempt prepare(const Backend &backend, const QUrl &baseURL, AuthProvider provider);
+    static void finish(AppStore &store, const QUrl &baseURL, const std::optional<Session> &session,
+                       const std::optional<QString> &problem);
+    static void signInToDemo(AppStore &store, AuthProvider provider);
+    static QCoro::Task<> runSignIn(QPointer<AppStore> store, Attempt attempt);
+    static QCoro::Task<> settleAndRefreshProviders(QPointer<AppStore> store, std::shared_ptr<Clock> clock,
+                                                   std::stop_token stop);
+    static QCoro::Task<> runRefreshProviders(QPointer<AppStore> store, std::optional<QUrl> baseURL);
 };
 
 void AppStore::signIn(const QString &provider)
@@ -46,7 +59,7 @@ void AppStore::signIn(const QString &provider)
     if (!known || m_isSigningIn)
         return;
     if (!m_backend) {
-        signInToDemo(*known);
+        SignInSteps::signInToDemo(*this, *known);
         return;
     }
     const auto baseURL = effectiveBaseURL();
@@ -54,27 +67,28 @@ void AppStore::signIn(const QString &provider)
         set(m_signInError, std::optional(missingAddressMessage()), &AppStore::signInErrorChanged);
         return;
     }
-    SignInAttempt attempt = prepareSignIn(*baseURL, *known);
+    SignInSteps::Attempt attempt = SignInSteps::prepare(*m_backend, *baseURL, *known);
     m_signInPage = attempt.page;
     set(m_signInError, std::optional<QString>(), &AppStore::signInErrorChanged);
     set(m_isSigningIn, true, &AppStore::isSigningInChanged);
-    launch("sign-in", runSignIn(this, std::move(attempt)));
+    launch("sign-in", SignInSteps::runSignIn(this, std::move(attempt)));
 }
 
-AppStore::SignInAttempt AppStore::prepareSignIn(const QUrl &baseURL, AuthProvider provider) const
+AppStore::SignInSteps::Attempt AppStore::SignInSteps::prepare(const Backend &backend, const QUrl &baseURL,
+                                                              AuthProvider provider)
 {
     const PKCE pkce = PKCE::make();
     const QueryItems query{{QStringLiteral("redirect_uri"), signInCallbackURL},
                            {QStringLiteral("code_challenge"), pkce.challenge},
                            {QStringLiteral("code_challenge_method"), QStringLiteral("S256")}};
-    const auto client = std::make_shared<const APIClient>(baseURL, std::nullopt, m_backend->transport);
+    const auto client = std::make_shared<const APIClient>(baseURL, std::nullopt, backend.transport);
     return {.client = client,
-            .authenticate = m_backend->authenticate,
+            .authenticate = backend.authenticate,
             .page = client->makeURL(QStringLiteral("/auth/") + rawValue(provider), query),
             .verifier = pkce.verifier};
 }
 
-QCoro::Task<> AppStore::runSignIn(QPointer<AppStore> store, SignInAttempt attempt)
+QCoro::Task<> AppStore::SignInSteps::runSignIn(QPointer<AppStore> store, Attempt attempt)
 {
     std::optional<QString> problem;
     std::optional<Session> session;
@@ -98,22 +112,22 @@ QCoro::Task<> AppStore::runSignIn(QPointer<AppStore> store, SignInAttempt attemp
         problem = unfinishedMessage();
     }
     if (store)
-        store->finishSignIn(attempt.client->baseURL(), session, problem);
+        finish(*store, attempt.client->baseURL(), session, problem);
 }
 
-void AppStore::finishSignIn(const QUrl &baseURL, const std::optional<Session> &session,
-                            const std::optional<QString> &problem)
+void AppStore::SignInSteps::finish(AppStore &store, const QUrl &baseURL, const std::optional<Session> &session,
+                                   const std::optional<QString> &problem)
 {
     const bool signedIn = session && session->token && !session->token->isEmpty();
     if (signedIn) {
-        persistSession(*session->token, baseURL, session->account);
-        startSync();
+        store.persistSession(*session->token, baseURL, session->account);
+        store.startSync();
     }
     const auto message = session && !signedIn ? std::optional(unfinishedMessage()) : problem;
-    m_signInPage.clear();
-    set(m_isSigningIn, false, &AppStore::isSigningInChanged);
+    store.m_signInPage.clear();
+    store.set(store.m_isSigningIn, false, &AppStore::isSigningInChanged);
     if (message)
-        set(m_signInError, message, &AppStore::signInErrorChanged);
+        store.set(store.m_signInError, message, &AppStore::signInErrorChanged);
 }
 
 void AppStore::cancelSignIn()
@@ -123,12 +137,12 @@ void AppStore::cancelSignIn()
         m_backend->cancelAuthentication();
 }
 
-void AppStore::signInToDemo(AuthProvider provider)
+void AppStore::SignInSteps::signInToDemo(AppStore &store, AuthProvider provider)
 {
-    if (m_defaults)
-        m_defaults->setString(preference_keys::sessionProvider, rawValue(provider));
-    fillFromSeed();
-    set(m_account, std::optional(demoAccount(provider)), &AppStore::accountChanged);
+    if (store.m_defaults)
+        store.m_defaults->setString(preference_keys::sessionProvider, rawValue(provider));
+    store.fillFromSeed();
+    store.set(store.m_account, std::optional(demoAccount(provider)), &AppStore::accountChanged);
 }
 
 void AppStore::refreshProviders()
@@ -137,7 +151,7 @@ void AppStore::refreshProviders()
     if (!m_backend)
         return;
     m_providersTask.request_stop();
-    launch("sign-in providers", runRefreshProviders(this, effectiveBaseURL()));
+    launch("sign-in providers", SignInSteps::runRefreshProviders(this, effectiveBaseURL()));
 }
 
 void AppStore::refreshProvidersSoon()
@@ -146,18 +160,18 @@ void AppStore::refreshProvidersSoon()
         return;
     m_providersTask.request_stop();
     m_providersTask = std::stop_source();
-    launch("sign-in providers", settleAndRefreshProviders(this, m_clock, m_providersTask.get_token()));
+    launch("sign-in providers", SignInSteps::settleAndRefreshProviders(this, m_clock, m_providersTask.get_token()));
 }
 
-QCoro::Task<> AppStore::settleAndRefreshProviders(QPointer<AppStore> store, std::shared_ptr<Clock> clock,
-                                                  std::stop_token stop)
+QCoro::Task<> AppStore::SignInSteps::settleAndRefreshProviders(QPointer<AppStore> store, std::shared_ptr<Clock> clock,
+                                                               std::stop_token stop)
 {
     co_await clock->sleep(typingSettles, stop);
     if (store && !stop.stop_requested())
         store->refreshProviders();
 }
 
-QCoro::Task<> AppStore::runRefreshProviders(QPointer<AppStore> store, std::optional<QUrl> baseURL)
+QCoro::Task<> AppStore::SignInSteps::runRefreshProviders(QPointer<AppStore> store, std::optional<QUrl> baseURL)
 {
     if (!baseURL)
         co_return;

@@ -34,6 +34,20 @@ private:
     quint64 m_serial;
 };
 
+/// The rounds of the live loop.
+struct AppStore::SyncSteps
+{
+    static QCoro::Task<> runSync(QPointer<AppStore> store, std::shared_ptr<Clock> clock, std::stop_token stop);
+    static QCoro::Task<> runRefresh(QPointer<AppStore> store);
+    static QCoro::Task<> refreshAccount(QPointer<AppStore> store, std::stop_token stop);
+    static QCoro::Task<> refreshInvitations(QPointer<AppStore> store, std::stop_token stop);
+    static QCoro::Task<> registerDevice(QPointer<AppStore> store, std::stop_token stop);
+    /// Whether the service still knows the device; no identifier is one it does not know.
+    static QCoro::Task<bool> sendHeartbeat(APIClientPtr client, QString deviceID, QString version);
+    static void forgetDevice(AppStore &store);
+    static void takeDevice(AppStore &store, const Device &device);
+};
+
 void AppStore::startSync()
 {
     checkMainThread();
@@ -41,10 +55,10 @@ void AppStore::startSync()
     if (!m_client || !m_backend)
         return;
     m_syncTask = std::stop_source();
-    launch("sync", runSync(this, m_clock, m_syncTask.get_token()));
+    launch("sync", SyncSteps::runSync(this, m_clock, m_syncTask.get_token()));
 }
 
-QCoro::Task<> AppStore::runSync(QPointer<AppStore> store, std::shared_ptr<Clock> clock, std::stop_token stop)
+QCoro::Task<> AppStore::SyncSteps::runSync(QPointer<AppStore> store, std::shared_ptr<Clock> clock, std::stop_token stop)
 {
     const Backend &backend = *store->m_backend;
     const auto pollInterval = backend.pollInterval;
@@ -73,14 +87,14 @@ QCoro::Task<> AppStore::runSync(QPointer<AppStore> store, std::shared_ptr<Clock>
 void AppStore::refresh()
 {
     checkMainThread();
-    launch("refresh", runRefresh(this));
+    launch("refresh", SyncSteps::runRefresh(this));
 }
 
-QCoro::Task<> AppStore::runRefresh(QPointer<AppStore> store)
+QCoro::Task<> AppStore::SyncSteps::runRefresh(QPointer<AppStore> store)
 {
     if (!store || !store->m_client || store->m_isRefreshing)
         co_return;
-    const RefreshInProgress inProgress(store);
+    std::optional<RefreshInProgress> inProgress(std::in_place, store);
     const APIClientPtr client = store->m_client;
     const qint64 epoch = store->m_mutationEpoch;
     const QByteArray known = store->knownBody();
@@ -94,10 +108,15 @@ QCoro::Task<> AppStore::runRefresh(QPointer<AppStore> store)
     }
     if (!store || store->m_client != client)
         co_return;
+    const bool applies = !failure && store->m_mutationsInFlight == 0 && store->m_mutationEpoch == epoch;
+    if (failure || applies)
+        store->m_refreshIsOwed = false;
     if (failure)
         store->handle(*failure);
-    else if (store->m_mutationsInFlight == 0 && store->m_mutationEpoch == epoch)
+    else if (applies)
         store->applyDashboard(std::move(*fetched));
+    inProgress.reset();
+    store->refreshIfOwed();
 }
 
 QByteArray AppStore::knownBody() const
@@ -105,7 +124,7 @@ QByteArray AppStore::knownBody() const
     return m_hasLoaded && m_appliedEpoch == m_mutationEpoch ? m_appliedBody : QByteArray();
 }
 
-QCoro::Task<> AppStore::refreshAccount(QPointer<AppStore> store, std::stop_token stop)
+QCoro::Task<> AppStore::SyncSteps::refreshAccount(QPointer<AppStore> store, std::stop_token stop)
 {
     if (!store || stop.stop_requested() || !store->m_client)
         co_return;
@@ -136,11 +155,12 @@ void AppStore::takeAccount(const Account &account)
     saveAccount(account);
 }
 
-QCoro::Task<> AppStore::refreshInvitations(QPointer<AppStore> store, std::stop_token stop)
+QCoro::Task<> AppStore::SyncSteps::refreshInvitations(QPointer<AppStore> store, std::stop_token stop)
 {
     if (!store || stop.stop_requested() || !store->m_client)
         co_return;
     const APIClientPtr client = store->m_client;
+    const qint64 epoch = store->m_mutationEpoch;
     QList<Invitation> invitations;
     std::optional<APIError> failure;
     try {
@@ -153,11 +173,12 @@ QCoro::Task<> AppStore::refreshInvitations(QPointer<AppStore> store, std::stop_t
         co_return;
     if (failure)
         store->handle(*failure);
-    else
+    // One just answered would come back for a while, as in a dashboard.
+    else if (store->m_mutationsInFlight == 0 && store->m_mutationEpoch == epoch)
         store->set(store->m_invitations, invitations, &AppStore::invitationsChanged);
 }
 
-QCoro::Task<> AppStore::registerDevice(QPointer<AppStore> store, std::stop_token stop)
+QCoro::Task<> AppStore::SyncSteps::registerDevice(QPointer<AppStore> store, std::stop_token stop)
 {
     if (!store || stop.stop_requested() || !store->m_client)
         co_return;
@@ -171,7 +192,7 @@ QCoro::Task<> AppStore::registerDevice(QPointer<AppStore> store, std::stop_token
         const bool announced = co_await sendHeartbeat(client, known, version);
         if (announced || !store || store->m_client != client)
             co_return;
-        store->forgetDeviceIdentifier();
+        forgetDevice(*store);
         Device answer = co_await endpoints::registerDevice(client, name, version);
         device = std::move(answer);
     } catch (...) {
@@ -182,10 +203,10 @@ QCoro::Task<> AppStore::registerDevice(QPointer<AppStore> store, std::stop_token
     if (failure)
         store->handle(*failure);
     else
-        store->takeDevice(*device);
+        takeDevice(*store, *device);
 }
 
-QCoro::Task<bool> AppStore::sendHeartbeat(APIClientPtr client, QString deviceID, QString version)
+QCoro::Task<bool> AppStore::SyncSteps::sendHeartbeat(APIClientPtr client, QString deviceID, QString version)
 {
     if (deviceID.isEmpty())
         co_return false;
@@ -202,24 +223,25 @@ QCoro::Task<bool> AppStore::sendHeartbeat(APIClientPtr client, QString deviceID,
 
 QString AppStore::deviceIdentifier() const
 {
-    return m_defaults ? m_defaults->string(preference_keys::device(m_client->baseURL())).value_or(QString())
-                      : QString();
+    if (!m_defaults || !m_client)
+        return {};
+    return m_defaults->string(preference_keys::device(m_client->baseURL())).value_or(QString());
 }
 
-void AppStore::forgetDeviceIdentifier()
+void AppStore::SyncSteps::forgetDevice(AppStore &store)
 {
-    if (m_defaults)
-        m_defaults->remove(preference_keys::device(m_client->baseURL()));
+    if (store.m_defaults)
+        store.m_defaults->remove(preference_keys::device(store.m_client->baseURL()));
 }
 
-void AppStore::takeDevice(const Device &device)
+void AppStore::SyncSteps::takeDevice(AppStore &store, const Device &device)
 {
-    if (m_defaults)
-        m_defaults->setString(preference_keys::device(m_client->baseURL()), device.id);
-    QList<Device> devices = m_devices;
+    if (store.m_defaults)
+        store.m_defaults->setString(preference_keys::device(store.m_client->baseURL()), device.id);
+    QList<Device> devices = store.m_devices;
     devices.removeIf([&device](const Device &other) { return other.id == device.id; });
     devices << device;
-    set(m_devices, devices, &AppStore::devicesChanged);
+    store.set(store.m_devices, devices, &AppStore::devicesChanged);
 }
 
 void AppStore::handle(const APIError &error)

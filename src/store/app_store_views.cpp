@@ -191,16 +191,4 @@ bool AppStore::countdownChanged(const Alert &alert, Instant earlier) const
     return countdownKey(alert, m_now) != countdownKey(alert, earlier);
 }
 
-bool AppStore::canAnswerAlert(const QString &alertID) const
-{
-    const auto alert = alertWithID(alertID);
-    return alert && canAnswer(*alert);
-}
-
-QString AppStore::outcomeTextOf(const QString &alertID) const
-{
-    const auto alert = alertWithID(alertID);
-    return alert ? outcomeText(*alert) : QString();
-}
-
 } // namespace pingwell

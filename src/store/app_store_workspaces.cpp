@@ -2,6 +2,7 @@
 
 #include "api/endpoints.h"
 #include "store/local_id.h"
+#include "store/preference_keys.h"
 
 namespace pingwell {
 
@@ -10,7 +11,54 @@ namespace {
 constexpr qsizetype maximumWorkspaceNameLength = 48;
 constexpr std::int64_t newWorkspaceTimeoutMinutes = 30;
 
+Workspace newDemoWorkspace(const QString &name)
+{
+    return {.id = newLocalID(u'w'),
+            .name = name,
+            .kind = WorkspaceKind::team,
+            .role = WorkspaceRole::owner,
+            .responseTimeoutMinutes = newWorkspaceTimeoutMinutes,
+            .timeoutAction = TimeoutAction::escalate};
+}
+
+Member newDemoOwner(const std::optional<Account> &account)
+{
+    Member owner{.id = newLocalID(u'm'),
+                 .name = std::nullopt,
+                 .email = QString(),
+                 .role = WorkspaceRole::owner,
+                 .status = MemberStatus::active,
+                 .invitedAt = std::nullopt,
+                 .isYou = true};
+    if (account) {
+        owner.name = account->name;
+        owner.email = account->email;
+    }
+    return owner;
+}
+
+/// The patch call, for its success or failure alone: the next refresh brings the workspace as the service holds it.
+QCoro::Task<> sendChange(APIClientPtr client, QString workspaceID, JSONObject change)
+{
+    co_await endpoints::changeWorkspace(client, workspaceID, change);
+}
+
 } // namespace
+
+/// Changes of workspaces, and what follows the service's answers.
+struct AppStore::WorkspaceSteps
+{
+    static Workspace *find(AppStore &store, const QString &workspaceID);
+    template<typename Value>
+    static void setField(AppStore &store, const QString &workspaceID, Value Workspace::*field, const Value &value);
+    /// Changes one field of the active workspace, which the service calls `key`.
+    template<typename Value>
+    static void change(AppStore &store, Value Workspace::*field, const Value &value, const QString &key,
+                       const JSON &wireValue);
+    static void rememberTimeout(AppStore &store);
+    static QCoro::Task<> performCreate(QPointer<AppStore> store, APIClientPtr client, QString name);
+    static QCoro::Task<> performLeave(QPointer<AppStore> store, APIClientPtr client, Workspace workspace);
+};
 
 void AppStore::createWorkspace(const QString &name)
 {
@@ -19,42 +67,22 @@ void AppStore::createWorkspace(const QString &name)
     if (trimmed.isEmpty())
         return;
     if (!m_backend) {
-        createDemoWorkspace(trimmed.left(maximumWorkspaceNameLength));
+        addWorkspace(newDemoWorkspace(trimmed.left(maximumWorkspaceNameLength)), {newDemoOwner(m_account)});
         return;
     }
-    mutate([](AppStore &) {}, [store = QPointer(this), trimmed](
-                                  APIClientPtr client) { return performCreateWorkspace(store, client, trimmed); });
+    mutate([](AppStore &) {},
+           [store = QPointer(this), trimmed](APIClientPtr client) {
+               return WorkspaceSteps::performCreate(store, client, trimmed);
+           });
 }
 
-QCoro::Task<> AppStore::performCreateWorkspace(QPointer<AppStore> store, APIClientPtr client, QString name)
+QCoro::Task<> AppStore::WorkspaceSteps::performCreate(QPointer<AppStore> store, APIClientPtr client, QString name)
 {
     const CreatedWorkspace created = co_await endpoints::createWorkspace(client, name);
     if (!store || store->m_client != client)
         co_return;
     store->addWorkspace(created.workspace, created.members);
     store->showToast(created.workspace.name + QStringLiteral(" is ready. Invite your team from the Team tab."), false);
-}
-
-void AppStore::createDemoWorkspace(const QString &name)
-{
-    const Workspace workspace{.id = newLocalID(u'w'),
-                              .name = name,
-                              .kind = WorkspaceKind::team,
-                              .role = WorkspaceRole::owner,
-                              .responseTimeoutMinutes = newWorkspaceTimeoutMinutes,
-                              .timeoutAction = TimeoutAction::escalate};
-    Member owner{.id = newLocalID(u'm'),
-                 .name = std::nullopt,
-                 .email = QString(),
-                 .role = WorkspaceRole::owner,
-                 .status = MemberStatus::active,
-                 .invitedAt = std::nullopt,
-                 .isYou = true};
-    if (m_account) {
-        owner.name = m_account->name;
-        owner.email = m_account->email;
-    }
-    addWorkspace(workspace, {owner});
 }
 
 void AppStore::addWorkspace(const Workspace &workspace, const QList<Member> &members)
@@ -67,6 +95,127 @@ void AppStore::addWorkspace(const Workspace &workspace, const QList<Member> &mem
     all.insert(workspace.id, members);
     set(m_members, all, &AppStore::membersChanged);
     selectWorkspace(workspace.id);
+}
+
+void AppStore::leaveWorkspace()
+{
+    checkMainThread();
+    const auto workspace = activeWorkspace();
+    if (!workspace || workspace->kind != WorkspaceKind::team)
+        return;
+    if (!m_backend) {
+        removeWorkspaceLocally(*workspace);
+        return;
+    }
+    const QString lane = QStringLiteral("leave/") + workspace->id;
+    if (m_mutationLanes.contains(lane))
+        return;
+    mutateInOrder(
+        lane, [](AppStore &) {},
+        [store = QPointer(this), left = *workspace](APIClientPtr client) {
+            return WorkspaceSteps::performLeave(store, client, left);
+        });
+}
+
+QCoro::Task<> AppStore::WorkspaceSteps::performLeave(QPointer<AppStore> store, APIClientPtr client, Workspace workspace)
+{
+    co_await endpoints::leaveWorkspace(client, workspace.id);
+    if (store && store->m_client == client)
+        store->removeWorkspaceLocally(workspace);
+}
+
+void AppStore::removeWorkspaceLocally(const Workspace &workspace)
+{
+    const auto belongs = [&workspace](const auto &record) { return record.workspaceId == workspace.id; };
+    QList<Workspace> workspaces = m_workspaces;
+    workspaces.removeIf([&workspace](const Workspace &other) { return other.id == workspace.id; });
+    QMap<QString, QList<Member>> members = m_members;
+    members.remove(workspace.id);
+    QList<Topic> topics = m_topics;
+    topics.removeIf(belongs);
+    QList<Alert> alerts = m_alerts;
+    alerts.removeIf(belongs);
+    set(m_workspaces, workspaces, &AppStore::workspacesChanged);
+    // Meanwhile the person may look at another one; that one stays.
+    if (m_activeWorkspaceID == workspace.id && !workspaces.isEmpty())
+        selectWorkspace(workspaces.first().id);
+    set(m_members, members, &AppStore::membersChanged);
+    set(m_topics, topics, &AppStore::topicsChanged);
+    set(m_alerts, alerts, &AppStore::alertsChanged);
+}
+
+void AppStore::renameWorkspace(const QString &name)
+{
+    checkMainThread();
+    const QString trimmed = name.trimmed();
+    if (managesActiveTeam() && !trimmed.isEmpty())
+        WorkspaceSteps::change(*this, &Workspace::name, trimmed, QStringLiteral("name"), trimmed);
+}
+
+void AppStore::setResponseTimeout(std::int64_t minutes)
+{
+    checkMainThread();
+    WorkspaceSteps::change(*this, &Workspace::responseTimeoutMinutes, minutes, QStringLiteral("responseTimeoutMinutes"),
+                           minutes);
+    WorkspaceSteps::rememberTimeout(*this);
+}
+
+void AppStore::setTimeoutAction(TimeoutAction action)
+{
+    checkMainThread();
+    const auto workspace = activeWorkspace();
+    if (!workspace || !isAllowed(action, workspace->kind))
+        return;
+    WorkspaceSteps::change(*this, &Workspace::timeoutAction, action, QStringLiteral("timeoutAction"),
+                           QString(rawValue(action)));
+    WorkspaceSteps::rememberTimeout(*this);
+}
+
+Workspace *AppStore::WorkspaceSteps::find(AppStore &store, const QString &workspaceID)
+{
+    for (Workspace &workspace : store.m_workspaces) {
+        if (workspace.id == workspaceID)
+            return &workspace;
+    }
+    return nullptr;
+}
+
+template<typename Value>
+void AppStore::WorkspaceSteps::setField(AppStore &store, const QString &workspaceID, Value Workspace::*field,
+                                        const Value &value)
+{
+    Workspace *const workspace = find(store, workspaceID);
+    if (!workspace || workspace->*field == value)
+        return;
+    workspace->*field = value;
+    emit store.workspacesChanged();
+}
+
+template<typename Value>
+void AppStore::WorkspaceSteps::change(AppStore &store, Value Workspace::*field, const Value &value, const QString &key,
+                                      const JSON &wireValue)
+{
+    const auto workspace = store.activeWorkspace();
+    if (!workspace || !workspace->canManage() || (*workspace).*field == value)
+        return;
+    setField(store, workspace->id, field, value);
+    store.mutateInOrder(
+        QStringLiteral("workspace/") + workspace->id,
+        // The one field: another change of the workspace may be on its way.
+        [field, before = *workspace](AppStore &taken) { setField(taken, before.id, field, before.*field); },
+        [id = workspace->id, change = JSONObject{{key, wireValue}}](APIClientPtr client) {
+            return sendChange(client, id, change);
+        });
+}
+
+void AppStore::WorkspaceSteps::rememberTimeout(AppStore &store)
+{
+    const auto workspace = store.activeWorkspace();
+    if (store.m_backend || !store.m_defaults || !workspace || !workspace->canManage())
+        return;
+    store.m_defaults->setNumber(preference_keys::responseTimeoutMinutes(workspace->id),
+                                static_cast<double>(workspace->responseTimeoutMinutes));
+    store.m_defaults->setString(preference_keys::timeoutAction(workspace->id), rawValue(workspace->timeoutAction));
 }
 
 } // namespace pingwell

@@ -1,0 +1,286 @@
+#include "store/app_store.h"
+
+#include "api/endpoints.h"
+#include "store/invite_rules.h"
+#include "store/local_id.h"
+
+#include <algorithm>
+
+namespace pingwell {
+
+namespace {
+
+QString laneOf(const QString &memberID)
+{
+    return QStringLiteral("member/") + memberID;
+}
+
+} // namespace
+
+/// Changes of members and invitations, and what follows the service's answers.
+struct AppStore::MemberSteps
+{
+    /// A member, and where it stands.
+    struct Place
+    {
+        QString workspaceID;
+        qsizetype index = 0;
+        Member member;
+    };
+
+    static std::optional<Place> find(const AppStore &store, const QString &workspaceID, const QString &memberID);
+    static std::optional<Place> findActive(const AppStore &store, const QString &memberID);
+    static void setList(AppStore &store, const QString &workspaceID, const QList<Member> &members);
+    static void replace(AppStore &store, const Place &place, const Member &member);
+    static void remove(AppStore &store, const QString &workspaceID, const QString &memberID);
+    static void putBack(AppStore &store, const Place &place);
+    static void takeInvitation(AppStore &store, const QString &token, Operation operation);
+    /// For the session that `client` was made for: tells what the service said, if anything.
+    static void tell(const QPointer<AppStore> &store, const APIClientPtr &client,
+                     const std::optional<QString> &message);
+
+    static QCoro::Task<> performInvite(QPointer<AppStore> store, APIClientPtr client, Place provisional);
+    static QCoro::Task<> performResend(QPointer<AppStore> store, APIClientPtr client, Place place);
+    static QCoro::Task<> performChangeRole(QPointer<AppStore> store, APIClientPtr client, Place place,
+                                           WorkspaceRole role);
+    static QCoro::Task<> performRemove(QPointer<AppStore> store, APIClientPtr client, Place place);
+    static QCoro::Task<> performAccept(QPointer<AppStore> store, APIClientPtr client, QString token);
+    static QCoro::Task<> performReject(QPointer<AppStore> store, APIClientPtr client, QString token);
+};
+
+bool AppStore::managesActiveTeam() const
+{
+    const auto workspace = activeWorkspace();
+    return workspace && workspace->kind == WorkspaceKind::team && workspace->canManage();
+}
+
+std::optional<InviteError> AppStore::invite(const QString &email, WorkspaceRole role)
+{
+    checkMainThread();
+    if (!managesActiveTeam())
+        return InviteError::notAllowed;
+    QList<Member> members = m_members.value(m_activeWorkspaceID);
+    if (const auto error = inviteError(email, members))
+        return error;
+    const Member member{.id = newLocalID(u'm'),
+                        .name = std::nullopt,
+                        .email = normalizedEmail(email),
+                        .role = role,
+                        .status = MemberStatus::invited,
+                        .invitedAt = m_now,
+                        .isYou = false};
+    members << member;
+    if (m_client)
+        m_provisionalMembers.insert(member.id);
+    MemberSteps::setList(*this, m_activeWorkspaceID, members);
+    const MemberSteps::Place place{m_activeWorkspaceID, members.size() - 1, member};
+    mutate([place](AppStore &store) { MemberSteps::remove(store, place.workspaceID, place.member.id); },
+           [store = QPointer(this), place](APIClientPtr client) {
+               return MemberSteps::performInvite(store, client, place);
+           });
+    return std::nullopt;
+}
+
+QCoro::Task<> AppStore::MemberSteps::performInvite(QPointer<AppStore> store, APIClientPtr client, Place provisional)
+{
+    const WithMessage<Member> invited = co_await endpoints::inviteMember(
+        client, provisional.workspaceID, provisional.member.email, provisional.member.role);
+    if (store && store->m_client == client) {
+        store->m_provisionalMembers.remove(provisional.member.id);
+        replace(*store, provisional, invited.record);
+    }
+    tell(store, client, invited.message);
+}
+
+bool AppStore::canChangeRole(const Member &member) const
+{
+    return managesActiveTeam() && member.role != WorkspaceRole::owner && !member.isYou;
+}
+
+void AppStore::changeRole(const QString &memberID, WorkspaceRole role)
+{
+    checkMainThread();
+    const auto place = MemberSteps::findActive(*this, memberID);
+    if (!place || !canChangeRole(place->member) || role == WorkspaceRole::owner || role == place->member.role)
+        return;
+    Member changed = place->member;
+    changed.role = role;
+    MemberSteps::replace(*this, *place, changed);
+    mutateInOrder(
+        laneOf(memberID), [before = *place](AppStore &store) { MemberSteps::replace(store, before, before.member); },
+        [store = QPointer(this), before = *place, role](APIClientPtr client) {
+            return MemberSteps::performChangeRole(store, client, before, role);
+        });
+}
+
+QCoro::Task<> AppStore::MemberSteps::performChangeRole(QPointer<AppStore> store, APIClientPtr client, Place place,
+                                                       WorkspaceRole role)
+{
+    const WithMessage<Member> changed =
+        co_await endpoints::changeMemberRole(client, place.workspaceID, place.member.id, role);
+    tell(store, client, changed.message);
+}
+
+bool AppStore::canRemoveMember(const Member &member) const
+{
+    const bool isOwner = member.role == WorkspaceRole::owner && member.status == MemberStatus::active;
+    return managesActiveTeam() && !member.isYou && !isOwner && !m_provisionalMembers.contains(member.id);
+}
+
+void AppStore::removeMember(const QString &memberID)
+{
+    checkMainThread();
+    const auto place = MemberSteps::findActive(*this, memberID);
+    if (!place || !canRemoveMember(place->member))
+        return;
+    MemberSteps::remove(*this, place->workspaceID, memberID);
+    mutateInOrder(
+        laneOf(memberID), [before = *place](AppStore &store) { MemberSteps::putBack(store, before); },
+        [store = QPointer(this), before = *place](APIClientPtr client) {
+            return MemberSteps::performRemove(store, client, before);
+        });
+}
+
+QCoro::Task<> AppStore::MemberSteps::performRemove(QPointer<AppStore> store, APIClientPtr client, Place place)
+{
+    const std::optional<QString> message = co_await endpoints::removeMember(client, place.workspaceID, place.member.id);
+    tell(store, client, message);
+}
+
+bool AppStore::canResendInvitation(const Member &member) const
+{
+    return managesActiveTeam() && member.status == MemberStatus::invited && !m_provisionalMembers.contains(member.id);
+}
+
+void AppStore::resendInvitation(const QString &memberID)
+{
+    checkMainThread();
+    const auto place = MemberSteps::findActive(*this, memberID);
+    if (!place || !canResendInvitation(place->member))
+        return;
+    Member resent = place->member;
+    resent.invitedAt = m_now;
+    MemberSteps::replace(*this, *place, resent);
+    mutateInOrder(
+        laneOf(memberID), [before = *place](AppStore &store) { MemberSteps::replace(store, before, before.member); },
+        [store = QPointer(this), before = *place](APIClientPtr client) {
+            return MemberSteps::performResend(store, client, before);
+        });
+}
+
+QCoro::Task<> AppStore::MemberSteps::performResend(QPointer<AppStore> store, APIClientPtr client, Place place)
+{
+    const WithMessage<Member> resent = co_await endpoints::resendInvitation(client, place.workspaceID, place.member.id);
+    tell(store, client, resent.message);
+}
+
+void AppStore::acceptInvitation(const QString &token)
+{
+    checkMainThread();
+    MemberSteps::takeInvitation(*this, token, [store = QPointer(this), token](APIClientPtr client) {
+        return MemberSteps::performAccept(store, client, token);
+    });
+}
+
+QCoro::Task<> AppStore::MemberSteps::performAccept(QPointer<AppStore> store, APIClientPtr client, QString token)
+{
+    const std::optional<QString> message = co_await endpoints::acceptInvitation(client, token);
+    // The workspace joined comes with the next dashboard, as soon as one may be merged.
+    if (store && store->m_client == client)
+        store->m_refreshIsOwed = true;
+    tell(store, client, message);
+}
+
+void AppStore::rejectInvitation(const QString &token)
+{
+    checkMainThread();
+    MemberSteps::takeInvitation(*this, token, [store = QPointer(this), token](APIClientPtr client) {
+        return MemberSteps::performReject(store, client, token);
+    });
+}
+
+QCoro::Task<> AppStore::MemberSteps::performReject(QPointer<AppStore> store, APIClientPtr client, QString token)
+{
+    const std::optional<QString> message = co_await endpoints::declineInvitation(client, token);
+    tell(store, client, message);
+}
+
+void AppStore::MemberSteps::takeInvitation(AppStore &store, const QString &token, Operation operation)
+{
+    const QList<Invitation> before = store.m_invitations;
+    const auto found = std::find_if(before.begin(), before.end(),
+                                    [&token](const Invitation &invitation) { return invitation.token == token; });
+    if (found == before.end())
+        return;
+    QList<Invitation> left = before;
+    left.remove(found - before.begin());
+    store.set(store.m_invitations, left, &AppStore::invitationsChanged);
+    store.mutate(
+        [taken = *found, index = found - before.begin()](AppStore &owner) {
+            QList<Invitation> all = owner.m_invitations;
+            if (!all.contains(taken))
+                all.insert(std::min<qsizetype>(index, all.size()), taken);
+            owner.set(owner.m_invitations, all, &AppStore::invitationsChanged);
+        },
+        std::move(operation));
+}
+
+void AppStore::MemberSteps::tell(const QPointer<AppStore> &store, const APIClientPtr &client,
+                                 const std::optional<QString> &message)
+{
+    if (store && store->m_client == client && message)
+        store->showToast(*message, false);
+}
+
+std::optional<AppStore::MemberSteps::Place>
+AppStore::MemberSteps::find(const AppStore &store, const QString &workspaceID, const QString &memberID)
+{
+    const QList<Member> members = store.m_members.value(workspaceID);
+    for (qsizetype index = 0; index < members.size(); ++index) {
+        if (members.at(index).id == memberID)
+            return Place{workspaceID, index, members.at(index)};
+    }
+    return std::nullopt;
+}
+
+std::optional<AppStore::MemberSteps::Place> AppStore::MemberSteps::findActive(const AppStore &store,
+                                                                              const QString &memberID)
+{
+    return find(store, store.m_activeWorkspaceID, memberID);
+}
+
+void AppStore::MemberSteps::setList(AppStore &store, const QString &workspaceID, const QList<Member> &members)
+{
+    QMap<QString, QList<Member>> all = store.m_members;
+    all.insert(workspaceID, members);
+    store.set(store.m_members, all, &AppStore::membersChanged);
+}
+
+void AppStore::MemberSteps::replace(AppStore &store, const Place &place, const Member &member)
+{
+    const auto now = find(store, place.workspaceID, place.member.id);
+    if (!now)
+        return;
+    QList<Member> members = store.m_members.value(place.workspaceID);
+    members[now->index] = member;
+    setList(store, place.workspaceID, members);
+}
+
+void AppStore::MemberSteps::remove(AppStore &store, const QString &workspaceID, const QString &memberID)
+{
+    store.m_provisionalMembers.remove(memberID);
+    QList<Member> members = store.m_members.value(workspaceID);
+    if (members.removeIf([&memberID](const Member &member) { return member.id == memberID; }) > 0)
+        setList(store, workspaceID, members);
+}
+
+void AppStore::MemberSteps::putBack(AppStore &store, const Place &place)
+{
+    if (!store.m_members.contains(place.workspaceID) || find(store, place.workspaceID, place.member.id))
+        return;
+    QList<Member> members = store.m_members.value(place.workspaceID);
+    members.insert(std::min(place.index, members.size()), place.member);
+    setList(store, place.workspaceID, members);
+}
+
+} // namespace pingwell
