@@ -46,7 +46,8 @@ QJsonObject workspaceJSON(const QString &id, const QString &role)
 QByteArray DashboardJSON::body() const
 {
     const QJsonObject data{{QStringLiteral("workspaces"), workspaces},
-                           {QStringLiteral("members"), QJsonArray()},
+                           {QStringLiteral("members"), members},
+                           {QStringLiteral("devices"), devices},
                            {QStringLiteral("topics"), topics},
                            {QStringLiteral("alerts"), alerts},
                            {QStringLiteral("settings"), settings},

@@ -26,7 +26,9 @@ struct DashboardJSON
 {
     QJsonArray alerts;
     QJsonArray workspaces{workspaceJSON(QStringLiteral("w1"))};
+    QJsonArray members;
     QJsonArray topics;
+    QJsonArray devices;
     QJsonObject settings;
 
     [[nodiscard]] QByteArray body() const;
