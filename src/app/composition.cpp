@@ -58,12 +58,10 @@ bool isOwnProgram(const LaunchOptions &options)
 
 /// What the person's own program makes sure of at every start: that it starts at log-in, if it was never asked not to,
 /// and that the browser finds it.
-void settleIn(Preferences &preferences)
+void settleIn(Preferences &preferences, LoginItem &loginItem)
 {
-    const QString program = QCoreApplication::applicationFilePath();
-    AutostartLoginItem loginItem(program);
     offerLaunchAtLoginOnce(loginItem, preferences);
-    const SchemeRegistration scheme(program);
+    const SchemeRegistration scheme(QCoreApplication::applicationFilePath());
     if (scheme.update())
         scheme.announce();
 }
@@ -107,16 +105,21 @@ std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstanc
     parts.store = makeStore(options, preferences, storeParts);
     parts.badge = std::make_unique<LauncherEntryBadge>();
     parts.systemEvents = std::make_unique<LogindSystemEvents>();
-    std::unique_ptr<NotificationAccess> access;
-    if (center)
-        access = std::make_unique<NotificationAccess>(center);
+    std::shared_ptr<LoginItem> loginItem;
+    DesktopAccess desktop;
+    if (isOwnProgram(options)) {
+        loginItem = std::make_shared<AutostartLoginItem>(QCoreApplication::applicationFilePath());
+        desktop.notifications = std::make_unique<NotificationAccess>(center);
+        desktop.loginItem = std::make_unique<LoginItemAccess>(loginItem);
+    }
     parts.windows = std::make_unique<QmlWindows>(parts.store.get(), options, preferences,
-                                                 std::make_unique<DesktopAppearance>(), std::move(access));
+                                                 std::make_unique<DesktopAppearance>(), std::move(desktop));
     if (notifier) {
         parts.responses = std::make_shared<NotificationResponses>(parts.store.get(), parts.windows.get());
         notifier->setResponses(parts.responses);
         // Files and tools; the status item comes first.
-        QTimer::singleShot(0, QCoreApplication::instance(), [preferences] { settleIn(*preferences); });
+        QTimer::singleShot(0, QCoreApplication::instance(),
+                           [preferences, loginItem] { settleIn(*preferences, *loginItem); });
     }
     return std::make_unique<PingwellApp>(options, std::move(parts));
 }

@@ -16,8 +16,8 @@ const QString frameKey = QStringLiteral("pingwell.window.frame");
 
 } // namespace
 
-MainWindow::MainWindow(QQmlEngine *engine, AppStore *store, NotificationAccess *notifications,
-                       const LaunchOptions &options, std::shared_ptr<Preferences> preferences)
+MainWindow::MainWindow(QQmlEngine *engine, AppStore *store, const DesktopAccess &desktop, const LaunchOptions &options,
+                       std::shared_ptr<Preferences> preferences)
     : QQuickView(engine, nullptr)
     , m_preferences(std::move(preferences))
 {
@@ -27,7 +27,8 @@ MainWindow::MainWindow(QQmlEngine *engine, AppStore *store, NotificationAccess *
     resize(defaultSize);
     restoreFrame();
     setInitialProperties({{QStringLiteral("store"), QVariant::fromValue(store)},
-                          {QStringLiteral("notifications"), QVariant::fromValue(notifications)},
+                          {QStringLiteral("notifications"), QVariant::fromValue(desktop.notifications.get())},
+                          {QStringLiteral("loginItem"), QVariant::fromValue(desktop.loginItem.get())},
                           {QStringLiteral("popoverPreview"), options.popoverPreview}});
     setSource(screenSource(QStringLiteral("RootView")));
     connect(rootObject(), SIGNAL(quitRequested()), this, SIGNAL(quitRequested()));

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "app/desktop_access.h"
 #include "app/launch_options.h"
 #include "model/preferences.h"
 #include "store/app_store.h"
-#include "ui/notification_access.h"
 
 #include <QQuickView>
 
@@ -18,8 +18,8 @@ class MainWindow final : public QQuickView
     Q_OBJECT
 
 public:
-    /// `notifications` is null where there are none; it and `store` outlive the window.
-    MainWindow(QQmlEngine *engine, AppStore *store, NotificationAccess *notifications, const LaunchOptions &options,
+    /// `store` and what `desktop` holds outlive the window.
+    MainWindow(QQmlEngine *engine, AppStore *store, const DesktopAccess &desktop, const LaunchOptions &options,
                std::shared_ptr<Preferences> preferences);
     ~MainWindow() override;
 

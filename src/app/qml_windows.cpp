@@ -30,12 +30,12 @@ bool isShown(const QWindow *window)
 } // namespace
 
 QmlWindows::QmlWindows(AppStore *store, LaunchOptions options, std::shared_ptr<Preferences> preferences,
-                       std::unique_ptr<Appearance> appearance, std::unique_ptr<NotificationAccess> notifications)
+                       std::unique_ptr<Appearance> appearance, DesktopAccess desktop)
     : m_store(store)
     , m_options(std::move(options))
     , m_preferences(std::move(preferences))
     , m_appearance(std::move(appearance))
-    , m_notifications(std::move(notifications))
+    , m_desktop(std::move(desktop))
 {
     chooseRenderer();
     m_letGo.setSingleShot(true);
@@ -75,7 +75,7 @@ UiEngine *QmlWindows::engine()
 MainWindow *QmlWindows::mainWindow()
 {
     if (!m_mainWindow) {
-        m_mainWindow = std::make_unique<MainWindow>(engine(), m_store, m_notifications.get(), m_options, m_preferences);
+        m_mainWindow = std::make_unique<MainWindow>(engine(), m_store, m_desktop, m_options, m_preferences);
         connect(m_mainWindow.get(), &MainWindow::quitRequested, this, &AppWindows::quitRequested);
         connect(m_mainWindow.get(), &QWindow::visibleChanged, this, &QmlWindows::noteVisibility);
     }

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "app/app_windows.h"
+#include "app/desktop_access.h"
 #include "app/launch_options.h"
 #include "model/preferences.h"
 #include "store/app_store.h"
 #include "ui/appearance.h"
-#include "ui/notification_access.h"
 
 #include <QTimer>
 #include <QWindow>
@@ -29,9 +29,9 @@ public:
     /// How long closed windows are kept for being opened again at once.
     static constexpr std::chrono::milliseconds keepClosed{30'000};
 
-    /// `preferences` may be null, and `notifications` where there are none; `store` outlives the windows.
+    /// `preferences` may be null; `store` outlives the windows.
     QmlWindows(AppStore *store, LaunchOptions options, std::shared_ptr<Preferences> preferences,
-               std::unique_ptr<Appearance> appearance, std::unique_ptr<NotificationAccess> notifications = nullptr);
+               std::unique_ptr<Appearance> appearance, DesktopAccess desktop = {});
     ~QmlWindows() override;
 
     void showMain(const QByteArray &activationToken) override;
@@ -51,7 +51,7 @@ private:
     LaunchOptions m_options;
     std::shared_ptr<Preferences> m_preferences;
     std::unique_ptr<Appearance> m_appearance;
-    std::unique_ptr<NotificationAccess> m_notifications;
+    DesktopAccess m_desktop;
     std::unique_ptr<UiEngine> m_engine;
     std::unique_ptr<MainWindow> m_mainWindow;
     std::unique_ptr<PanelWindow> m_panelWindow;

@@ -23,6 +23,9 @@ public:
 
     [[nodiscard]] virtual LoginItemStatus status() const = 0;
 
+    /// Opens the place where the person consents, on a desktop that asks for consent.
+    virtual void openSettings() {}
+
     /// Whether the program runs from where programs are installed, not from a download or a build folder.
     [[nodiscard]] virtual bool isProgramInstalled() const = 0;
 };

@@ -8,6 +8,7 @@ Item {
     required property AppStore store
     // Null where there are none.
     property NotificationAccess notifications: null
+    property LoginItemAccess loginItem: null
 
     Component.onCompleted: root.notifications?.considerPrompt(root.store)
 

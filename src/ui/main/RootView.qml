@@ -10,6 +10,7 @@ Rectangle {
     required property AppStore store
     // Null where there are none.
     property NotificationAccess notifications: null
+    property LoginItemAccess loginItem: null
     property bool popoverPreview: false
     readonly property string screen: root.popoverPreview ? "preview"
         : !root.store.isSignedIn ? "signIn"
@@ -55,6 +56,7 @@ Rectangle {
             anchors.fill: parent
             store: root.store
             notifications: root.notifications
+            loginItem: root.loginItem
         }
     }
 

@@ -8,4 +8,5 @@ Item {
     required property AppStore store
     // Null where there are none.
     property NotificationAccess notifications: null
+    property LoginItemAccess loginItem: null
 }
