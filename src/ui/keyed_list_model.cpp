@@ -14,6 +14,13 @@ KeyedListModel::KeyedListModel(const QByteArray &valueName, QObject *parent)
 {
 }
 
+int KeyedListModel::rowOf(const QString &id) const
+{
+    const auto isIt = [&id](const KeyedRow &row) { return row.id == id; };
+    const auto found = std::find_if(m_rows.begin(), m_rows.end(), isIt);
+    return found == m_rows.end() ? -1 : int(found - m_rows.begin());
+}
+
 int KeyedListModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : count();

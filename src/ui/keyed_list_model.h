@@ -38,6 +38,8 @@ public:
     explicit KeyedListModel(const QByteArray &valueName, QObject *parent = nullptr);
 
     [[nodiscard]] int count() const { return int(m_rows.size()); }
+    /// Where the row with that id is now; -1 when it isn't here.
+    Q_INVOKABLE int rowOf(const QString &id) const;
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override { return m_roleNames; }
