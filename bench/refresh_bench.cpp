@@ -1,8 +1,8 @@
 // What one refresh costs from the body's arrival to the store's last announcement, beside parsing the same bytes with
 // QJsonDocument, and the longest time in which the main thread answered nothing meanwhile.
-#include "async/system_clock.h"
+#include "one_body.h"
 #include "sample_dashboard.h"
-#include "store/app_store.h"
+#include "timing.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -20,37 +20,12 @@ namespace {
 
 using namespace pingwell;
 
-/// Answers every request with the body it was given last.
-class OneBody final : public HTTPTransport
-{
-public:
-    QCoro::Task<HTTPResponse> perform(HTTPRequest) override
-    {
-        started.start();
-        co_return HTTPResponse{.status = 200, .body = body};
-    }
-
-    QByteArray body;
-    QElapsedTimer started;
-};
-
 struct Measured
 {
     double refresh = 0;
     double stall = 0;
     double unchanged = 0;
 };
-
-double milliseconds(const QElapsedTimer &timer)
-{
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
 
 /// Runs one refresh to its end on this thread's event loop. The stall is the longest single turn of that loop.
 Measured refreshOnce(AppStore &store, OneBody &transport)
@@ -101,12 +76,8 @@ void measure(int alertCount)
 {
     constexpr int rounds = 9;
     const auto transport = std::make_shared<OneBody>();
-    auto backend = std::make_shared<Backend>();
-    backend->transport = transport;
-    backend->tokenStore = std::make_shared<MemoryTokenStore>(QStringLiteral("token"));
-    backend->baseURLOverride = QUrl(QStringLiteral("https://pingwell.test"));
-    const auto clock = std::make_shared<SystemClock>();
-    AppStore store(SeedData(), false, nullptr, clock->now(), backend, clock);
+    const auto live = storeFedBy(transport);
+    AppStore &store = *live;
 
     const qint64 before = residentKiB();
     std::vector<double> refreshes;

@@ -4,19 +4,13 @@
 #include "time_format/time_format.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace pingwell {
 
 namespace {
 
 constexpr Seconds day{86400};
-
-/// Newest first; equal times keep their order.
-void sortNewestFirst(QList<Alert> &alerts)
-{
-    std::stable_sort(alerts.begin(), alerts.end(),
-                     [](const Alert &left, const Alert &right) { return left.at > right.at; });
-}
 
 template<typename Record, typename Matches>
 std::optional<Record> firstOf(const QList<Record> &records, Matches matches)
@@ -27,13 +21,23 @@ std::optional<Record> firstOf(const QList<Record> &records, Matches matches)
     return *found;
 }
 
+/// The alerts to be kept, newest first; equal times keep their order. Alerts are large, so only references are sorted.
 template<typename Keeps>
 QList<Alert> newestFirst(const QList<Alert> &alerts, Keeps keeps)
 {
-    QList<Alert> kept;
-    std::copy_if(alerts.begin(), alerts.end(), std::back_inserter(kept), keeps);
-    sortNewestFirst(kept);
-    return kept;
+    std::vector<const Alert *> kept;
+    for (const Alert &alert : alerts) {
+        if (keeps(alert))
+            kept.push_back(&alert);
+    }
+    const auto isNewer = [](const Alert *left, const Alert *right) { return left->at > right->at; };
+    if (!std::is_sorted(kept.begin(), kept.end(), isNewer))
+        std::stable_sort(kept.begin(), kept.end(), isNewer);
+    QList<Alert> sorted;
+    sorted.reserve(qsizetype(kept.size()));
+    for (const Alert *const alert : kept)
+        sorted.append(*alert);
+    return sorted;
 }
 
 bool passes(const InboxFilter &filter, const Alert &alert)
@@ -162,8 +166,10 @@ QStringList AppStore::availableProviderWords() const
 
 bool AppStore::canAnswer(const Alert &alert) const
 {
+    if (!alert.isWaiting(m_now))
+        return false;
     const auto workspace = workspaceWithID(alert.workspaceId);
-    return workspace && workspace->role != WorkspaceRole::viewer && alert.isWaiting(m_now);
+    return workspace && workspace->role != WorkspaceRole::viewer;
 }
 
 bool AppStore::canSendTestAlert() const

@@ -3,6 +3,7 @@
 #include "ui/display_text.h"
 
 #include <algorithm>
+#include <span>
 
 namespace pingwell {
 
@@ -62,10 +63,19 @@ QString AlertListModel::fullBody(const QString &alertID) const
 
 void AlertListModel::follow(AppStore &store)
 {
-    for (const auto changed : {&AppStore::alertsChanged, &AppStore::topicsChanged, &AppStore::workspacesChanged,
-                               &AppStore::activeWorkspaceIDChanged, &AppStore::focusModeChanged,
-                               &AppStore::filterChanged, &AppStore::selectedAlertIDChanged})
+    for (const auto changed :
+         {&AppStore::alertsChanged, &AppStore::workspacesChanged, &AppStore::activeWorkspaceIDChanged})
         connect(&store, changed, this, &AlertListModel::scheduleUpdate);
+    const auto followFor = [this, &store](List list, void (AppStore::*changed)()) {
+        connect(&store, changed, this, [this, list] {
+            if (m_list == list)
+                scheduleUpdate();
+        });
+    };
+    followFor(List::Today, &AppStore::topicsChanged);
+    followFor(List::Today, &AppStore::focusModeChanged);
+    followFor(List::Inbox, &AppStore::filterChanged);
+    followFor(List::Selected, &AppStore::selectedAlertIDChanged);
     connect(&store, &AppStore::nowChanged, this, &AlertListModel::onTick);
 }
 
@@ -103,7 +113,7 @@ QList<Alert> AlertListModel::alerts() const
 
 QVariant AlertListModel::presented(const QVariant &value) const
 {
-    return QVariant::fromValue(alertRow(value.value<AlertSnapshot>()));
+    return QVariant::fromValue(alertRow(*value.value<SharedAlertSnapshot>().snapshot));
 }
 
 Instant AlertListModel::nextChange() const
@@ -112,7 +122,9 @@ Instant AlertListModel::nextChange() const
     if (!m_store)
         return next;
     const Instant now = m_store->now();
-    for (const Alert &alert : m_store->activeAlerts()) {
+    for (const Alert &alert : m_store->alerts()) {
+        if (alert.workspaceId != m_store->activeWorkspaceID())
+            continue;
         if (alert.expiresAt && alert.isWaiting(now))
             next = std::min(next, *alert.expiresAt);
         if (m_list == List::Today && alert.at + day >= now)
@@ -124,12 +136,15 @@ Instant AlertListModel::nextChange() const
 void AlertListModel::update()
 {
     m_updateScheduled = false;
-    const QList<Alert> shown = alerts();
+    QList<Alert> shown = alerts();
     const qsizetype count = m_limit > 0 ? std::min<qsizetype>(m_limit, shown.size()) : shown.size();
     QList<KeyedRow> rows;
     rows.reserve(count);
-    for (const Alert &alert : shown.first(count))
-        rows.append({alert.id, QVariant::fromValue(snapshotOf(alert, *m_store))});
+    for (Alert &alert : std::span(shown).first(size_t(count))) {
+        const QString id = alert.id;
+        auto snapshot = std::make_shared<const AlertSnapshot>(snapshotOf(std::move(alert), *m_store));
+        rows.append({id, QVariant::fromValue(SharedAlertSnapshot{std::move(snapshot)})});
+    }
     setRows(std::move(rows));
     setTotal(int(shown.size()));
 

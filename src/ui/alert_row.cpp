@@ -37,11 +37,12 @@ QStringList labelsOf(const QStringList &actions)
 
 } // namespace
 
-AlertSnapshot snapshotOf(const Alert &alert, const AppStore &store)
+AlertSnapshot snapshotOf(Alert alert, const AppStore &store)
 {
     const auto state = store.replyState(alert);
     const QString outcome = isTimedOut(state) ? store.outcomeText(alert) : QString();
-    return {alert, stateWord(state), outcome, store.canAnswer(alert)};
+    const bool canAnswer = store.canAnswer(alert);
+    return {std::move(alert), stateWord(state), outcome, canAnswer};
 }
 
 AlertRow alertRow(const AlertSnapshot &snapshot)

@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
+#include <memory>
+
 namespace pingwell {
 
 class AppStore;
@@ -82,9 +84,24 @@ struct AlertSnapshot
 };
 
 /// `alert` as the store sees it now.
-[[nodiscard]] AlertSnapshot snapshotOf(const Alert &alert, const AppStore &store);
+[[nodiscard]] AlertSnapshot snapshotOf(Alert alert, const AppStore &store);
+
+/// A snapshot that many can hold for the price of one; compared by what it holds.
+struct SharedAlertSnapshot
+{
+    std::shared_ptr<const AlertSnapshot> snapshot;
+
+    friend bool operator==(const SharedAlertSnapshot &left, const SharedAlertSnapshot &right)
+    {
+        return left.snapshot == right.snapshot ||
+               (left.snapshot && right.snapshot && *left.snapshot == *right.snapshot);
+    }
+};
 
 /// What to show of it.
 [[nodiscard]] AlertRow alertRow(const AlertSnapshot &snapshot);
 
 } // namespace pingwell
+
+// Small enough to lie in a variant itself, if it may be moved as bytes.
+Q_DECLARE_TYPEINFO(pingwell::SharedAlertSnapshot, Q_RELOCATABLE_TYPE);

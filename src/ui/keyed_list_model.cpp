@@ -8,6 +8,29 @@
 
 namespace pingwell {
 
+namespace {
+
+void removeRepeated(QList<KeyedRow> &rows)
+{
+    QSet<QString> seen;
+    rows.removeIf([&seen](const KeyedRow &row) {
+        const bool repeated = seen.contains(row.id);
+        seen.insert(row.id);
+        return repeated;
+    });
+}
+
+QStringList idsOf(const QList<KeyedRow> &rows)
+{
+    QStringList ids;
+    ids.reserve(rows.size());
+    for (const KeyedRow &row : rows)
+        ids.append(row.id);
+    return ids;
+}
+
+} // namespace
+
 KeyedListModel::KeyedListModel(const QByteArray &valueName, QObject *parent)
     : QAbstractListModel(parent)
     , m_roleNames{{ValueRole, valueName}}
@@ -35,20 +58,16 @@ QVariant KeyedListModel::data(const QModelIndex &index, int role) const
 
 void KeyedListModel::setRows(QList<KeyedRow> rows)
 {
-    QSet<QString> seen;
-    rows.removeIf([&seen](const KeyedRow &row) {
-        const bool repeated = seen.contains(row.id);
-        seen.insert(row.id);
-        return repeated;
-    });
-    const auto idsOf = [](const QList<KeyedRow> &list) {
-        QStringList ids;
-        ids.reserve(list.size());
-        for (const KeyedRow &row : list)
-            ids.append(row.id);
-        return ids;
-    };
+    const auto sameID = [](const KeyedRow &left, const KeyedRow &right) { return left.id == right.id; };
+    if (!std::equal(m_rows.begin(), m_rows.end(), rows.begin(), rows.end(), sameID)) {
+        removeRepeated(rows);
+        arrange(rows);
+    }
+    updateValues(rows);
+}
 
+void KeyedListModel::arrange(const QList<KeyedRow> &rows)
+{
     const qsizetype countBefore = m_rows.size();
     const QList<ListStep> steps = listSteps(idsOf(m_rows), idsOf(rows));
     for (const ListStep &step : steps) {
@@ -64,7 +83,6 @@ void KeyedListModel::setRows(QList<KeyedRow> rows)
             break;
         }
     }
-    updateValues(rows);
     if (m_rows.size() != countBefore)
         emit countChanged();
 }
@@ -94,11 +112,13 @@ void KeyedListModel::insertRange(qsizetype first, const QList<KeyedRow> &rows)
 
 void KeyedListModel::updateValues(const QList<KeyedRow> &rows)
 {
+    const auto differs = [&](qsizetype row) { return m_rows.at(row).value != rows.at(row).value; };
     for (qsizetype row = 0; row < rows.size(); ++row) {
-        if (m_rows.at(row).value == rows.at(row).value)
-            continue;
-        m_rows[row].value = rows.at(row).value;
-        emit dataChanged(index(int(row)), index(int(row)), {ValueRole});
+        const qsizetype first = row;
+        for (; row < rows.size() && differs(row); ++row)
+            m_rows[row].value = rows.at(row).value;
+        if (row > first)
+            emit dataChanged(index(int(first)), index(int(row - 1)), {ValueRole});
     }
 }
 

@@ -55,6 +55,7 @@ protected:
     void setRows(QList<KeyedRow> rows);
 
 private:
+    void arrange(const QList<KeyedRow> &rows);
     void removeRange(qsizetype first, qsizetype count);
     void moveRow(qsizetype from, qsizetype to);
     void insertRange(qsizetype first, const QList<KeyedRow> &rows);

@@ -11,6 +11,17 @@ namespace {
 
 using Positions = QHash<QString, qsizetype>;
 
+qsizetype commonHead(const QStringList &before, const QStringList &after)
+{
+    return std::mismatch(before.begin(), before.end(), after.begin(), after.end()).first - before.begin();
+}
+
+qsizetype commonTail(const QStringList &before, const QStringList &after, qsizetype head)
+{
+    const auto end = before.rend() - head;
+    return std::mismatch(before.rbegin(), end, after.rbegin(), after.rend() - head).first - before.rbegin();
+}
+
 Positions positionsOf(const QStringList &ids)
 {
     Positions positions;
@@ -111,15 +122,23 @@ std::vector<qsizetype> ranksOfKept(const QStringList &before, const QStringList 
 
 } // namespace
 
-QList<ListStep> listSteps(const QStringList &before, const QStringList &after)
+QList<ListStep> listSteps(const QStringList &wholeBefore, const QStringList &wholeAfter)
 {
+    // Most changes are small: what is alike at either end is not looked at twice.
+    const qsizetype head = commonHead(wholeBefore, wholeAfter);
+    const qsizetype tail = commonTail(wholeBefore, wholeAfter, head);
+    const QStringList before = wholeBefore.mid(head, wholeBefore.size() - head - tail);
+    const QStringList after = wholeAfter.mid(head, wholeAfter.size() - head - tail);
+
     QList<ListStep> steps;
-    if (before == after)
-        return steps;
     const Positions present = positionsOf(before);
     appendRemovals(steps, before, positionsOf(after));
     appendMoves(steps, ranksOfKept(before, after, present));
     appendInsertions(steps, after, present);
+    for (ListStep &step : steps) {
+        step.first += head;
+        step.to += step.kind == ListStep::Kind::move ? head : 0;
+    }
     return steps;
 }
 

@@ -1,0 +1,182 @@
+// The main window with many alerts: its first frame beside an empty window's, every step a person takes in the list,
+// the longest frame while scrolling, and how long a refresh holds the main thread with the inbox open.
+#include "one_body.h"
+#include "sample_dashboard.h"
+#include "timing.h"
+#include "ui/engine.h"
+
+#include <QGuiApplication>
+#include <QQuickItem>
+#include <QQuickView>
+
+#include <cstdio>
+#include <functional>
+
+namespace {
+
+using namespace pingwell;
+
+class PlainAppearance final : public Appearance
+{
+public:
+    [[nodiscard]] bool isDark() const override { return false; }
+    [[nodiscard]] bool isMotionReduced() const override { return true; }
+};
+
+/// What a turn of the event loop took at most while `done` was awaited.
+double longestTurn(const std::function<bool()> &done)
+{
+    QElapsedTimer turn;
+    double longest = 0;
+    while (!done()) {
+        turn.start();
+        QCoreApplication::processEvents(QEventLoop::AllEvents);
+        longest = std::max(longest, milliseconds(turn));
+    }
+    return longest;
+}
+
+/// Lets the next frame be drawn.
+void drawFrame(QQuickView &view)
+{
+    bool drawn = false;
+    const auto connection = QObject::connect(
+        &view, &QQuickWindow::frameSwapped, &view, [&drawn] { drawn = true; }, Qt::DirectConnection);
+    view.update();
+    longestTurn([&drawn] { return drawn; });
+    QObject::disconnect(connection);
+}
+
+/// From nothing to a window's first frame.
+template<typename Prepare>
+double firstFrame(QQmlEngine &engine, Prepare prepare)
+{
+    QElapsedTimer timer;
+    timer.start();
+    QQuickView view(&engine, nullptr);
+    prepare(view);
+    view.resize(1080, 680);
+    view.show();
+    drawFrame(view);
+    return milliseconds(timer);
+}
+
+void showRoot(QQuickView &view, AppStore &store)
+{
+    view.setResizeMode(QQuickView::SizeRootObjectToView);
+    view.setInitialProperties({{QStringLiteral("store"), QVariant::fromValue(&store)}});
+    view.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Pingwell/RootView.qml")));
+    if (view.status() != QQuickView::Ready)
+        qFatal("the main window does not load");
+}
+
+/// The time from an action to the frame that shows it.
+double timeOf(QQuickView &view, const std::function<void()> &act)
+{
+    drawFrame(view);
+    QElapsedTimer timer;
+    timer.start();
+    act();
+    QCoreApplication::sendPostedEvents();
+    drawFrame(view);
+    return milliseconds(timer);
+}
+
+QQuickItem *find(QQuickItem *item, const QString &identifier)
+{
+    if (item->objectName() == identifier)
+        return item;
+    for (QQuickItem *const child : item->childItems()) {
+        if (QQuickItem *const found = find(child, identifier))
+            return found;
+    }
+    return nullptr;
+}
+
+void scroll(QQuickView &view, int alertCount)
+{
+    auto *const list = find(view.rootObject(), QStringLiteral("inbox.list"));
+    if (!list)
+        qFatal("there is no list to scroll");
+    std::vector<double> frames;
+    for (int step = 0; step < 600; ++step) {
+        QElapsedTimer timer;
+        timer.start();
+        // Now a wheel's step, now a leap along the scroll bar.
+        const double distance = step % 50 == 49 ? 20'000 : 90;
+        list->setProperty("contentY", list->property("contentY").toDouble() + distance);
+        drawFrame(view);
+        frames.push_back(milliseconds(timer));
+    }
+    std::printf("%7d alerts  scrolling: median frame %.1f ms, longest %.1f ms\n", alertCount, median(frames),
+                *std::max_element(frames.begin(), frames.end()));
+}
+
+void refreshWith(AppStore &store, OneBody &transport, const QByteArray &body, int alertCount, const char *what)
+{
+    transport.body = body;
+    bool done = false;
+    const auto connection = QObject::connect(&store, &AppStore::lastSyncedAtChanged, &store, [&done] { done = true; });
+    QElapsedTimer first;
+    first.start();
+    store.refresh();
+    double longest = longestTurn([&done] { return done; });
+    QElapsedTimer after;
+    after.start();
+    longest = std::max(longest, longestTurn([&after] { return after.hasExpired(200); }));
+    std::printf("%7d alerts  refresh, %s: main thread held at most %.1f ms\n", alertCount, what, longest);
+    QObject::disconnect(connection);
+}
+
+void measure(UiEngine &engine, int alertCount)
+{
+    const auto transport = std::make_shared<OneBody>();
+    const auto store = storeFedBy(transport);
+    transport->body = sampleDashboard(alertCount, 0);
+    store->refresh();
+    longestTurn([&store] { return store->hasLoaded(); });
+
+    std::vector<double> empty;
+    std::vector<double> ours;
+    for (int round = 0; round < 7; ++round) {
+        empty.push_back(firstFrame(engine, [](QQuickView &) {}));
+        ours.push_back(firstFrame(engine, [&store](QQuickView &view) { showRoot(view, *store); }));
+    }
+    std::printf("%7d alerts  first frame %.1f ms, an empty window's %.1f ms (%.1f x)\n", alertCount, median(ours),
+                median(empty), median(ours) / median(empty));
+
+    QQuickView view(&engine, nullptr);
+    showRoot(view, *store);
+    view.resize(1080, 680);
+    view.show();
+    drawFrame(view);
+    refreshWith(*store, *transport, sampleDashboard(alertCount, 1), alertCount, "all changed");
+    QByteArray oneMore = sampleDashboard(alertCount, 1);
+    oneMore.replace("\"alerts\":[", "\"alerts\":[{\"id\":\"new\",\"workspaceId\":\"w1\",\"title\":\"New\",\"at\":1},");
+    refreshWith(*store, *transport, oneMore, alertCount, "one more");
+    scroll(view, alertCount);
+    const QList<Alert> shown = store->filteredAlerts();
+    const auto tell = [&](const char *what, const std::function<void()> &act) {
+        std::printf("%7d alerts  %s: %.1f ms to its frame\n", alertCount, what, timeOf(view, act));
+    };
+    tell("select", [&] { store->selectAlert(shown.at(shown.size() / 2).id); });
+    tell("asks only", [&] { store->setFilter(InboxFilter::asks()); });
+    tell("all again", [&] { store->setFilter(InboxFilter::all()); });
+    tell("mark one unread", [&] { store->setRead(shown.first().id, !shown.first().read); });
+    tell("delete one", [&] { store->deleteAlert(shown.at(3).id); });
+    tell("mark all read", [&] { store->markAllRead(); });
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND"))
+        qputenv("QT_QUICK_BACKEND", "software");
+    const QGuiApplication application(argc, argv);
+    PlainAppearance appearance;
+    UiEngine engine(&appearance);
+    for (const int alertCount : {10, 1'000, 10'000})
+        measure(engine, alertCount);
+    return 0;
+}
