@@ -7,6 +7,7 @@ Rectangle {
 
     required property string text
     property color tint: Theme.accentFill
+    property color ink: Theme.textOnAccent
 
     implicitWidth: Math.max(words.implicitWidth + 2 * 6, implicitHeight)
     implicitHeight: 16
@@ -21,7 +22,7 @@ Rectangle {
         anchors.centerIn: parent
         text: root.text
         size: Theme.sizeAge
-        color: Theme.textOnAccent
+        color: root.ink
         font.weight: Font.DemiBold
         Accessible.ignored: true
     }

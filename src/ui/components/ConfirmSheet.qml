@@ -19,9 +19,9 @@ Sheet {
         idPrefix: root.idPrefix
         title: root.title
         message: root.message
-        confirmLabel: root.confirmLabel
+        acceptLabel: root.confirmLabel
         onCancelled: root.close()
-        onConfirmed: {
+        onAccepted: {
             root.close()
             root.confirmed()
         }

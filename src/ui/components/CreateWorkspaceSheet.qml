@@ -15,7 +15,7 @@ Sheet {
     content: CreateWorkspaceForm {
         width: root.availableWidth
         onCancelled: root.close()
-        onAccepted: name => {
+        onAccepted: {
             root.store.createWorkspace(name)
             root.close()
         }

@@ -3,15 +3,14 @@ import QtQuick.Templates as T
 import Pingwell
 
 /** What else can be done with something: a small button, and the menu it opens. Its children are the entries. */
-IconButton {
+MoreButton {
     id: root
 
     default property alias entries: menu.contentData
 
-    symbolName: "ellipsis.circle"
+    open: menu.visible
     onClicked: menu.visible ? menu.close() : menu.open()
     Keys.onDownPressed: menu.open()
-    Accessible.role: Accessible.ButtonMenu
 
     PopupMenu {
         id: menu

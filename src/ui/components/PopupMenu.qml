@@ -2,19 +2,38 @@ import QtQuick
 import QtQuick.Templates as T
 import Pingwell
 
-/** A menu over the window. */
+/**
+ * A menu over the window, as wide as its longest entry. A menu within it opens beside the entry that stands for it, which
+ * has its title and its identifier.
+ */
 T.Menu {
     id: root
 
-    implicitWidth: Math.max(implicitContentWidth + leftPadding + rightPadding, 160)
+    function widestEntry(): real {
+        let widest = 0
+        for (let index = 0; index < root.count; ++index)
+            widest = Math.max(widest, root.itemAt(index)?.implicitWidth ?? 0)
+        return Math.ceil(widest)
+    }
+
+    implicitWidth: Math.max(root.widestEntry() + leftPadding + rightPadding, 160)
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     padding: Theme.gap1
     margins: Theme.gap2
     overlap: 0
+    cascade: true
+
+    delegate: PopupMenuItem {
+        id: entry
+
+        objectName: entry.subMenu?.objectName ?? ""
+        label: entry.subMenu?.title ?? ""
+        opensMenu: true
+        enabled: entry.subMenu?.enabled ?? false
+    }
 
     contentItem: ListView {
         implicitHeight: contentHeight
-        implicitWidth: contentItem.childrenRect.width
         model: root.contentModel
         interactive: contentHeight > height
         clip: interactive

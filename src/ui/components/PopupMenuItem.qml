@@ -8,8 +8,11 @@ T.MenuItem {
 
     required property string label
     property string symbolName
+    /** One of several choices, and whether it is the one that holds. */
+    property bool isChoice: false
     property bool chosen: false
     property bool destructive: false
+    property bool opensMenu: false
     readonly property color ink: root.destructive ? Theme.danger : Theme.textPrimary
 
     width: ListView.view?.width ?? implicitWidth
@@ -19,6 +22,8 @@ T.MenuItem {
     opacity: enabled ? 1 : Theme.disabledOpacity
     Accessible.role: Accessible.MenuItem
     Accessible.name: root.label
+    Accessible.description: !root.isChoice ? "" : root.chosen ? "selected" : "not selected"
+    Accessible.checkable: root.isChoice
     Accessible.checked: root.chosen
 
     background: Rectangle {
@@ -29,6 +34,7 @@ T.MenuItem {
     contentItem: PopupMenuLabel {
         label: root.label
         symbolName: root.symbolName
+        opensMenu: root.opensMenu
         ink: root.ink
         symbolInk: root.chosen ? Theme.accent : root.destructive ? Theme.danger : Theme.textSecondary
     }

@@ -9,8 +9,10 @@ Item {
     required property string symbolName
     required property color ink
     required property color symbolInk
+    property bool opensMenu: false
+    readonly property real edge: root.opensMenu ? Theme.gap2 + chevron.width : Theme.gap2
 
-    implicitWidth: words.x + words.implicitWidth + Theme.gap4
+    implicitWidth: words.x + words.implicitWidth + edge + Theme.gap2
 
     Symbol {
         x: 6
@@ -23,10 +25,21 @@ Item {
         id: words
 
         x: 28
-        width: parent.width - x - Theme.gap2
+        width: parent.width - x - root.edge
         anchors.verticalCenter: parent.verticalCenter
         text: root.label
         color: root.ink
         Accessible.ignored: true
+    }
+
+    Symbol {
+        id: chevron
+
+        anchors.right: parent.right
+        anchors.rightMargin: 6
+        anchors.verticalCenter: parent.verticalCenter
+        visible: root.opensMenu
+        name: "chevron.right"
+        size: 12
     }
 }

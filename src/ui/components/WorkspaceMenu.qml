@@ -52,7 +52,7 @@ T.AbstractButton {
         id: menu
 
         y: root.height + 4
-        width: Math.max(root.width, 180)
+        width: Math.max(root.width, Math.min(implicitWidth, 320))
         closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
 
         Instantiator {
@@ -64,6 +64,7 @@ T.AbstractButton {
 
                 objectName: root.idPrefix + ".option." + workspace.id
                 label: workspace.name
+                isChoice: true
                 chosen: workspace.isActive
                 symbolName: workspace.isActive ? "checkmark" : ""
                 onTriggered: root.store.selectWorkspace(workspace.id)

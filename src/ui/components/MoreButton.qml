@@ -1,0 +1,19 @@
+import QtQuick
+import Pingwell
+
+/** A small button that leads to what else can be done with something. */
+IconButton {
+    id: root
+
+    /** Its menu is open. */
+    property bool open: false
+
+    symbolName: "ellipsis.circle"
+    color: root.open ? Theme.accent : Theme.textSecondary
+    Accessible.role: Accessible.ButtonMenu
+
+    HelpTip {
+        help: root.label
+        visible: root.hovered && !root.open
+    }
+}

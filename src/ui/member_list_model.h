@@ -1,0 +1,74 @@
+#pragma once
+
+#include "store/app_store.h"
+#include "ui/keyed_list_model.h"
+
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+
+namespace pingwell {
+
+/// What the team screen shows of one member, and what the person may do with them; the texts are cleaned for display.
+struct MemberRow
+{
+    Q_GADGET
+    QML_VALUE_TYPE(memberRow)
+    Q_PROPERTY(QString id MEMBER id FINAL)
+    Q_PROPERTY(QString title MEMBER title FINAL)
+    Q_PROPERTY(QString email MEMBER email FINAL)
+    Q_PROPERTY(QString initials MEMBER initials FINAL)
+    Q_PROPERTY(QString role MEMBER role FINAL)
+    Q_PROPERTY(bool isInvited MEMBER isInvited FINAL)
+    Q_PROPERTY(double invitedAt MEMBER invitedAt FINAL)
+    Q_PROPERTY(bool hasActions MEMBER hasActions FINAL)
+    Q_PROPERTY(bool canChangeRole MEMBER canChangeRole FINAL)
+    Q_PROPERTY(bool canRemove MEMBER canRemove FINAL)
+    Q_PROPERTY(bool canResend MEMBER canResend FINAL)
+
+public:
+    QString id;
+    /// The name, or the e-mail address where there is none.
+    QString title;
+    /// Empty where it is the title already.
+    QString email;
+    /// One or two letters that stand for the member.
+    QString initials;
+    /// "owner", "admin", "member" or "viewer".
+    QString role;
+    bool isInvited = false;
+    /// Milliseconds since 1970; negative where it is not known.
+    double invitedAt = -1;
+    bool hasActions = false;
+    bool canChangeRole = false;
+    bool canRemove = false;
+    bool canResend = false;
+
+    friend bool operator==(const MemberRow &, const MemberRow &) = default;
+};
+
+/// The first letters of the first and the last word, or of the only one.
+[[nodiscard]] QString initialsOf(const QString &name);
+
+/// The members of the active workspace in the store's order.
+class MemberListModel : public pingwell::KeyedListModel
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(pingwell::AppStore *store READ store WRITE setStore NOTIFY storeChanged REQUIRED)
+
+public:
+    explicit MemberListModel(QObject *parent = nullptr);
+
+    [[nodiscard]] AppStore *store() const { return m_store; }
+    void setStore(AppStore *store);
+
+signals:
+    void storeChanged();
+
+private:
+    void update();
+
+    QPointer<AppStore> m_store;
+};
+
+} // namespace pingwell
