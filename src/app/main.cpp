@@ -1,3 +1,4 @@
+#include "app/command_line.h"
 #include "app/composition.h"
 #include "platform/quit_signals.h"
 #include "platform/ui_test_bridge.h"
@@ -6,9 +7,18 @@
 #include <QApplication>
 #include <QTextStream>
 
+using namespace pingwell;
+
 namespace {
 
-using namespace pingwell;
+/// The same list as the application object's, before there is one.
+QStringList argumentsOf(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int index = 1; index < argc; ++index)
+        arguments << QString::fromLocal8Bit(argv[index]);
+    return arguments;
+}
 
 /// Claims the program's place in the session before there is anything to show: a start that only hands over must be
 /// done in no time, and the graphical application object would take the activation token out of the environment.
@@ -60,6 +70,10 @@ int run(int &argc, char **argv, SingleInstance *instance)
 
 int main(int argc, char **argv)
 {
+    if (const auto answer = terminalAnswer(argumentsOf(argc, argv), QStringLiteral(PINGWELL_VERSION))) {
+        QTextStream(stdout) << *answer;
+        return 0;
+    }
     std::unique_ptr<SingleInstance> instance;
     if (!claimPlace(argc, argv, instance))
         return 0;
