@@ -1,4 +1,4 @@
-#include "notify/login_item.h"
+#include "fake_login_item.h"
 #include "support/memory_preferences.h"
 
 #include <QTest>
@@ -6,31 +6,6 @@
 using namespace pingwell;
 
 namespace {
-
-class FakeLoginItem final : public LoginItem
-{
-public:
-    std::optional<QString> registerProgram() override
-    {
-        ++registrations;
-        if (!problem)
-            current = LoginItemStatus::enabled;
-        return problem;
-    }
-    std::optional<QString> unregisterProgram() override
-    {
-        if (!problem)
-            current = LoginItemStatus::notRegistered;
-        return problem;
-    }
-    LoginItemStatus status() const override { return current; }
-    bool isProgramInstalled() const override { return installed; }
-
-    LoginItemStatus current = LoginItemStatus::notRegistered;
-    std::optional<QString> problem;
-    bool installed = true;
-    int registrations = 0;
-};
 
 const QString offered = QStringLiteral("pingwell.loginItem.offered");
 

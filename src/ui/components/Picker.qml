@@ -32,8 +32,10 @@ T.AbstractButton {
     function open() {
         root.openValues = root.isUnusual ? [...root.values, root.current] : root.values
         root.openLabels = root.isUnusual ? [...root.labels, root.currentLabel] : root.labels
-        menu.open()
-        menu.startAt(root.openValues.indexOf(root.current))
+        // The keyboard goes on from here, also when a pointer opened the menu.
+        if (!root.activeFocus)
+            root.forceActiveFocus(Qt.MouseFocusReason)
+        menu.openAt(root.openValues.indexOf(root.current))
     }
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
@@ -64,8 +66,9 @@ T.AbstractButton {
     PopupMenu {
         id: menu
 
-        function startAt(index: int) {
+        function openAt(index: int) {
             menu.currentIndex = index
+            menu.open()
             const list = menu.contentItem as ListView
             list.forceLayout()
             list.positionViewAtIndex(Math.max(index, 0), ListView.Contain)

@@ -2,22 +2,27 @@ import QtQuick
 import QtQuick.Templates as T
 import Pingwell
 
-/** A switch with its words before it. It follows `on` and asks for a change; it never changes by itself. */
+/** A switch at the end of its words. It follows `on` and asks for a change; it never changes by itself. */
 T.AbstractButton {
     id: root
 
     required property string label
     required property bool on
     property real textSize: Theme.sizeSmall
+    property color color: Theme.textSecondary
 
     signal toggleRequested(bool on)
 
-    implicitWidth: implicitContentWidth
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: 20
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
     opacity: enabled ? 1 : Theme.disabledOpacity
-    onClicked: root.toggleRequested(!root.on)
+    onClicked: {
+        root.toggleRequested(!root.on)
+        // A press moves what assistive technology is told, whether or not the request was heard.
+        root.checked = Qt.binding(() => root.on)
+    }
     Keys.onReturnPressed: root.clicked()
     // What makes it a check box to assistive technology: the control sets its own role.
     checkable: true
@@ -25,18 +30,24 @@ T.AbstractButton {
     Accessible.name: root.label
     Accessible.description: root.on ? "on" : "off"
 
-    contentItem: Row {
-        spacing: Theme.gap2 - 2
+    contentItem: Item {
+        implicitWidth: Math.ceil(words.implicitWidth) + 6 + track.width
 
         PlainText {
+            id: words
+
             anchors.verticalCenter: parent.verticalCenter
+            width: parent.width - 6 - track.width
             text: root.label
             size: root.textSize
-            color: Theme.textSecondary
+            color: root.color
             Accessible.ignored: true
         }
 
         SwitchTrack {
+            id: track
+
+            anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             control: root
             on: root.on

@@ -1,0 +1,56 @@
+import QtQuick
+import QtQuick.Templates as T
+import Pingwell
+
+/** A row of a form that does something when it is pressed. */
+T.AbstractButton {
+    id: root
+
+    required property string label
+    required property string symbolName
+    property bool destructive: false
+    readonly property color ink: root.destructive ? Theme.danger : Theme.textPrimary
+
+    width: parent?.width ?? implicitWidth
+    implicitHeight: 40
+    leftPadding: Theme.gap4
+    rightPadding: Theme.gap4
+    focusPolicy: Qt.TabFocus
+    hoverEnabled: true
+    opacity: enabled ? 1 : Theme.disabledOpacity
+    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: root.clicked()
+    Accessible.role: Accessible.Button
+    Accessible.name: root.label
+
+    background: Item {
+        PressFill {
+            anchors.fill: parent
+            anchors.margins: Theme.gap1
+            control: root
+        }
+
+        FormDivider {
+            visible: root.y > 0
+        }
+    }
+
+    contentItem: Item {
+        Symbol {
+            id: symbol
+
+            anchors.verticalCenter: parent.verticalCenter
+            name: root.symbolName
+            color: root.destructive ? Theme.danger : Theme.textSecondary
+        }
+
+        PlainText {
+            x: symbol.width + Theme.gap2 + 2
+            width: parent.width - x
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.label
+            color: root.ink
+            Accessible.ignored: true
+        }
+    }
+}
