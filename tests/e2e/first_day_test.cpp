@@ -50,6 +50,8 @@ class FirstDayTest : public QObject
 {
     Q_OBJECT
 
+    /// The one built beside this, or one installed.
+    const QString m_programPath = qEnvironmentVariable("PINGWELL_PROGRAM", QStringLiteral(PINGWELL_PROGRAM));
     ServiceProcess m_service;
     ScriptedNotificationServer m_desktop;
     QTemporaryDir m_path;
@@ -59,11 +61,11 @@ class FirstDayTest : public QObject
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("PATH"), m_path.path() + u':' + environment.value(QStringLiteral("PATH")));
-        environment.insert(QStringLiteral("PINGWELL_PROGRAM"), QStringLiteral(PINGWELL_PROGRAM));
+        environment.insert(QStringLiteral("PINGWELL_PROGRAM"), m_programPath);
         m_program = std::make_unique<QProcess>();
         m_program->setProcessEnvironment(environment);
         m_program->setProcessChannelMode(QProcess::ForwardedChannels);
-        m_program->start(QStringLiteral(PINGWELL_PROGRAM), {QStringLiteral("-apiBaseURL"), m_service.address()});
+        m_program->start(m_programPath, {QStringLiteral("-apiBaseURL"), m_service.address()});
     }
 
     /// As a log-out ends it.
