@@ -146,6 +146,72 @@ void drawWindows(const Gallery &gallery)
     gallery.drawLive(u"prompt-denied"_s, none, AuthorizationStatus::denied, true);
 }
 
+SeedData teamOf(int count, WorkspaceRole role)
+{
+    SeedData seed = makeSeed({}, role);
+    QList<Member> &members = seed.members[u"w1"_s];
+    for (int index = 0; index < count; ++index) {
+        Member member;
+        member.id = u"m%1"_s.arg(index);
+        member.isYou = index == 0;
+        member.role = index == 0 ? role : index == 1 ? WorkspaceRole::owner : WorkspaceRole::member;
+        member.email = u"somebody.%1@a-very-long-name-of-a-company.example.org"_s.arg(index);
+        if (index % 4 == 3) {
+            member.status = MemberStatus::invited;
+            member.invitedAt = dayEnd - Seconds(3600.0 * index);
+        } else {
+            member.name = index % 5 == 4 ? u"Maximiliane-Friederike von und zu Hohenstein-Waldenburg-Schillingsfürst"_s
+                                         : u"Person Number %1"_s.arg(index);
+        }
+        members << member;
+    }
+    return seed;
+}
+
+void drawTeam(const Gallery &gallery)
+{
+    const auto draw = [&gallery](const QString &name, const SeedData &seed, const Gallery::Preparation &prepare) {
+        const auto open = [prepare](Screen &screen) {
+            screen.store().setSection(SidebarSection::team);
+            screen.settle();
+            prepare(screen);
+        };
+        gallery.draw(u"team-"_s + name, u"RootView"_s, seed, open, windowSize);
+    };
+    const auto nothing = [](Screen &) {};
+    const SeedData day = demoData(dayEnd);
+    const SeedData many = teamOf(60, WorkspaceRole::admin);
+    draw(u"day"_s, day, nothing);
+    draw(u"viewer"_s, teamOf(5, WorkspaceRole::viewer), nothing);
+    draw(u"member"_s, teamOf(5, WorkspaceRole::member), nothing);
+    draw(u"long"_s, many, nothing);
+    draw(u"personal"_s, day, [](Screen &screen) {
+        for (const Workspace &workspace : screen.store().workspaces()) {
+            if (workspace.kind == WorkspaceKind::personal)
+                screen.store().selectWorkspace(workspace.id);
+        }
+    });
+    draw(u"menu"_s, many, [](Screen &screen) {
+        screen.click(u"team.member.m2.menu"_s);
+        screen.click(u"team.member.m2.changeRole"_s);
+    });
+    draw(u"invitee-menu"_s, many, [](Screen &screen) { screen.click(u"team.member.m3.menu"_s); });
+    draw(u"focus"_s, many, [](Screen &screen) {
+        screen.find(u"team.member.m1"_s)->forceActiveFocus(Qt::TabFocusReason);
+        screen.press(Qt::Key_End);
+    });
+    draw(u"invite-error"_s, many, [](Screen &screen) {
+        screen.click(u"team.invite"_s);
+        screen.type(u"ann@x"_s);
+        screen.press(Qt::Key_Return);
+    });
+    draw(u"leave"_s, teamOf(5, WorkspaceRole::owner), [](Screen &screen) { screen.click(u"team.leave"_s); });
+    draw(u"rename"_s, many, [](Screen &screen) {
+        screen.click(u"team.menu"_s);
+        screen.click(u"team.rename"_s);
+    });
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -162,6 +228,7 @@ int main(int argc, char **argv)
         const Gallery gallery(arguments.at(1), dark);
         drawPanels(gallery);
         drawWindows(gallery);
+        drawTeam(gallery);
     }
     return 0;
 }

@@ -1,4 +1,4 @@
-import QtQml
+import QtQuick
 import Pingwell
 
 /** The content of a sheet that asks before something that cannot be undone. Return never says yes. */
@@ -10,5 +10,5 @@ SheetForm {
     note: root.message
     acceptWord: "confirm"
     destructive: true
-    Component.onCompleted: root.cancelButton.forceActiveFocus()
+    Component.onCompleted: root.cancelButton.forceActiveFocus(Qt.TabFocusReason)
 }

@@ -23,6 +23,10 @@ T.Menu {
     overlap: 0
     cascade: true
 
+    FocusReturn {
+        popup: root
+    }
+
     delegate: PopupMenuItem {
         id: entry
 

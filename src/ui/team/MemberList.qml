@@ -22,6 +22,13 @@ Item {
             menu.openAt(row, button)
     }
 
+    /** A row gets the focus before it is in its place. */
+    function revealCurrent() {
+        const top = root.y + list.currentIndex * root.rowHeight
+        if (list.currentIndex >= 0)
+            root.area.reveal(top, top + root.rowHeight)
+    }
+
     implicitHeight: list.count * root.rowHeight
 
     ListView {
@@ -64,7 +71,12 @@ Item {
                 || (inviteeMenu.visible && inviteeMenu.row === row)
             // One stop for the whole list; the arrow keys move within it.
             activeFocusOnTab: list.currentIndex < 0 || list.currentIndex === index
-            onActiveFocusChanged: if (activeFocus) list.currentIndex = index
+            onActiveFocusChanged: {
+                if (!activeFocus)
+                    return
+                list.currentIndex = index
+                Qt.callLater(root.revealCurrent)
+            }
             onMenuRequested: button => root.openMenu(row, button)
         }
     }

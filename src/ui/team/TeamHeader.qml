@@ -38,8 +38,10 @@ Item {
         id: actions
 
         anchors.right: parent.right
+        // The symbols of the rows' buttons and this one's are in one line.
+        anchors.rightMargin: -Theme.gap1
         anchors.verticalCenter: parent.verticalCenter
-        spacing: Theme.gap2
+        spacing: root.team.canManage ? Theme.gap1 : 0
 
         PlainButton {
             objectName: "team.invite"

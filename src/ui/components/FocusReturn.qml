@@ -1,0 +1,31 @@
+import QtQuick
+import QtQuick.Templates as T
+import Pingwell
+
+/**
+ * Gives the keyboard's focus back to what had it before a popup opened, and as visibly as it had it. Left alone, a menu
+ * that closes from within another one loses the focus, and a button that gets it back hides that it has it.
+ */
+QtObject {
+    id: root
+
+    required property T.Popup popup
+    property Item before: null
+    property int reason: Qt.OtherFocusReason
+
+    readonly property Connections watch: Connections {
+        target: root.popup
+
+        function onAboutToShow() {
+            root.before = root.popup.parent?.Window.activeFocusItem ?? null
+            root.reason = (root.before as T.Control)?.focusReason ?? Qt.OtherFocusReason
+        }
+        function onClosed() {
+            const now = root.popup.parent?.Window.activeFocusItem ?? null
+            // The person may have gone on to another place by now.
+            if (!now || now === root.before || !now.activeFocusOnTab)
+                root.before?.forceActiveFocus(root.reason)
+            root.before = null
+        }
+    }
+}
