@@ -11,8 +11,18 @@ namespace pingwell {
 namespace {
 
 constexpr QSize defaultSize(1080, 680);
-constexpr QSize smallestSize(760, 480);
+// The sidebar, the list and an alert beside each other, nothing squeezed.
+constexpr QSize smallestSize(880, 560);
 const QString frameKey = QStringLiteral("pingwell.window.frame");
+const QString sidebarWidthKey = QStringLiteral("pingwell.window.sidebarWidth");
+constexpr const char *sidebarWidthProperty = "sidebarWidth";
+
+/// 0 when none is remembered; the screen keeps any other one within its limits.
+int rememberedSidebarWidth(const Preferences *preferences)
+{
+    const double width = preferences ? preferences->number(sidebarWidthKey).value_or(0) : 0;
+    return width > 0 && width < 10'000 ? int(width) : 0;
+}
 
 } // namespace
 
@@ -29,6 +39,7 @@ MainWindow::MainWindow(QQmlEngine *engine, AppStore *store, const DesktopAccess 
     setInitialProperties({{QStringLiteral("store"), QVariant::fromValue(store)},
                           {QStringLiteral("notifications"), QVariant::fromValue(desktop.notifications.get())},
                           {QStringLiteral("loginItem"), QVariant::fromValue(desktop.loginItem.get())},
+                          {QString::fromLatin1(sidebarWidthProperty), rememberedSidebarWidth(m_preferences.get())},
                           {QStringLiteral("popoverPreview"), options.popoverPreview}});
     setSource(screenSource(QStringLiteral("RootView")));
     connect(rootObject(), SIGNAL(quitRequested()), this, SIGNAL(quitRequested()));
@@ -39,15 +50,17 @@ MainWindow::~MainWindow() = default;
 void MainWindow::hideEvent(QHideEvent *event)
 {
     saveFrame();
+    saveSidebarWidth();
     QQuickView::hideEvent(event);
 }
 
 void MainWindow::restoreFrame()
 {
     const auto text = m_preferences ? m_preferences->string(frameKey) : std::nullopt;
-    const auto frame = text ? windowFrameFromText(*text) : std::nullopt;
+    auto frame = text ? windowFrameFromText(*text) : std::nullopt;
     if (!frame)
         return;
+    frame->setSize(frame->size().expandedTo(smallestSize));
     const QScreen *onScreen = screen()->virtualSiblingAt(frame->center());
     setGeometry(fittedWindowFrame(*frame, (onScreen ? onScreen : screen())->availableGeometry()));
 }
@@ -57,6 +70,13 @@ void MainWindow::saveFrame()
     // A maximised or full-screen window's size is the desktop's, not the person's.
     if (m_preferences && windowStates() == Qt::WindowNoState)
         m_preferences->setString(frameKey, windowFrameText(geometry()));
+}
+
+void MainWindow::saveSidebarWidth()
+{
+    const int width = rootObject() ? rootObject()->property(sidebarWidthProperty).toInt() : 0;
+    if (m_preferences && width != rememberedSidebarWidth(m_preferences.get()))
+        m_preferences->setNumber(sidebarWidthKey, width);
 }
 
 } // namespace pingwell

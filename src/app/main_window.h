@@ -11,8 +11,8 @@
 
 namespace pingwell {
 
-/// The main window: sign-in, loading or everything. Comes back where and as large as it was left, where the desktop
-/// lets a program choose and there are preferences to remember it in.
+/// The main window: sign-in, loading or everything. Comes back where and as large as it was left, its sidebar as wide,
+/// where the desktop lets a program choose and there are preferences to remember it in.
 class MainWindow final : public QQuickView
 {
     Q_OBJECT
@@ -32,6 +32,7 @@ protected:
 private:
     void restoreFrame();
     void saveFrame();
+    void saveSidebarWidth();
 
     std::shared_ptr<Preferences> m_preferences;
 };

@@ -56,9 +56,9 @@ public:
     using Preparation = std::function<void(Screen &)>;
 
     void draw(const QString &name, const QString &component, const SeedData &seed, const Preparation &prepare = {},
-              const QSize &size = {}, bool signedIn = true) const
+              const QSize &size = {}, bool signedIn = true, const QVariantMap &properties = {}) const
     {
-        Screen screen(component, seed, signedIn);
+        Screen screen(component, seed, signedIn, properties);
         save(screen, name, size, prepare);
     }
 
@@ -212,6 +212,137 @@ void drawTeam(const Gallery &gallery)
     });
 }
 
+void drawInbox(const Gallery &gallery)
+{
+    const QString root = u"RootView"_s;
+    const SeedData day = demoData(dayEnd);
+    const auto opened = [](Screen &screen) { screen.click(u"alert.row.a1"_s); };
+    gallery.draw(
+        u"inbox-menu"_s, root, day,
+        [](Screen &screen) {
+            screen.press(Qt::Key_Down);
+            screen.press(Qt::Key_Down);
+            screen.press(Qt::Key_F10, Qt::ShiftModifier);
+        },
+        windowSize);
+    gallery.draw(
+        u"inbox-keyboard"_s, root, day,
+        [](Screen &screen) {
+            screen.click(u"filter.asks"_s);
+            screen.press(Qt::Key_Right);
+        },
+        windowSize);
+    gallery.draw(
+        u"inbox-nothing-passes"_s, root, makeSeed({makeAlert(u"n1"_s, u"Nightly backup finished"_s, 30)}),
+        [](Screen &screen) { screen.click(u"filter.asks"_s); }, windowSize);
+    gallery.draw(u"inbox-viewer"_s, root, viewerDay(), opened, windowSize);
+    gallery.draw(u"inbox-smallest"_s, root, strangeDay(), opened, {880, 560});
+    gallery.draw(
+        u"inbox-shortcuts"_s, root, day, [](Screen &screen) { screen.press(Qt::Key_F1); }, windowSize);
+    gallery.drawLive(
+        u"inbox-offline"_s, [](AppStore &store) { store.refresh(); }, AuthorizationStatus::authorized, true);
+}
+
+void drawTopics(const Gallery &gallery)
+{
+    const auto draw = [&gallery](const QString &name, const SeedData &seed, const Gallery::Preparation &prepare,
+                                 const QSize &size = windowSize) {
+        const auto open = [prepare](Screen &screen) {
+            screen.store().setSection(SidebarSection::topics);
+            screen.settle();
+            prepare(screen);
+        };
+        gallery.draw(u"topics-"_s + name, u"RootView"_s, seed, open, size);
+    };
+    const SeedData day = demoData(dayEnd);
+    SeedData many = makeSeed({});
+    many.topics.clear();
+    for (int index = 0; index < 60; ++index) {
+        Topic topic;
+        topic.id = u"t%1"_s.arg(index);
+        topic.workspaceId = u"w1"_s;
+        topic.name =
+            u"topic-%1"_s.arg(index) + (index % 3 == 1 ? u"-of-a-pipeline-with-a-long-name-that-goes-on"_s : u""_s);
+        topic.muted = index % 4 == 1;
+        topic.quietHours = index % 3 == 1;
+        many.topics << topic;
+    }
+    SeedData none = makeSeed({});
+    none.topics.clear();
+    draw(u"day"_s, day, [](Screen &) {});
+    draw(u"many"_s, many, [](Screen &) {});
+    draw(u"smallest"_s, many, [](Screen &screen) { screen.click(u"topic.t1.menu"_s); }, {880, 560});
+    draw(u"picker"_s, many, [](Screen &screen) { screen.click(u"topic.t2.minPriority"_s); });
+    draw(u"keyboard"_s, many, [](Screen &screen) {
+        screen.click(u"topics.new.name"_s);
+        screen.type(u"Deploy Alerts"_s);
+        screen.press(Qt::Key_Tab);
+        screen.press(Qt::Key_Tab);
+        screen.press(Qt::Key_Down);
+    });
+    draw(u"empty"_s, none, [](Screen &screen) {
+        screen.click(u"topics.new.name"_s);
+        screen.type(u"Deploy Alerts!"_s);
+    });
+}
+
+SeedData settingsDay(WorkspaceRole role)
+{
+    SeedData seed = makeSeed({}, role);
+    seed.settings.quietHoursEnabled = true;
+    seed.settings.quietFrom = u"22:30"_s;
+    for (const auto &platform : rawValues<DevicePlatform>)
+        seed.devices << Device{platform.word, u"Ann’s "_s + platform.word, platform.value, u"1.4.2"_s,
+                               dayEnd - Seconds(7200)};
+    seed.devices.first().name =
+        u"A telephone with a name that is much longer than anybody would want to read on a screen"_s;
+    return seed;
+}
+
+void drawSettings(const Gallery &gallery)
+{
+    const auto center = std::make_shared<FakeNotificationCenter>();
+    center->status = AuthorizationStatus::denied;
+    NotificationAccess denied(center);
+    const auto draw = [&gallery, &denied](const QString &name, WorkspaceRole role, double position,
+                                          const Gallery::Preparation &prepare = {}, const QSize &size = windowSize) {
+        const auto open = [prepare, position](Screen &screen) {
+            screen.store().setSection(SidebarSection::settings);
+            screen.settle();
+            QQuickItem *const scroll = screen.find(u"settings.scroll"_s);
+            const double range = scroll->property("contentHeight").toDouble() - scroll->height();
+            scroll->setProperty("contentY", std::round(range * position));
+            screen.settle();
+            if (prepare)
+                prepare(screen);
+        };
+        gallery.draw(u"settings-"_s + name, u"RootView"_s, settingsDay(role), open, size, true,
+                     {{u"notifications"_s, QVariant::fromValue(&denied)}});
+    };
+    const auto click = [](const QString &identifier) {
+        return [identifier](Screen &screen) { screen.click(identifier); };
+    };
+    const auto owner = WorkspaceRole::owner;
+    draw(u"top"_s, owner, 0);
+    draw(u"viewer"_s, WorkspaceRole::viewer, 0.3);
+    draw(u"middle"_s, owner, 0.5);
+    draw(u"quiet-off"_s, owner, 0.6, click(u"settings.quietHours"_s));
+    draw(u"end"_s, owner, 1);
+    draw(u"picker"_s, owner, 0.3, click(u"settings.responseTimeout"_s));
+    draw(u"hours"_s, owner, 0.6, click(u"settings.quietFrom"_s));
+    draw(u"delete"_s, owner, 1, click(u"settings.deleteAccount"_s));
+    draw(u"remove"_s, owner, 1, [](Screen &screen) {
+        screen.click(u"settings.device.web.menu"_s);
+        screen.click(u"settings.device.web.remove"_s);
+    });
+    draw(u"menu"_s, owner, 1, click(u"settings.device.ios.menu"_s));
+    draw(u"smallest"_s, owner, 0.4, {}, {880, 560});
+    const auto tab = [](Screen &screen) {
+        screen.find(u"settings.quietHours"_s)->forceActiveFocus(Qt::TabFocusReason);
+    };
+    draw(u"keyboard"_s, owner, 0.5, tab);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -228,7 +359,10 @@ int main(int argc, char **argv)
         const Gallery gallery(arguments.at(1), dark);
         drawPanels(gallery);
         drawWindows(gallery);
+        drawInbox(gallery);
         drawTeam(gallery);
+        drawTopics(gallery);
+        drawSettings(gallery);
     }
     return 0;
 }

@@ -9,6 +9,9 @@ Column {
     required property alertRow alert
     /** What "Show all" shows. */
     required property string fullBody
+    required property bool canDelete
+    /** The keys that answer act on this alert. */
+    required property bool takesKeys
     property bool showsAll: false
 
     spacing: Theme.gap3
@@ -25,7 +28,7 @@ Column {
             priority: root.alert.priority
         }
 
-        PlainText {
+        PlainSelectableText {
             id: title
 
             objectName: "detail.title"
@@ -34,19 +37,17 @@ Column {
             text: root.alert.title
             size: Theme.sizeAlertTitle
             font.weight: Font.DemiBold
-            wrapMode: Text.Wrap
+            Accessible.role: Accessible.Heading
         }
     }
 
-    PlainText {
+    PlainSelectableText {
         objectName: "detail.body"
         width: root.width
         visible: text.length > 0
         text: root.showsAll ? root.fullBody : root.alert.body
         size: Theme.sizeReading
         color: Theme.textReading
-        lineHeight: 1.2
-        wrapMode: Text.Wrap
     }
 
     LinkButton {
@@ -95,5 +96,21 @@ Column {
         visible: root.alert.state.length > 0
         store: root.store
         alert: root.alert
+    }
+
+    Divider {
+        width: root.width
+    }
+
+    AlertActions {
+        store: root.store
+        alert: root.alert
+        canDelete: root.canDelete
+    }
+
+    AnswerKeys {
+        store: root.store
+        alert: root.alert
+        active: root.takesKeys
     }
 }

@@ -8,6 +8,24 @@ Item {
     id: root
 
     required property AppStore store
+    required property bool canDelete
+    /** The keys that answer act on the open alert. */
+    required property bool takesKeys
+
+    // From wherever the focus is in here; fields keep what moves their caret.
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown
+        if (event.accepted)
+            area.page(event.key === Qt.Key_PageUp ? -1 : 1)
+    }
+
+    Connections {
+        target: root.store
+
+        function onSelectedAlertIDChanged() {
+            area.contentY = 0
+        }
+    }
 
     AlertListModel {
         id: selected
@@ -26,6 +44,11 @@ Item {
         Accessible.role: Accessible.Pane
         Accessible.name: "Alert"
 
+        function page(direction: int) {
+            const last = Math.max(0, area.contentHeight - area.height)
+            area.contentY = Math.max(0, Math.min(last, area.contentY + direction * area.height * 0.9))
+        }
+
         Column {
             id: content
 
@@ -40,6 +63,8 @@ Item {
                     width: content.width
                     store: root.store
                     fullBody: selected.fullBody(alert.id)
+                    canDelete: root.canDelete
+                    takesKeys: root.takesKeys
                 }
             }
         }

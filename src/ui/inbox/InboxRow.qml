@@ -7,66 +7,69 @@ T.AbstractButton {
     id: root
 
     required property alertRow alert
+    required property int index
     required property double now
+    required property InboxMetrics metrics
     property bool selected: false
+    /** The keyboard is at this row, and the person uses it. */
+    property bool keyboardHere: false
     readonly property string age: TimeText.shortAge(root.alert.at, root.now)
 
     objectName: "alert.row." + root.alert.id
-    implicitHeight: content.implicitHeight + topPadding + bottomPadding
+    implicitHeight: root.metrics.rowHeight
     leftPadding: 10
     rightPadding: 10
-    topPadding: Theme.gap1
-    bottomPadding: Theme.gap1
-    focusPolicy: Qt.TabFocus
+    // The list is one stop; the arrow keys move within it.
+    focusPolicy: Qt.NoFocus
     hoverEnabled: true
-    Keys.onReturnPressed: root.clicked()
     Accessible.role: Accessible.Button
     Accessible.name: root.alert.app + ", #" + root.alert.topic + ", " + root.age + ", " + root.alert.title + ", "
         + state.text
     Accessible.description: root.alert.read ? "read" : "unread"
+    Accessible.selectable: true
     Accessible.selected: root.selected
+    Accessible.focusable: true
 
     background: Item {
-        PressFill {
+        ChoiceFill {
             anchors.fill: parent
-            anchors.leftMargin: Theme.gap1 + 2
-            anchors.rightMargin: Theme.gap1 + 2
+            anchors.leftMargin: 6
+            anchors.rightMargin: 6
+            anchors.topMargin: 1
+            anchors.bottomMargin: 1
             control: root
-            restColor: root.selected ? Theme.selection : "transparent"
+            selected: root.selected
+            keyboardHere: root.keyboardHere
         }
     }
 
     Item {
-        id: content
-
         x: root.leftPadding
-        y: root.topPadding
         width: root.availableWidth
-        implicitHeight: words.height + 2 * Theme.gap1
 
         Dot {
             x: Theme.gap1
-            y: Theme.gap1 + 6
+            y: root.metrics.originY + 4
             size: 7
             visible: !root.alert.read
             color: Theme.accent
         }
 
-        Column {
+        Item {
             id: words
 
             x: Theme.gap1 + 7 + Theme.gap2
-            y: Theme.gap1
             width: parent.width - x - Theme.gap2
-            spacing: 3
 
             InboxRowOrigin {
+                y: root.metrics.originY
                 width: parent.width
                 alert: root.alert
                 age: root.age
             }
 
             PlainText {
+                y: root.metrics.titleY
                 width: parent.width
                 text: root.alert.title
                 size: Theme.sizeTitle
@@ -77,6 +80,7 @@ T.AbstractButton {
             InboxRowState {
                 id: state
 
+                y: root.metrics.stateY
                 width: parent.width
                 alert: root.alert
                 now: root.now

@@ -35,7 +35,8 @@ Item {
         x: line.width + Theme.gap2
         anchors.verticalCenter: line.verticalCenter
         visible: root.waiting
-        remaining: (root.alert.expiresAt - root.now) / 1000
+        // Rows that wait for nothing follow no clock.
+        remaining: root.waiting ? (root.alert.expiresAt - root.now) / 1000 : 0
         size: Theme.sizeNote
         Accessible.ignored: true
     }
@@ -45,7 +46,7 @@ Item {
 
         width: root.width
         visible: root.timedOut
-        message: root.alert.outcome
+        message: root.timedOut ? root.alert.outcome : ""
         compact: true
         Accessible.ignored: true
     }

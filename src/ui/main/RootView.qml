@@ -12,6 +12,8 @@ Rectangle {
     property NotificationAccess notifications: null
     property LoginItemAccess loginItem: null
     property bool popoverPreview: false
+    /** Of the main screen, as the person wants it; 0 for as wide as it is at first. */
+    property int sidebarWidth: 0
     readonly property string screen: root.popoverPreview ? "preview"
         : !root.store.isSignedIn ? "signIn"
         : !root.store.hasLoaded && !root.store.hasWorkspaces ? "loading" : "main"
@@ -57,7 +59,15 @@ Rectangle {
             store: root.store
             notifications: root.notifications
             loginItem: root.loginItem
+            sidebarWidth: root.sidebarWidth > 0 ? root.sidebarWidth : defaultSidebarWidth
+            onSidebarWidthRequested: width => root.sidebarWidth = width
         }
+    }
+
+    Announcer {
+        store: root.store
+        Accessible.role: Accessible.Notification
+        Accessible.name: message
     }
 
     ToastView {

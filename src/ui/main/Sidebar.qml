@@ -7,8 +7,27 @@ Rectangle {
 
     required property AppStore store
 
+    /** The person wants to know the keys. */
+    signal shortcutsRequested
+
+    /** Gives the focus to the row of the section that is shown. */
+    function takeFocus() {
+        for (let row = inbox; row; row = row.KeyNavigation.down as SidebarRow) {
+            if (row.selected) {
+                row.forceActiveFocus(Qt.TabFocusReason)
+                return
+            }
+        }
+    }
+
     color: Theme.sidebar
     Accessible.ignored: true
+
+    SignedInPerson {
+        id: person
+
+        store: root.store
+    }
 
     Row {
         id: brand
@@ -30,11 +49,83 @@ Rectangle {
     }
 
     WorkspaceMenu {
+        id: workspaces
+
         x: 10
         anchors.top: brand.bottom
-        anchors.topMargin: Theme.gap3
+        anchors.topMargin: 6 + Theme.gap1
         width: root.width - 20
         store: root.store
         idPrefix: "sidebar.workspace"
+    }
+
+    Column {
+        x: 10
+        anchors.top: workspaces.bottom
+        anchors.topMargin: 2 + Theme.gap2
+        width: root.width - 20
+        spacing: 2
+
+        SidebarRow {
+            id: inbox
+
+            width: parent.width
+            store: root.store
+            section: "inbox"
+            symbolName: "tray"
+            badge: root.store.unreadCount
+            KeyNavigation.down: topics
+        }
+
+        SidebarRow {
+            id: topics
+
+            width: parent.width
+            store: root.store
+            section: "topics"
+            symbolName: "number"
+            KeyNavigation.down: team
+        }
+
+        SidebarRow {
+            id: team
+
+            width: parent.width
+            store: root.store
+            section: "team"
+            symbolName: "person.2"
+            badge: person.invitationCount
+            KeyNavigation.down: settings
+        }
+
+        SidebarRow {
+            id: settings
+
+            width: parent.width
+            store: root.store
+            section: "settings"
+            symbolName: "gearshape"
+        }
+    }
+
+    SidebarAccount {
+        id: account
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+        store: root.store
+        person: person
+    }
+
+    IconButton {
+        objectName: "sidebar.shortcuts"
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.gap2
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: Theme.gap2
+        label: "Keyboard shortcuts"
+        symbolName: "keyboard"
+        color: Theme.textTertiary
+        onClicked: root.shortcutsRequested()
     }
 }

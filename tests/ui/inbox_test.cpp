@@ -1,0 +1,354 @@
+#include "screen_fixture.h"
+#include "store_fixture.h"
+#include "ui/accessibility_snapshot.h"
+#include "ui/announcer.h"
+
+#include <QAccessible>
+#include <QJsonDocument>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace pingwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString root = u"RootView"_s;
+
+/// Twelve notices, "n0" the newest, then an ask with two choices, "a1", and one answered by text, "a2".
+SeedData aDay(WorkspaceRole role = WorkspaceRole::member)
+{
+    QList<Alert> alerts;
+    for (int index = 0; index < 12; ++index)
+        alerts << makeAlert(u"n%1"_s.arg(index), u"Notice %1"_s.arg(index), index + 1);
+    alerts << makeChoice(u"a1"_s, u"Ship it?"_s, 100) << makeTextAsk(u"a2"_s, u"Which region?"_s, 200);
+    SeedData seed = makeSeed(alerts, role);
+    seed.topics << Topic{u"t0"_s, u"w1"_s, u"a quiet one"_s, Priority::normal, false, false, {}};
+    return seed;
+}
+
+QAccessibleInterface *accessible(const Screen &screen, const QString &identifier)
+{
+    return QAccessible::queryAccessibleInterface(screen.find(identifier));
+}
+
+QString value(const Screen &screen, const QString &identifier)
+{
+    auto *const element = accessible(screen, identifier);
+    return element ? element->text(QAccessible::Description) : u"(not shown)"_s;
+}
+
+bool isEnabled(const Screen &screen, const QString &identifier)
+{
+    const QQuickItem *const item = screen.find(identifier);
+    return item && item->isEnabled();
+}
+
+/// Where the top of a row is in the window; NaN when it is not there.
+double placeOf(const Screen &screen, const QString &alertID)
+{
+    const QQuickItem *const row = screen.find(u"alert.row."_s + alertID);
+    return row ? row->mapToScene({}).y() : qQNaN();
+}
+
+QJsonArray notices(int first, int last)
+{
+    QJsonArray alerts;
+    for (int index = first; index <= last; ++index)
+        alerts.append(alertJSON(u"n%1"_s.arg(index), 60 + index));
+    return alerts;
+}
+
+DashboardJSON dashboardOf(const QJsonArray &alerts)
+{
+    DashboardJSON dashboard;
+    dashboard.alerts = alerts;
+    return dashboard;
+}
+
+} // namespace
+
+class InboxTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void showsWhatIsThere()
+    {
+        Screen screen(root, aDay());
+        QCOMPARE(screen.name(u"inbox.count"_s), u"14 alerts · 14 unread"_s);
+        QCOMPARE(screen.name(u"sidebar.inbox"_s), u"Inbox, 14"_s);
+        QCOMPARE(screen.name(u"sidebar.account"_s), u"Robin Vale, robin@vale.example, Pingwell Cloud"_s);
+        QCOMPARE(value(screen, u"sidebar.inbox"_s), u"selected"_s);
+        QVERIFY(screen.shows(u"detail.empty"_s));
+        screen.click(u"inbox.markAllRead"_s);
+        QCOMPARE(screen.name(u"sidebar.inbox"_s), u"Inbox"_s);
+        QVERIFY(!isEnabled(screen, u"inbox.markAllRead"_s));
+        screen.click(u"inbox.testAlert"_s);
+        QCOMPARE(screen.name(u"inbox.count"_s), u"15 alerts · 1 unread"_s);
+
+        screen.click(u"sidebar.topics"_s);
+        QVERIFY(!screen.shows(u"inbox.list"_s));
+        QCOMPARE(value(screen, u"sidebar.inbox"_s), u"not selected"_s);
+    }
+
+    void chipsNarrowTheList()
+    {
+        Screen screen(root, aDay());
+        QCOMPARE(screen.name(u"filter.all"_s), u"All, 14"_s);
+        QCOMPARE(screen.name(u"filter.topic.a quiet one"_s), u"#a quiet one, 0"_s);
+        QVERIFY(placeOf(screen, u"n0"_s) > 0);
+        screen.click(u"filter.asks"_s);
+        QCOMPARE(screen.count(u"alert\\.row\\..*"_s), 2);
+        QCOMPARE(screen.name(u"inbox.count"_s), u"2 alerts · 14 unread"_s);
+        QCOMPARE(value(screen, u"filter.asks"_s), u"selected"_s);
+        QVERIFY(accessible(screen, u"filter.asks"_s)->state().selected);
+        QCOMPARE(value(screen, u"filter.all"_s), u"not selected"_s);
+        screen.press(Qt::Key_F, Qt::ControlModifier);
+        screen.press(Qt::Key_End);
+        screen.press(Qt::Key_Return);
+        QCOMPARE(screen.store().filter(), InboxFilter::topic(u"a quiet one"_s));
+        QCOMPARE(screen.name(u"inbox.empty"_s), u"No alerts here."_s);
+        QVERIFY(screen.shows(u"detail.empty"_s));
+    }
+
+    void menuOfARow()
+    {
+        Screen screen(root, aDay());
+        screen.press(Qt::Key_Down);
+        screen.press(Qt::Key_F10, Qt::ShiftModifier);
+        QCOMPARE(screen.name(u"alert.row.n0.toggleRead"_s), u"Mark as read"_s);
+        // A menu keeps the single keys to itself.
+        screen.press(Qt::Key_Delete);
+        QVERIFY(screen.store().alertWithID(u"n0"_s));
+        screen.click(u"alert.row.n0.toggleRead"_s);
+        QCOMPARE(value(screen, u"alert.row.n0"_s), u"read"_s);
+        const QPointF middle = screen.find(u"alert.row.n1"_s)->mapToScene({100, 20});
+        QTest::mouseClick(&screen.view(), Qt::RightButton, {}, middle.toPoint());
+        screen.click(u"alert.row.n1.delete"_s);
+        QVERIFY(!screen.store().alertWithID(u"n1"_s));
+        QCOMPARE(screen.focused(), u"alert.row.n2"_s);
+    }
+
+    void whoMayDelete_data()
+    {
+        QTest::addColumn<WorkspaceRole>("role");
+        QTest::addColumn<bool>("mayDelete");
+        QTest::newRow("member") << WorkspaceRole::member << true;
+        QTest::newRow("viewer") << WorkspaceRole::viewer << false;
+    }
+
+    void whoMayDelete()
+    {
+        QFETCH(WorkspaceRole, role);
+        QFETCH(bool, mayDelete);
+        Screen screen(root, aDay(role));
+        screen.store().selectAlert(u"a1"_s);
+        screen.settle();
+        QCOMPARE(screen.shows(u"detail.delete"_s), mayDelete);
+        QCOMPARE(screen.shows(u"detail.viewerNote"_s), !mayDelete);
+        QCOMPARE(screen.shows(u"detail.action.0"_s), mayDelete);
+        QVERIFY(screen.shows(u"detail.countdown"_s));
+        screen.press(Qt::Key_Menu);
+        QCOMPARE(screen.shows(u"alert.row.a1.delete"_s), mayDelete);
+        screen.press(Qt::Key_Escape);
+        screen.press(Qt::Key_1);
+        QCOMPARE(screen.store().alertWithID(u"a1"_s)->answer.has_value(), mayDelete);
+    }
+
+    void keys_data()
+    {
+        using Steps = QList<QKeyCombination>;
+        QTest::addColumn<QList<QKeyCombination>>("keys");
+        QTest::addColumn<QString>("focus");
+        QTest::addColumn<QString>("selected");
+        QTest::newRow("down twice") << Steps{Qt::Key_Down, Qt::Key_Down} << u"alert.row.n1"_s << QString();
+        QTest::newRow("return opens") << Steps{Qt::Key_Down, Qt::Key_Return} << u"alert.row.n0"_s << u"n0"_s;
+        QTest::newRow("end") << Steps{Qt::Key_End} << u"alert.row.a2"_s << QString();
+        QTest::newRow("home") << Steps{Qt::Key_End, Qt::Key_Home} << u"alert.row.n0"_s << QString();
+        QTest::newRow("pages") << Steps{Qt::Key_PageDown, Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_PageUp}
+                               << u"alert.row.n0"_s << QString();
+        QTest::newRow("reply") << Steps{Qt::Key_End, Qt::Key_Return, Qt::Key_R} << u"detail.reply"_s << u"a2"_s;
+        QTest::newRow("back from the field")
+            << Steps{Qt::Key_End, Qt::Key_Return, Qt::Key_R, Qt::Key_Escape} << u"alert.row.a2"_s << u"a2"_s;
+        QTest::newRow("back again") << Steps{Qt::Key_Down, Qt::Key_Return, Qt::Key_Escape} << u"alert.row.n0"_s
+                                    << QString();
+        QTest::newRow("delete goes on with the next")
+            << Steps{Qt::Key_Down, Qt::Key_Return, Qt::Key_Delete} << u"alert.row.n1"_s << QString();
+        QTest::newRow("delete the last") << Steps{Qt::Key_End, Qt::Key_Delete, Qt::Key_Delete} << u"alert.row.n11"_s
+                                         << QString();
+        QTest::newRow("filters") << Steps{Qt::CTRL | Qt::Key_F, Qt::Key_Right} << u"filter.asks"_s << QString();
+        QTest::newRow("to the team") << Steps{Qt::CTRL | Qt::Key_3} << u"sidebar.team"_s << QString();
+        QTest::newRow("and back") << Steps{Qt::CTRL | Qt::Key_3, Qt::CTRL | Qt::Key_1} << u"alert.row.n0"_s
+                                  << QString();
+        QTest::newRow("keys of the list") << Steps{Qt::Key_F1} << u"shortcuts.close"_s << QString();
+        QTest::newRow("and away") << Steps{Qt::Key_Down, Qt::CTRL | Qt::Key_Slash, Qt::Key_Escape} << u"alert.row.n0"_s
+                                  << QString();
+    }
+
+    void keys()
+    {
+        QFETCH(QList<QKeyCombination>, keys);
+        Screen screen(root, aDay());
+        for (const QKeyCombination &key : keys)
+            screen.press(key.key(), key.keyboardModifiers());
+        QTEST(screen.focused(), "focus");
+        QTEST(screen.store().selectedAlertID().value_or(QString()), "selected");
+    }
+
+    void openAskIsAnsweredByDigit()
+    {
+        Screen screen(root, aDay());
+        screen.store().revealAlert(u"a1"_s);
+        screen.settle();
+        screen.press(Qt::Key_3);
+        QVERIFY(!screen.store().alertWithID(u"a1"_s)->answer);
+        screen.press(Qt::Key_2);
+        QCOMPARE(screen.store().alertWithID(u"a1"_s)->answer, u"Approve"_s);
+        QCOMPARE(screen.name(u"detail.answered"_s), u"You replied “Approve”"_s);
+        QVERIFY(!screen.focused().isEmpty());
+    }
+
+    void singleKeysStayOutOfFieldsAndSheets()
+    {
+        Screen screen(root, aDay());
+        screen.store().revealAlert(u"a2"_s);
+        screen.settle();
+        screen.press(Qt::Key_R);
+        for (const QChar letter : u"u1r"_s)
+            QTest::keyClick(&screen.view(), letter.toLatin1());
+        screen.press(Qt::Key_Home);
+        screen.press(Qt::Key_Delete);
+        QCOMPARE(screen.store().replyDraft(u"a2"_s), u"1r"_s);
+        QVERIFY(!screen.store().alertWithID(u"a2"_s)->read);
+
+        screen.store().selectAlert(u"a1"_s);
+        for (const bool sheet : {true, false}) {
+            screen.store().setIsCreatingWorkspace(sheet);
+            screen.store().setSection(sheet ? SidebarSection::inbox : SidebarSection::team);
+            screen.settle();
+            for (const Qt::Key key : {Qt::Key_1, Qt::Key_U, Qt::Key_Delete})
+                screen.press(key);
+            const auto alert = screen.store().alertWithID(u"a1"_s);
+            QVERIFY(alert && !alert->answer && !alert->read);
+        }
+    }
+
+    void detailTogglesAndDeletes()
+    {
+        Screen screen(root, aDay());
+        screen.click(u"alert.row.n2"_s);
+        QCOMPARE(screen.name(u"detail.title"_s), u"Notice 2"_s);
+        QVERIFY(!screen.shows(u"detail.countdown"_s));
+        for (const QString &label : {u"Mark as read"_s, u"Mark as unread"_s, u"Mark as read"_s}) {
+            QCOMPARE(screen.name(u"detail.toggleRead"_s), label);
+            screen.click(u"detail.toggleRead"_s);
+        }
+        screen.click(u"detail.delete"_s);
+        QVERIFY(screen.shows(u"detail.empty"_s));
+        QVERIFY(!screen.shows(u"alert.row.n2"_s));
+        screen.press(Qt::Key_Down);
+        QCOMPARE(screen.focused(), u"alert.row.n4"_s);
+    }
+
+    void whatIsLookedAtStays()
+    {
+        StoreFixture live;
+        live.startWith(dashboardOf(notices(10, 60)));
+        Screen screen(root, *live.store);
+        QQuickItem *const list = screen.find(u"inbox.list"_s);
+        const double top = placeOf(screen, u"n10"_s);
+
+        // A list that stands at its top shows what comes.
+        live.refreshWith(dashboardOf(notices(8, 60)));
+        screen.settle();
+        QCOMPARE(placeOf(screen, u"n8"_s), top);
+
+        for (const double distance : {10.0, 700.0, 1e6}) {
+            list->setProperty("contentY", 0);
+            live.refreshWith(dashboardOf(notices(8, 60)));
+            screen.settle();
+            const double last = list->property("contentHeight").toDouble() - list->height();
+            list->setProperty("contentY", list->property("originY").toDouble() + std::min(distance, last));
+            screen.settle();
+            QMap<QString, double> before;
+            for (int index = 8; index <= 60; ++index) {
+                const QString id = u"n%1"_s.arg(index);
+                if (placeOf(screen, id) >= top)
+                    before.insert(id, placeOf(screen, id));
+            }
+            QVERIFY(before.size() > 5);
+            // Three arrive above; the first row in view goes.
+            QJsonArray alerts = notices(5, 60);
+            const QString gone = before.key(*std::min_element(before.cbegin(), before.cend()));
+            alerts.removeAt(gone.mid(1).toInt() - 5);
+            before.remove(gone);
+            live.refreshWith(dashboardOf(alerts));
+            screen.settle();
+            for (auto row = before.cbegin(); row != before.cend(); ++row)
+                QCOMPARE(placeOf(screen, row.key()), row.value());
+        }
+    }
+
+    void newsAreSpoken()
+    {
+        StoreFixture live;
+        live.start();
+        Screen screen(root, *live.store);
+        auto *const announcer = screen.view().rootObject()->findChild<Announcer *>();
+        QVERIFY(announcer);
+        QSignalSpy announcements(announcer, &Announcer::messageChanged);
+        live.refreshWith(dashboardOf({askJSON(u"a1"_s, 60)}));
+        QCOMPARE(announcements.count(), 0);
+        const QJsonObject ask = askJSON(u"a2"_s, 5, {{u"title"_s, u"Ship it?"_s}, {u"app"_s, u"Bot"_s}});
+        live.refreshWith(dashboardOf({ask, alertJSON(u"n1"_s, 5)}));
+        live.refreshWith(dashboardOf({ask, alertJSON(u"n1"_s, 5), alertJSON(u"n2"_s, 2)}));
+        QCOMPARE(announcements.count(), 1);
+        auto *const spoken = QAccessible::queryAccessibleInterface(announcer);
+        QCOMPARE(spoken->role(), QAccessible::Notification);
+        QCOMPARE(spoken->text(QAccessible::Name), u"Bot is waiting for your reply: Ship it?"_s);
+        live.store->showToast(u"Saved."_s, false);
+        live.store->showToast(u"Saved."_s, false);
+        QCOMPARE(announcements.count(), 3);
+        QCOMPARE(spoken->text(QAccessible::Name), u"Saved."_s);
+    }
+
+    void everyIdentifiedElementSpeaks()
+    {
+        Screen screen(root, aDay());
+        screen.store().selectAlert(u"a2"_s);
+        screen.store().setSection(SidebarSection::inbox);
+        screen.settle();
+        const QJsonArray elements = QJsonDocument::fromJson(accessibilitySnapshot().toUtf8()).array();
+        QVERIFY(elements.size() > 25);
+        for (const QJsonValue &element : elements) {
+            const bool speaks = element[u"role"_s] != u"NoRole"_s && !element[u"name"_s].toString().isEmpty();
+            QVERIFY2(speaks, qPrintable(element[u"id"_s].toString()));
+        }
+    }
+
+    void sidebarKeepsItsLimits()
+    {
+        Screen screen(root, aDay());
+        screen.view().resize(1200, 700);
+        QQuickItem *const handle = screen.find(u"sidebar.width"_s);
+        handle->forceActiveFocus(Qt::TabFocusReason);
+        screen.press(Qt::Key_Right);
+        QCOMPARE(handle->x(), 230.0);
+        for (int step = 0; step < 30; ++step)
+            screen.press(Qt::Key_Left);
+        QCOMPARE(handle->x(), 180.0);
+        const QPoint grip(180, 400);
+        QTest::mousePress(&screen.view(), Qt::LeftButton, {}, grip);
+        QTest::mouseMove(&screen.view(), grip + QPoint(90, 0));
+        QTest::mouseRelease(&screen.view(), Qt::LeftButton, {}, grip + QPoint(90, 0));
+        screen.settle();
+        QCOMPARE(handle->x(), 270.0);
+        screen.view().resize(880, 560);
+        screen.settle();
+        QCOMPARE(handle->x(), 180.0);
+    }
+};
+
+QTEST_MAIN(InboxTest)
+#include "inbox_test.moc"
