@@ -22,7 +22,8 @@ class TeamModel : public QObject
     Q_PROPERTY(QString workspaceName READ workspaceName NOTIFY changed)
     Q_PROPERTY(QString editableName READ editableName NOTIFY changed)
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
-    Q_PROPERTY(QStringList roles READ roles CONSTANT)
+    // Spelt out, as QML's lists of words are.
+    Q_PROPERTY(QList<QString> roles READ roles CONSTANT)
 
 public:
     using QObject::QObject;

@@ -1,6 +1,6 @@
 #include "screen_fixture.h"
 #include "store_fixture.h"
-#include "ui/member_list_model.h"
+#include "ui/initials.h"
 
 #include <QTest>
 
@@ -252,7 +252,9 @@ private slots:
         QFETCH(QString, email);
         QFETCH(QString, error);
         TeamScreen screen(teamSeed(WorkspaceRole::owner));
-        screen.click(u"team.invite"_s);
+        QQuickItem *const invite = screen.find(u"team.invite"_s);
+        invite->forceActiveFocus(Qt::TabFocusReason);
+        screen.press(Qt::Key_Return);
         QCOMPARE(screen.name(u"team.inviteSheet"_s), u"Invite to Platform"_s);
         QCOMPARE(screen.focused(), u"team.invite.email"_s);
         screen.type(email);
@@ -272,6 +274,7 @@ private slots:
         QVERIFY(!screen.shows(u"team.invite.error"_s));
         screen.press(Qt::Key_Escape);
         QVERIFY(!screen.shows(u"team.inviteSheet"_s));
+        QVERIFY(invite->property("visualFocus").toBool());
     }
 
     void renamesTheWorkspace()

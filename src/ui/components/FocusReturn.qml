@@ -23,8 +23,8 @@ QtObject {
         function onClosed() {
             const now = root.popup.parent?.Window.activeFocusItem ?? null
             // The person may have gone on to another place by now.
-            if (!now || now === root.before || !now.activeFocusOnTab)
-                root.before?.forceActiveFocus(root.reason)
+            if (root.before?.visible && (!now || now === root.before || !now.activeFocusOnTab))
+                root.before.forceActiveFocus(root.reason)
             root.before = null
         }
     }

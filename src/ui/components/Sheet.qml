@@ -22,6 +22,10 @@ T.Popup {
     focus: true
     closePolicy: T.Popup.CloseOnEscape
 
+    FocusReturn {
+        popup: root
+    }
+
     T.Overlay.modal: Rectangle {
         color: Theme.scrim
     }

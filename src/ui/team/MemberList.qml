@@ -22,11 +22,9 @@ Item {
             menu.openAt(row, button)
     }
 
-    /** A row gets the focus before it is in its place. */
     function revealCurrent() {
         const top = root.y + list.currentIndex * root.rowHeight
-        if (list.currentIndex >= 0)
-            root.area.reveal(top, top + root.rowHeight)
+        root.area.reveal(top, top + root.rowHeight)
     }
 
     implicitHeight: list.count * root.rowHeight
@@ -43,6 +41,8 @@ Item {
         keyNavigationEnabled: true
         highlightFollowsCurrentItem: false
         currentIndex: -1
+        // A row that is made for it gets the focus before it is in its place.
+        onCurrentIndexChanged: if (activeFocus) root.revealCurrent()
         Keys.onPressed: event => {
             if (event.key === Qt.Key_Home)
                 list.currentIndex = 0
@@ -71,12 +71,7 @@ Item {
                 || (inviteeMenu.visible && inviteeMenu.row === row)
             // One stop for the whole list; the arrow keys move within it.
             activeFocusOnTab: list.currentIndex < 0 || list.currentIndex === index
-            onActiveFocusChanged: {
-                if (!activeFocus)
-                    return
-                list.currentIndex = index
-                Qt.callLater(root.revealCurrent)
-            }
+            onActiveFocusChanged: if (activeFocus) list.currentIndex = index
             onMenuRequested: button => root.openMenu(row, button)
         }
     }
