@@ -17,7 +17,6 @@ T.AbstractButton {
     implicitHeight: 20
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
-    opacity: enabled ? 1 : Theme.disabledOpacity
     onClicked: {
         root.toggleRequested(!root.on)
         // A press moves what assistive technology is told, whether or not the request was heard.
@@ -31,6 +30,7 @@ T.AbstractButton {
     Accessible.description: root.on ? "on" : "off"
 
     contentItem: Item {
+        opacity: root.enabled ? 1 : Theme.disabledOpacity
         implicitWidth: Math.ceil(words.implicitWidth) + 6 + track.width
 
         PlainText {

@@ -22,9 +22,9 @@ ScrollArea {
     Column {
         id: form
 
-        x: Math.round((root.width - width) / 2)
+        x: Theme.gap7
         y: Theme.gap5
-        width: Math.min(root.width - 2 * Theme.gap5, 640)
+        width: Math.min(root.width - 2 * x, 720)
         spacing: Theme.gap5
 
         ScreenHeader {

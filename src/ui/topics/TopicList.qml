@@ -13,6 +13,8 @@ ListView {
 
     required property AppStore store
     required property TopicListModel topics
+    required property int margin
+    required property int rowWidth
 
     objectName: "topics.list"
     model: root.topics
@@ -39,7 +41,8 @@ ListView {
     delegate: TopicRow {
         required property int index
 
-        width: root.width
+        width: root.rowWidth
+        margin: root.margin
         store: root.store
         topics: root.topics
         isCurrent: root.currentIndex === index

@@ -8,6 +8,8 @@ Item {
     required property AppStore store
     required property TopicListModel topics
     required property topicRow topic
+    /** Free at both ends. */
+    required property int margin
     required property bool isCurrent
     required property bool isFirst
     readonly property int stops: root.isCurrent ? Qt.TabFocus : Qt.NoFocus
@@ -31,7 +33,7 @@ Item {
     }
 
     Divider {
-        x: Theme.gap5
+        x: root.margin
         width: parent.width - 2 * x
         visible: !root.isFirst
     }
@@ -39,8 +41,8 @@ Item {
     Rectangle {
         anchors.fill: parent
         anchors.margins: 4
-        anchors.leftMargin: Theme.gap3
-        anchors.rightMargin: Theme.gap3
+        anchors.leftMargin: root.margin - Theme.gap2
+        anchors.rightMargin: root.margin - Theme.gap2
         visible: root.activeFocus
         color: "transparent"
         radius: Theme.radius
@@ -50,7 +52,7 @@ Item {
 
     TopicLabel {
         anchors.left: parent.left
-        anchors.leftMargin: Theme.gap5
+        anchors.leftMargin: root.margin
         anchors.right: controls.left
         anchors.rightMargin: Theme.gap4
         anchors.verticalCenter: parent.verticalCenter
@@ -62,7 +64,7 @@ Item {
         id: controls
 
         anchors.right: parent.right
-        anchors.rightMargin: Theme.gap5
+        anchors.rightMargin: root.margin
         anchors.verticalCenter: parent.verticalCenter
         spacing: Theme.gap4
 

@@ -8,6 +8,9 @@ Item {
     id: root
 
     required property AppStore store
+    readonly property int margin: Theme.gap7
+    // Beyond this a row's name and its controls are hard to see as one.
+    readonly property int contentWidth: Math.min(root.width - 2 * root.margin, 880)
 
     TopicListModel {
         id: topics
@@ -18,9 +21,9 @@ Item {
     Column {
         id: top
 
-        x: Theme.gap5
+        x: root.margin
         y: Theme.gap5
-        width: root.width - 2 * x
+        width: root.contentWidth
         spacing: Theme.gap4
 
         ScreenHeader {
@@ -36,16 +39,29 @@ Item {
         }
     }
 
-    PlainText {
-        objectName: "topics.empty"
+    Column {
         anchors.top: top.bottom
-        anchors.topMargin: Theme.gap5
-        x: Theme.gap5
-        width: root.width - 2 * x
+        anchors.topMargin: Theme.gap10
+        x: root.margin
+        width: root.contentWidth
         visible: topics.count === 0
-        text: "No topics yet. Agents create them by tagging alerts, or add one above."
-        color: Theme.textSecondary
-        wrapMode: Text.Wrap
+        spacing: Theme.gap3
+
+        Symbol {
+            anchors.horizontalCenter: parent.horizontalCenter
+            name: "number"
+            size: 32
+            color: Theme.textTertiary
+        }
+
+        PlainText {
+            objectName: "topics.empty"
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            text: "No topics yet. Agents create them by tagging alerts, or add one above."
+            color: Theme.textSecondary
+            wrapMode: Text.Wrap
+        }
     }
 
     TopicList {
@@ -55,5 +71,7 @@ Item {
         width: root.width
         store: root.store
         topics: topics
+        margin: root.margin
+        rowWidth: root.contentWidth + 2 * root.margin
     }
 }
