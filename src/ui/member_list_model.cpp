@@ -1,20 +1,11 @@
 #include "ui/member_list_model.h"
 
 #include "ui/display_text.h"
-
-#include <QTextBoundaryFinder>
+#include "ui/initials.h"
 
 namespace pingwell {
 
 namespace {
-
-/// What the eye takes for the first letter: an accent written separately belongs to it.
-QString firstLetter(const QString &word)
-{
-    QTextBoundaryFinder letters(QTextBoundaryFinder::Grapheme, word);
-    const qsizetype end = letters.toNextBoundary();
-    return word.left(end).toUpper();
-}
 
 MemberRow memberRow(const Member &member, const AppStore &store)
 {
@@ -37,15 +28,6 @@ MemberRow memberRow(const Member &member, const AppStore &store)
 }
 
 } // namespace
-
-QString initialsOf(const QString &name)
-{
-    const QStringList words = name.split(u' ', Qt::SkipEmptyParts);
-    if (words.isEmpty())
-        return QStringLiteral("?");
-    const QString first = firstLetter(words.first());
-    return words.size() > 1 ? first + firstLetter(words.last()) : first;
-}
 
 MemberListModel::MemberListModel(QObject *parent)
     : KeyedListModel("member", parent)

@@ -46,9 +46,6 @@ public:
     friend bool operator==(const MemberRow &, const MemberRow &) = default;
 };
 
-/// The first letters of the first and the last word, or of the only one.
-[[nodiscard]] QString initialsOf(const QString &name);
-
 /// The members of the active workspace in the store's order.
 class MemberListModel : public pingwell::KeyedListModel
 {

@@ -1,30 +1,9 @@
 #include "ui/signed_in_person.h"
 
 #include "ui/display_text.h"
-
-#include <QTextBoundaryFinder>
+#include "ui/initials.h"
 
 namespace pingwell {
-
-namespace {
-
-/// The first character as a reader sees it, which may take several units.
-QString firstCharacter(const QString &word)
-{
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, word);
-    return word.first(std::max<qsizetype>(finder.toNextBoundary(), 0)).toUpper();
-}
-
-} // namespace
-
-QString initialsOf(const QString &name, const QString &email)
-{
-    const QStringList words = name.split(QChar(u' '), Qt::SkipEmptyParts);
-    if (words.isEmpty())
-        return firstCharacter(email);
-    const QString first = firstCharacter(words.first());
-    return words.size() > 1 ? first + firstCharacter(words.last()) : first;
-}
 
 void SignedInPerson::setStore(AppStore *store)
 {
@@ -50,6 +29,11 @@ QString SignedInPerson::name() const
 QString SignedInPerson::email() const
 {
     return m_store && m_store->account() ? displayLine(m_store->account()->email) : QString();
+}
+
+QString SignedInPerson::initials() const
+{
+    return initialsOf(name().isEmpty() ? email().section(QChar(u'@'), 0, 0) : name());
 }
 
 QString SignedInPerson::nameAndEmail() const

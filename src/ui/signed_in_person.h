@@ -8,10 +8,6 @@
 
 namespace pingwell {
 
-/// The letters a person is shown by: those that the first and the last word of the name begin with, or else the first
-/// one of the address.
-[[nodiscard]] QString initialsOf(const QString &name, const QString &email);
-
 /// Who is signed in, cleaned for display, and how many invitations wait for that person.
 class SignedInPerson : public QObject
 {
@@ -33,7 +29,7 @@ public:
     [[nodiscard]] QString name() const;
     [[nodiscard]] QString email() const;
     [[nodiscard]] QString nameAndEmail() const;
-    [[nodiscard]] QString initials() const { return initialsOf(name(), email()); }
+    [[nodiscard]] QString initials() const;
     [[nodiscard]] int invitationCount() const { return m_store ? int(m_store->invitations().size()) : 0; }
 
 signals:

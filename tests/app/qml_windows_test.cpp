@@ -4,6 +4,8 @@
 #include "support/memory_preferences.h"
 
 #include <QGuiApplication>
+#include <QQuickItem>
+#include <QQuickView>
 #include <QTest>
 
 using namespace pingwell;
@@ -26,6 +28,11 @@ QWindow *visibleWindow(bool isPanel)
             return window;
     }
     return nullptr;
+}
+
+QQuickItem *mainScreen()
+{
+    return qobject_cast<QQuickView *>(visibleWindow(false))->rootObject();
 }
 
 } // namespace
@@ -94,14 +101,18 @@ private slots:
         m_windows->showMain({});
         m_windows->showMain({});
         QCOMPARE(QGuiApplication::topLevelWindows().size(), 1);
-        const QRect frame(10, 20, 780, 500);
+        // As wide as this display, which draws a frame of two pixels around and is narrower than the window likes to
+        // be.
+        const QRect frame(2, 20, 800, 570);
         visibleWindow(false)->setGeometry(frame);
+        QVERIFY(mainScreen()->setProperty("sidebarWidth", 193));
         m_windows->showPanel({});
         m_windows.reset();
         QVERIFY(QGuiApplication::topLevelWindows().isEmpty());
         open();
         m_windows->showMain({});
         QCOMPARE(visibleWindow(false)->geometry(), frame);
+        QCOMPARE(mainScreen()->property("sidebarWidth").toInt(), 193);
     }
 };
 

@@ -290,6 +290,27 @@ private slots:
         }
     }
 
+    void bannerPushesNothingAway()
+    {
+        StoreFixture live;
+        live.startWith(dashboardOf(notices(0, 50)));
+        Screen screen(root, *live.store);
+        QQuickItem *const list = screen.find(u"inbox.list"_s);
+        list->setProperty("contentY", 400);
+        screen.settle();
+        const double before = placeOf(screen, u"n9"_s);
+        live.transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        live.store->refresh();
+        live.settle();
+        screen.settle();
+        QVERIFY(screen.shows(u"connection.problem"_s));
+        QCOMPARE(placeOf(screen, u"n9"_s), before);
+        live.refreshWith(dashboardOf(notices(0, 50)));
+        screen.settle();
+        QVERIFY(!screen.shows(u"connection.problem"_s));
+        QCOMPARE(placeOf(screen, u"n9"_s), before);
+    }
+
     void newsAreSpoken()
     {
         StoreFixture live;

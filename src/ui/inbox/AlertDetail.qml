@@ -12,6 +12,11 @@ Item {
     /** The keys that answer act on the open alert. */
     required property bool takesKeys
 
+    function shift(distance: real) {
+        if (!area.atYBeginning)
+            area.shift(distance)
+    }
+
     // From wherever the focus is in here; fields keep what moves their caret.
     Keys.onPressed: event => {
         event.accepted = event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown

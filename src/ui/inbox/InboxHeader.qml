@@ -46,7 +46,7 @@ Item {
         onClicked: root.store.sendTestAlert()
         Accessible.description: explanation.help
 
-        HelpTip {
+        PlainToolTip {
             id: explanation
 
             visible: testAlert.hovered || testAlert.visualFocus

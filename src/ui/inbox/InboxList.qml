@@ -23,6 +23,11 @@ Item {
         list.forceActiveFocus(Qt.OtherFocusReason)
     }
 
+    function shift(distance: real) {
+        if (!list.atYBeginning)
+            list.contentY = Math.max(list.originY - list.topMargin, list.contentY + distance)
+    }
+
     /** Makes the list ready for the keyboard where nothing else is, without pointing at a row. */
     function catchFocus() {
         list.forceActiveFocus(Qt.OtherFocusReason)

@@ -17,6 +17,12 @@ Item {
         list.takeFocus()
     }
 
+    /** Scrolls on by so much, except what stands at its top. */
+    function shift(distance: real) {
+        list.shift(distance)
+        detail.shift(distance)
+    }
+
     // What had the focus is gone, an answered ask's button for one.
     onNothingFocusedChanged: if (nothingFocused) vacancy.schedule()
 

@@ -18,6 +18,13 @@ Item {
     readonly property InboxView inbox: inboxes.count > 0 ? inboxes.itemAt(0) as InboxView : null
     readonly property string section: root.store.section
 
+    // What comes or goes above pushes no alert away from where it is read.
+    property real lastY: 0
+
+    onYChanged: {
+        root.inbox?.shift(y - lastY)
+        lastY = y
+    }
     onSectionChanged: root.noteInbox()
     Component.onCompleted: root.noteInbox()
 

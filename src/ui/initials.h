@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QString>
+
+namespace pingwell {
+
+/// The first letters of the first and the last word, or of the only one; "?" where there is none.
+[[nodiscard]] QString initialsOf(const QString &name);
+
+} // namespace pingwell
