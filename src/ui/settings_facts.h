@@ -42,8 +42,8 @@ struct ResponseTimeFacts
     Q_PROPERTY(QString timeout MEMBER timeout FINAL)
     Q_PROPERTY(QString timeoutLabel MEMBER timeoutLabel FINAL)
     Q_PROPERTY(QString action MEMBER action FINAL)
-    Q_PROPERTY(QStringList actions MEMBER actions FINAL)
-    Q_PROPERTY(QStringList actionLabels MEMBER actionLabels FINAL)
+    Q_PROPERTY(QList<QString> actions MEMBER actions FINAL)
+    Q_PROPERTY(QList<QString> actionLabels MEMBER actionLabels FINAL)
     Q_PROPERTY(QString actionDetail MEMBER actionDetail FINAL)
 
 public:

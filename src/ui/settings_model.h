@@ -19,10 +19,10 @@ class SettingsModel : public QObject
     Q_PROPERTY(pingwell::NotificationFacts notifications READ notifications NOTIFY notificationsChanged)
     /// Milliseconds since 1970; negative while nothing came from the service yet.
     Q_PROPERTY(double lastSyncedAt READ lastSyncedAt NOTIFY lastSyncedAtChanged)
-    Q_PROPERTY(QStringList timeouts READ timeouts CONSTANT)
-    Q_PROPERTY(QStringList timeoutLabels READ timeoutLabels CONSTANT)
+    Q_PROPERTY(QList<QString> timeouts READ timeouts CONSTANT)
+    Q_PROPERTY(QList<QString> timeoutLabels READ timeoutLabels CONSTANT)
     /// The hours of a day, which are their own labels.
-    Q_PROPERTY(QStringList hours READ hours CONSTANT)
+    Q_PROPERTY(QList<QString> hours READ hours CONSTANT)
 
 public:
     explicit SettingsModel(QObject *parent = nullptr);

@@ -41,8 +41,8 @@ class TopicListModel : public pingwell::KeyedListModel
     QML_ELEMENT
     Q_PROPERTY(pingwell::AppStore *store READ store WRITE setStore NOTIFY storeChanged REQUIRED)
     /// The words of the priorities, and what they are called.
-    Q_PROPERTY(QStringList priorities READ priorities CONSTANT)
-    Q_PROPERTY(QStringList priorityLabels READ priorityLabels CONSTANT)
+    Q_PROPERTY(QList<QString> priorities READ priorities CONSTANT)
+    Q_PROPERTY(QList<QString> priorityLabels READ priorityLabels CONSTANT)
 
 public:
     explicit TopicListModel(QObject *parent = nullptr);

@@ -9,7 +9,6 @@ T.AbstractButton {
     required property string label
     required property string symbolName
     property bool destructive: false
-    readonly property color ink: root.destructive ? Theme.danger : Theme.textPrimary
 
     width: parent?.width ?? implicitWidth
     implicitHeight: 40
@@ -35,22 +34,10 @@ T.AbstractButton {
         }
     }
 
-    contentItem: Item {
-        Symbol {
-            id: symbol
-
-            anchors.verticalCenter: parent.verticalCenter
-            name: root.symbolName
-            color: root.destructive ? Theme.danger : Theme.textSecondary
-        }
-
-        PlainText {
-            x: symbol.width + Theme.gap2 + 2
-            width: parent.width - x
-            anchors.verticalCenter: parent.verticalCenter
-            text: root.label
-            color: root.ink
-            Accessible.ignored: true
-        }
+    contentItem: FormButtonLabel {
+        label: root.label
+        symbolName: root.symbolName
+        ink: root.destructive ? Theme.danger : Theme.textPrimary
+        symbolInk: root.destructive ? Theme.danger : Theme.textSecondary
     }
 }

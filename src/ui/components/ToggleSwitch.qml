@@ -29,28 +29,11 @@ T.AbstractButton {
     Accessible.name: root.label
     Accessible.description: root.on ? "on" : "off"
 
-    contentItem: Item {
-        opacity: root.enabled ? 1 : Theme.disabledOpacity
-        implicitWidth: Math.ceil(words.implicitWidth) + 6 + track.width
-
-        PlainText {
-            id: words
-
-            anchors.verticalCenter: parent.verticalCenter
-            width: parent.width - 6 - track.width
-            text: root.label
-            size: root.textSize
-            color: root.color
-            Accessible.ignored: true
-        }
-
-        SwitchTrack {
-            id: track
-
-            anchors.right: parent.right
-            anchors.verticalCenter: parent.verticalCenter
-            control: root
-            on: root.on
-        }
+    contentItem: ToggleSwitchLabel {
+        control: root
+        label: root.label
+        on: root.on
+        textSize: root.textSize
+        color: root.color
     }
 }
