@@ -85,6 +85,31 @@ public:
         browser->cancel();
     }
 
+    /// The team screen, in a small window, of a person whom others have invited.
+    void drawInvited(const QString &name) const
+    {
+        const QByteArray invites = R"([{"token":"t1","workspace":"Operations","role":"admin","invitedAt":1699990000000},
+            {"token":"t2","workspace":"A workspace whose name nobody can say in one breath, by far","role":"viewer"}])";
+        DashboardJSON dashboard;
+        dashboard.members = {QJsonObject{{u"id"_s, u"m1"_s},
+                                         {u"workspaceId"_s, u"w1"_s},
+                                         {u"name"_s, u"Robin Vale-Whittingham of the Northern Reaches"_s},
+                                         {u"email"_s, u"robin@a-very-long-name-of-a-company.example.org"_s},
+                                         {u"role"_s, u"member"_s},
+                                         {u"status"_s, u"invited"_s},
+                                         {u"invitedAt"_s, 1'699'000'000'000.0}}};
+        StoreFixture live;
+        live.transport->always("GET", "/dashboard", ScriptedAnswer::data(dashboard.body()));
+        live.transport->always("GET", "/auth/user-data", ScriptedAnswer::noAnswer());
+        live.transport->always("POST", "/devices", ScriptedAnswer::noAnswer());
+        live.transport->always("GET", "/invites", ScriptedAnswer::data(invites));
+        live.start();
+        live.store->startSync();
+        live.settle();
+        Screen screen(u"RootView"_s, *live.store);
+        save(screen, name, {880, 560}, [](Screen &shown) { shown.store().setSection(SidebarSection::team); });
+    }
+
 private:
     void save(Screen &screen, const QString &name, const QSize &size, const Preparation &prepare) const
     {
@@ -181,6 +206,7 @@ void drawTeam(const Gallery &gallery)
     const auto nothing = [](Screen &) {};
     const SeedData day = demoData(dayEnd);
     const SeedData many = teamOf(60, WorkspaceRole::admin);
+    gallery.drawInvited(u"team-invited"_s);
     draw(u"day"_s, day, nothing);
     draw(u"viewer"_s, teamOf(5, WorkspaceRole::viewer), nothing);
     draw(u"member"_s, teamOf(5, WorkspaceRole::member), nothing);

@@ -12,7 +12,7 @@ IconButton {
     color: root.open ? Theme.accent : Theme.textSecondary
     Accessible.role: Accessible.ButtonMenu
 
-    HelpTip {
+    PlainToolTip {
         help: root.label
         visible: root.hovered && !root.open
     }
