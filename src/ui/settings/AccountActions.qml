@@ -29,7 +29,8 @@ FormSection {
         wanted: root.confirmDelete
         idPrefix: "settings.deleteAccount"
         title: "Delete your Pingwell account?"
-        message: "This deletes your account, your personal workspace and team workspaces you own, with all their alerts and API keys. It can't be undone."
+        message: "This deletes your account, your personal workspace and team workspaces you own, with all their "
+                 + "alerts and API keys. It can't be undone."
         confirmLabel: "Delete account"
         onConfirmed: root.store.deleteAccount()
         onClosed: root.confirmDelete = false

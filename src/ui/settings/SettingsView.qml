@@ -11,6 +11,8 @@ ScrollArea {
     property LoginItemAccess loginItem: null
 
     objectName: "settings.scroll"
+    Accessible.role: Accessible.Pane
+    Accessible.name: "Settings"
     contentHeight: form.height + 2 * Theme.gap5
 
     SettingsModel {
