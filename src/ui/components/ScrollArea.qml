@@ -16,6 +16,13 @@ Flickable {
     onContentHeightChanged: if (!moving) returnToBounds()
     onFocusedChanged: root.revealFocused()
 
+    // From wherever the focus is in here; fields keep what moves their caret.
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown
+        if (event.accepted)
+            page(event.key === Qt.Key_PageUp ? -1 : 1)
+    }
+
     T.ScrollBar.vertical: SlimScrollBar {}
 
     /** Who moves through the controls with the keyboard sees the one they are at. */
@@ -37,6 +44,12 @@ Flickable {
             contentY = lowest
         if (contentY > highest)
             contentY = highest
+    }
+
+    /** Goes on by a little less than what is seen, so that the last line read is the first one then. */
+    function page(direction: int) {
+        const last = Math.max(0, contentHeight - height)
+        contentY = Math.max(0, Math.min(last, contentY + direction * height * 0.9))
     }
 
     /** Moves the content by `distance`: what stood somewhere in view stays there. */

@@ -17,13 +17,6 @@ Item {
             area.shift(distance)
     }
 
-    // From wherever the focus is in here; fields keep what moves their caret.
-    Keys.onPressed: event => {
-        event.accepted = event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown
-        if (event.accepted)
-            area.page(event.key === Qt.Key_PageUp ? -1 : 1)
-    }
-
     Connections {
         target: root.store
 
@@ -49,16 +42,11 @@ Item {
         Accessible.role: Accessible.Pane
         Accessible.name: "Alert"
 
-        function page(direction: int) {
-            const last = Math.max(0, area.contentHeight - area.height)
-            area.contentY = Math.max(0, Math.min(last, area.contentY + direction * area.height * 0.9))
-        }
-
         Column {
             id: content
 
             x: Theme.gap7
-            width: Math.min(area.width - 2 * Theme.gap7, 720)
+            width: Math.min(area.width - 2 * Theme.gap7, Theme.contentWidth)
             topPadding: Theme.gap5
             bottomPadding: Theme.gap5
 

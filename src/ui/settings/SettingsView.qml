@@ -26,7 +26,7 @@ ScrollArea {
 
         x: Theme.gap7
         y: Theme.gap5
-        width: Math.min(root.width - 2 * x, 720)
+        width: Math.min(root.width - 2 * x, Theme.contentWidth)
         spacing: Theme.gap5
 
         ScreenHeader {

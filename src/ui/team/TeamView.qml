@@ -43,7 +43,7 @@ Item {
             id: content
 
             x: Theme.gap7
-            width: Math.min(page.width - 2 * Theme.gap7, 720)
+            width: Math.min(page.width - 2 * Theme.gap7, Theme.contentWidth)
             topPadding: Theme.gap5
             bottomPadding: Theme.gap7
             spacing: Theme.gap4

@@ -81,6 +81,9 @@ QtObject {
     readonly property int gap7: 28
     readonly property int gap10: 40
 
+    // Beyond this a line's beginning and its end are hard to see as one.
+    readonly property int contentWidth: 720
+
     readonly property int radiusSmall: 4
     readonly property int radius: 6
     readonly property int radiusCard: 10

@@ -9,8 +9,7 @@ Item {
 
     required property AppStore store
     readonly property int margin: Theme.gap7
-    // Beyond this a row's name and its controls are hard to see as one.
-    readonly property int contentWidth: Math.min(root.width - 2 * root.margin, 880)
+    readonly property int contentWidth: Math.min(root.width - 2 * root.margin, Theme.contentWidth)
 
     TopicListModel {
         id: topics
