@@ -38,36 +38,19 @@ DeviceRow deviceRow(const Device &device, const QString &thisComputer)
 
 } // namespace
 
+// Once this computer is registered, a later refresh tells its identifier.
 DeviceListModel::DeviceListModel(QObject *parent)
-    : KeyedListModel("device", parent)
+    : StoreListModel("device", {&AppStore::devicesChanged, &AppStore::lastSyncedAtChanged}, parent)
 {
 }
 
-void DeviceListModel::setStore(AppStore *store)
-{
-    if (m_store == store)
-        return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
-    if (store) {
-        connect(store, &AppStore::devicesChanged, this, &DeviceListModel::update);
-        // Once this computer is registered, a later refresh tells its identifier.
-        connect(store, &AppStore::lastSyncedAtChanged, this, &DeviceListModel::update);
-    }
-    emit storeChanged();
-    update();
-}
-
-void DeviceListModel::update()
+QList<KeyedRow> DeviceListModel::rowsOf(const AppStore &store)
 {
     QList<KeyedRow> rows;
-    if (m_store) {
-        const QString thisComputer = m_store->deviceIdentifier();
-        for (const Device &device : m_store->devices())
-            rows.append({device.id, QVariant::fromValue(deviceRow(device, thisComputer))});
-    }
-    setRows(std::move(rows));
+    const QString thisComputer = store.deviceIdentifier();
+    for (const Device &device : store.devices())
+        rows.append({device.id, QVariant::fromValue(deviceRow(device, thisComputer))});
+    return rows;
 }
 
 } // namespace pingwell

@@ -15,6 +15,19 @@ InboxFilter filterOf(const QString &id)
     return id == QLatin1StringView("asks") ? InboxFilter::asks() : InboxFilter::all();
 }
 
+QString idOf(const InboxFilter &filter)
+{
+    switch (filter.kind()) {
+    case InboxFilter::Kind::all:
+        break;
+    case InboxFilter::Kind::asks:
+        return QStringLiteral("asks");
+    case InboxFilter::Kind::topic:
+        return topicPrefix + filter.topicName();
+    }
+    return QStringLiteral("all");
+}
+
 /// How many of the active workspace's alerts there are, of which kind and topic.
 struct Tally
 {
@@ -40,66 +53,48 @@ Tally tallyOf(const AppStore &store)
 } // namespace
 
 InboxFilterModel::InboxFilterModel(QObject *parent)
-    : KeyedListModel("chip", parent)
+    : StoreListModel("chip",
+                     {&AppStore::alertsChanged, &AppStore::topicsChanged, &AppStore::filterChanged,
+                      &AppStore::activeWorkspaceIDChanged},
+                     parent)
 {
-}
-
-void InboxFilterModel::setStore(AppStore *store)
-{
-    if (m_store == store)
-        return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
-    if (store) {
-        for (const auto changed : {&AppStore::alertsChanged, &AppStore::topicsChanged, &AppStore::filterChanged,
-                                   &AppStore::activeWorkspaceIDChanged})
-            connect(store, changed, this, &InboxFilterModel::scheduleUpdate);
-    }
-    emit storeChanged();
-    update();
 }
 
 void InboxFilterModel::choose(const QString &id)
 {
-    if (m_store)
-        m_store->setFilter(filterOf(id));
+    if (store())
+        store()->setFilter(filterOf(id));
 }
 
-QList<FilterChipRow> InboxFilterModel::chips() const
+QList<KeyedRow> InboxFilterModel::rowsOf(const AppStore &store)
 {
-    if (!m_store)
-        return {};
-    const Tally tally = tallyOf(*m_store);
+    const Tally tally = tallyOf(store);
     QList<FilterChipRow> chips{{QStringLiteral("all"), QStringLiteral("All"), tally.all},
                                {QStringLiteral("asks"), QStringLiteral("Asks"), tally.asks}};
-    for (const QString &name : m_store->activeTopicNames())
+    for (const QString &name : store.activeTopicNames())
         chips.append({topicPrefix + name, QChar(u'#') + displayName(name), tally.byTopic.value(name)});
-    for (FilterChipRow &chip : chips)
-        chip.selected = filterOf(chip.id) == m_store->filter();
-    return chips;
+    const QString selected = idOf(store.filter());
+    QList<KeyedRow> rows;
+    for (FilterChipRow &chip : chips) {
+        chip.selected = chip.id == selected;
+        rows.append({chip.id, QVariant::fromValue(chip)});
+    }
+    return rows;
 }
 
-void InboxFilterModel::scheduleUpdate()
+void InboxFilterModel::storeMoved()
 {
-    if (m_updateScheduled)
-        return;
-    m_updateScheduled = true;
-    QMetaObject::invokeMethod(this, &InboxFilterModel::update, Qt::QueuedConnection);
+    if (count() == 0)
+        updateAll();
+    else if (!std::exchange(m_updateScheduled, true))
+        QMetaObject::invokeMethod(this, &InboxFilterModel::updateAll, Qt::QueuedConnection);
 }
 
-void InboxFilterModel::update()
+void InboxFilterModel::updateAll()
 {
     m_updateScheduled = false;
-    QList<KeyedRow> rows;
-    QString selected;
-    for (const FilterChipRow &chip : chips()) {
-        rows.append({chip.id, QVariant::fromValue(chip)});
-        if (chip.selected)
-            selected = chip.id;
-    }
-    setRows(std::move(rows));
-    setSelectedRow(rowOf(selected));
+    update();
+    setSelectedRow(store() ? rowOf(idOf(store()->filter())) : -1);
 }
 
 void InboxFilterModel::setSelectedRow(int row)

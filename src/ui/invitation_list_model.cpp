@@ -20,31 +20,16 @@ InvitationRow invitationRow(const Invitation &invitation)
 } // namespace
 
 InvitationListModel::InvitationListModel(QObject *parent)
-    : KeyedListModel("invitation", parent)
+    : StoreListModel("invitation", {&AppStore::invitationsChanged}, parent)
 {
 }
 
-void InvitationListModel::setStore(AppStore *store)
-{
-    if (m_store == store)
-        return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
-    if (store)
-        connect(store, &AppStore::invitationsChanged, this, &InvitationListModel::update);
-    emit storeChanged();
-    update();
-}
-
-void InvitationListModel::update()
+QList<KeyedRow> InvitationListModel::rowsOf(const AppStore &store)
 {
     QList<KeyedRow> rows;
-    if (m_store) {
-        for (const Invitation &invitation : m_store->invitations())
-            rows.append({invitation.token, QVariant::fromValue(invitationRow(invitation))});
-    }
-    setRows(std::move(rows));
+    for (const Invitation &invitation : store.invitations())
+        rows.append({invitation.token, QVariant::fromValue(invitationRow(invitation))});
+    return rows;
 }
 
 } // namespace pingwell

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "store/app_store.h"
-#include "ui/keyed_list_model.h"
+#include "ui/store_list_model.h"
 
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 namespace pingwell {
@@ -30,25 +28,17 @@ public:
 };
 
 /// What other workspaces have sent to the person, in the store's order.
-class InvitationListModel : public pingwell::KeyedListModel
+// The base is named in full: the registration of QML types does not look names up.
+class InvitationListModel : public pingwell::StoreListModel
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(pingwell::AppStore *store READ store WRITE setStore NOTIFY storeChanged REQUIRED)
 
 public:
     explicit InvitationListModel(QObject *parent = nullptr);
 
-    [[nodiscard]] AppStore *store() const { return m_store; }
-    void setStore(AppStore *store);
-
-signals:
-    void storeChanged();
-
 private:
-    void update();
-
-    QPointer<AppStore> m_store;
+    [[nodiscard]] QList<KeyedRow> rowsOf(const AppStore &store) override;
 };
 
 } // namespace pingwell

@@ -30,36 +30,18 @@ MemberRow memberRow(const Member &member, const AppStore &store)
 } // namespace
 
 MemberListModel::MemberListModel(QObject *parent)
-    : KeyedListModel("member", parent)
+    : StoreListModel("member",
+                     {&AppStore::membersChanged, &AppStore::workspacesChanged, &AppStore::activeWorkspaceIDChanged},
+                     parent)
 {
 }
 
-void MemberListModel::setStore(AppStore *store)
-{
-    if (m_store == store)
-        return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
-    if (store) {
-        connect(store, &AppStore::membersChanged, this, &MemberListModel::update);
-        connect(store, &AppStore::workspacesChanged, this, &MemberListModel::update);
-        connect(store, &AppStore::activeWorkspaceIDChanged, this, &MemberListModel::update);
-    }
-    emit storeChanged();
-    update();
-}
-
-void MemberListModel::update()
+QList<KeyedRow> MemberListModel::rowsOf(const AppStore &store)
 {
     QList<KeyedRow> rows;
-    if (m_store) {
-        const QList<Member> members = m_store->members().value(m_store->activeWorkspaceID());
-        rows.reserve(members.size());
-        for (const Member &member : members)
-            rows.append({member.id, QVariant::fromValue(memberRow(member, *m_store))});
-    }
-    setRows(std::move(rows));
+    for (const Member &member : store.members().value(store.activeWorkspaceID()))
+        rows.append({member.id, QVariant::fromValue(memberRow(member, store))});
+    return rows;
 }
 
 } // namespace pingwell

@@ -37,24 +37,9 @@ TopicRow topicRow(const Topic &topic, qsizetype alerts)
 } // namespace
 
 TopicListModel::TopicListModel(QObject *parent)
-    : KeyedListModel("topic", parent)
+    : StoreListModel("topic", {&AppStore::topicsChanged, &AppStore::alertsChanged, &AppStore::activeWorkspaceIDChanged},
+                     parent)
 {
-}
-
-void TopicListModel::setStore(AppStore *store)
-{
-    if (m_store == store)
-        return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
-    if (store) {
-        for (const auto changed :
-             {&AppStore::topicsChanged, &AppStore::alertsChanged, &AppStore::activeWorkspaceIDChanged})
-            connect(store, changed, this, &TopicListModel::update);
-    }
-    emit storeChanged();
-    update();
 }
 
 QStringList TopicListModel::priorities() const
@@ -78,19 +63,17 @@ QString TopicListModel::nameFor(const QString &typed) const
 void TopicListModel::setMinPriority(const QString &topicID, const QString &priority)
 {
     const auto value = fromRawValue<Priority>(priority);
-    if (m_store && value)
-        m_store->setTopicMinPriority(topicID, *value);
+    if (store() && value)
+        store()->setTopicMinPriority(topicID, *value);
 }
 
-void TopicListModel::update()
+QList<KeyedRow> TopicListModel::rowsOf(const AppStore &store)
 {
     QList<KeyedRow> rows;
-    if (m_store) {
-        const QHash<QString, qsizetype> counts = alertCounts(*m_store);
-        for (const Topic &topic : m_store->activeTopics())
-            rows.append({topic.id, QVariant::fromValue(topicRow(topic, counts.value(topic.name)))});
-    }
-    setRows(std::move(rows));
+    const QHash<QString, qsizetype> counts = alertCounts(store);
+    for (const Topic &topic : store.activeTopics())
+        rows.append({topic.id, QVariant::fromValue(topicRow(topic, counts.value(topic.name)))});
+    return rows;
 }
 
 } // namespace pingwell

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "store/app_store.h"
-#include "ui/keyed_list_model.h"
+#include "ui/store_list_model.h"
 
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 namespace pingwell {
@@ -35,11 +33,10 @@ public:
 
 /// The active workspace's topics in the store's order.
 // The base is named in full: the registration of QML types does not look names up.
-class TopicListModel : public pingwell::KeyedListModel
+class TopicListModel : public pingwell::StoreListModel
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(pingwell::AppStore *store READ store WRITE setStore NOTIFY storeChanged REQUIRED)
     /// The words of the priorities, and what they are called.
     Q_PROPERTY(QList<QString> priorities READ priorities CONSTANT)
     Q_PROPERTY(QList<QString> priorityLabels READ priorityLabels CONSTANT)
@@ -47,8 +44,6 @@ class TopicListModel : public pingwell::KeyedListModel
 public:
     explicit TopicListModel(QObject *parent = nullptr);
 
-    [[nodiscard]] AppStore *store() const { return m_store; }
-    void setStore(AppStore *store);
     [[nodiscard]] QStringList priorities() const;
     [[nodiscard]] QStringList priorityLabels() const;
 
@@ -57,13 +52,8 @@ public:
     /// By the priority's word.
     Q_INVOKABLE void setMinPriority(const QString &topicID, const QString &priority);
 
-signals:
-    void storeChanged();
-
 private:
-    void update();
-
-    QPointer<AppStore> m_store;
+    [[nodiscard]] QList<KeyedRow> rowsOf(const AppStore &store) override;
 };
 
 } // namespace pingwell

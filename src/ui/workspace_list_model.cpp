@@ -21,38 +21,23 @@ WorkspaceRow workspaceRow(const Workspace &workspace, const QString &activeID)
 } // namespace
 
 WorkspaceListModel::WorkspaceListModel(QObject *parent)
-    : KeyedListModel("workspace", parent)
+    : StoreListModel("workspace", {&AppStore::workspacesChanged, &AppStore::activeWorkspaceIDChanged}, parent)
 {
 }
 
-void WorkspaceListModel::setStore(AppStore *store)
-{
-    if (m_store == store)
-        return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
-    if (store) {
-        connect(store, &AppStore::workspacesChanged, this, &WorkspaceListModel::update);
-        connect(store, &AppStore::activeWorkspaceIDChanged, this, &WorkspaceListModel::update);
-    }
-    emit storeChanged();
-    update();
-}
-
-void WorkspaceListModel::update()
+QList<KeyedRow> WorkspaceListModel::rowsOf(const AppStore &store)
 {
     QList<KeyedRow> rows;
-    WorkspaceRow active;
-    if (m_store) {
-        for (const Workspace &workspace : m_store->workspaces()) {
-            const WorkspaceRow row = workspaceRow(workspace, m_store->activeWorkspaceID());
-            if (row.isActive && active.id.isEmpty())
-                active = row;
-            rows.append({row.id, QVariant::fromValue(row)});
-        }
-    }
-    setRows(std::move(rows));
+    for (const Workspace &workspace : store.workspaces())
+        rows.append({workspace.id, QVariant::fromValue(workspaceRow(workspace, store.activeWorkspaceID()))});
+    return rows;
+}
+
+void WorkspaceListModel::storeMoved()
+{
+    update();
+    const auto workspace = store() ? store()->activeWorkspace() : std::nullopt;
+    const WorkspaceRow active = workspace ? workspaceRow(*workspace, workspace->id) : WorkspaceRow();
     if (m_active == active)
         return;
     m_active = active;

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "store/app_store.h"
-#include "ui/keyed_list_model.h"
+#include "ui/store_list_model.h"
 
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 namespace pingwell {
@@ -32,29 +30,24 @@ public:
 
 /// The person's workspaces in the store's order.
 // The base is named in full: the registration of QML types does not look names up.
-class WorkspaceListModel : public pingwell::KeyedListModel
+class WorkspaceListModel : public pingwell::StoreListModel
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(pingwell::AppStore *store READ store WRITE setStore NOTIFY storeChanged REQUIRED)
     Q_PROPERTY(pingwell::WorkspaceRow active READ active NOTIFY activeChanged)
 
 public:
     explicit WorkspaceListModel(QObject *parent = nullptr);
 
-    [[nodiscard]] AppStore *store() const { return m_store; }
-    void setStore(AppStore *store);
     /// The workspace whose data the screens show; an empty row when there is none.
     [[nodiscard]] const WorkspaceRow &active() const { return m_active; }
 
 signals:
-    void storeChanged();
     void activeChanged();
 
 private:
-    void update();
-
-    QPointer<AppStore> m_store;
+    [[nodiscard]] QList<KeyedRow> rowsOf(const AppStore &store) override;
+    void storeMoved() override;
     WorkspaceRow m_active;
 };
 

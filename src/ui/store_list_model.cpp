@@ -1,0 +1,31 @@
+#include "ui/store_list_model.h"
+
+namespace pingwell {
+
+StoreListModel::StoreListModel(const QByteArray &valueName, QList<Change> dependsOn, QObject *parent)
+    : KeyedListModel(valueName, parent)
+    , m_dependsOn(std::move(dependsOn))
+{
+}
+
+void StoreListModel::setStore(AppStore *store)
+{
+    if (m_store == store)
+        return;
+    if (m_store)
+        m_store->disconnect(this);
+    m_store = store;
+    if (store) {
+        for (const Change change : std::as_const(m_dependsOn))
+            connect(store, change, this, &StoreListModel::storeMoved);
+    }
+    emit storeChanged();
+    storeMoved();
+}
+
+void StoreListModel::update()
+{
+    setRows(m_store ? rowsOf(*m_store) : QList<KeyedRow>());
+}
+
+} // namespace pingwell
