@@ -179,6 +179,10 @@ private slots:
                                          << QString();
         QTest::newRow("filters") << Steps{Qt::CTRL | Qt::Key_F, Qt::Key_Right} << u"filter.asks"_s << QString();
         QTest::newRow("to the team") << Steps{Qt::CTRL | Qt::Key_3} << u"sidebar.team"_s << QString();
+        QTest::newRow("down to the settings")
+            << Steps{Qt::CTRL | Qt::Key_3, Qt::Key_Down} << u"sidebar.settings"_s << QString();
+        QTest::newRow("into the topics") << Steps{Qt::CTRL | Qt::Key_2, Qt::Key_Tab, Qt::Key_Tab}
+                                         << u"topics.new.name"_s << QString();
         QTest::newRow("and back") << Steps{Qt::CTRL | Qt::Key_3, Qt::CTRL | Qt::Key_1} << u"alert.row.n0"_s
                                   << QString();
         QTest::newRow("keys of the list") << Steps{Qt::Key_F1} << u"shortcuts.close"_s << QString();

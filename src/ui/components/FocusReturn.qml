@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Templates as T
-import Pingwell
 
 /**
  * Gives the keyboard's focus back to what had it before a popup opened, and as visibly as it had it. Left alone, a menu

@@ -17,7 +17,9 @@ T.AbstractButton {
 
     objectName: "sidebar." + root.section
     implicitHeight: 30
-    focusPolicy: Qt.TabFocus
+    // The rows are one stop; the arrow keys go through them, and the section follows.
+    focusPolicy: root.selected ? Qt.TabFocus : Qt.NoFocus
+    onVisualFocusChanged: if (root.visualFocus && !root.selected) root.clicked()
     hoverEnabled: true
     onClicked: root.store.section = root.section
     Keys.onReturnPressed: root.clicked()
