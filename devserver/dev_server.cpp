@@ -1,5 +1,6 @@
 #include "dev_server.h"
 
+#include "fields.h"
 #include "routes.h"
 
 #include <QHostAddress>
@@ -8,6 +9,7 @@
 #include <QJsonParseError>
 #include <QMetaEnum>
 #include <QPointer>
+#include <QTcpServer>
 #include <QTcpSocket>
 
 #include <algorithm>
@@ -81,9 +83,32 @@ DevServer::DevServer(ServiceState state)
     addDeviceRoutes(m_router, m_state);
     addAgentRoutes(m_router, m_state, m_waiting);
     addTestRoutes(m_router, m_state, m_faults, m_requests);
+    addOutageRoute();
     m_nextDeadline.setSingleShot(true);
     connect(&m_nextDeadline, &QTimer::timeout, this, &DevServer::settleDeadlines);
     settleDeadlines();
+}
+
+void DevServer::goAway(Seconds duration)
+{
+    const auto milliseconds = std::chrono::ceil<std::chrono::milliseconds>(duration);
+    for (QTcpServer *server : servers()) {
+        const quint16 port = server->serverPort();
+        server->close();
+        for (QTcpSocket *socket : server->findChildren<QTcpSocket *>())
+            socket->abort();
+        QTimer::singleShot(milliseconds, server, [server, port] { server->listen(QHostAddress::LocalHost, port); });
+    }
+}
+
+void DevServer::addOutageRoute()
+{
+    m_router.add(u"POST"_s, u"/test/outage"_s, Access::open, [this](const Call &call) {
+        const Seconds duration(numberField(call.body, u"seconds"_s, 0, 3600).value_or(1));
+        // This request's own answer leaves before everything is cut.
+        QTimer::singleShot(std::chrono::milliseconds(50), this, [this, duration] { goAway(duration); });
+        return done();
+    });
 }
 
 quint16 DevServer::listenOnLoopback(quint16 port)
@@ -107,6 +132,8 @@ void DevServer::serve(const Call &call, QTcpSocket *socket)
     const std::optional<Fault> fault = m_faults.take(call.route());
     if (!fault)
         return carryOut(call, writingTo(socket));
+    if (fault->cuts())
+        m_requests.addCut(call);
     if (!fault->carriesOut())
         return answerWithFault(socket, *fault, Reply{});
     const Respond respond = [socket = QPointer(socket), fault = *fault](const Reply &reply) {

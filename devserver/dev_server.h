@@ -30,6 +30,9 @@ private:
     /// Carries the call out, or refuses it; `respond` is always called, now or later.
     void carryOut(Call call, const Respond &respond);
     void settleDeadlines();
+    void addOutageRoute();
+    /// As a restart that forgets nothing: cuts all connections, and takes none for so long.
+    void goAway(Seconds duration);
 
     ServiceState m_state;
     FaultTable m_faults;

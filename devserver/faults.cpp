@@ -55,6 +55,11 @@ bool Fault::carriesOut() const
     return applied || mode == FaultMode::truncated || mode == FaultMode::stall || mode == FaultMode::delay;
 }
 
+bool Fault::cuts() const
+{
+    return mode == FaultMode::drop || mode == FaultMode::truncated || mode == FaultMode::stall;
+}
+
 Fault faultFromJson(const QJsonObject &body)
 {
     Fault fault;

@@ -48,6 +48,8 @@ struct Fault
     bool applied = false;
 
     [[nodiscard]] bool carriesOut() const;
+    /// The connection ends before the asker has the whole answer.
+    [[nodiscard]] bool cuts() const;
 };
 
 /// Reads a fault from what a test posted; throws a 400 `Refusal`.

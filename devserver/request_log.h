@@ -8,26 +8,36 @@
 
 namespace pingwell::devserver {
 
-/// How often each address was asked for. Counts only: no header and no body is kept.
+/// How often each address was asked for, and how often the asker's connection was cut. Counts only: no header and no
+/// body is kept.
 class RequestLog
 {
 public:
-    void add(const Call &call) { ++m_counts[{call.method, call.path}]; }
-    void clear() { m_counts.clear(); }
+    void add(const Call &call) { ++m_entries[{call.method, call.path}].count; }
+    /// Notes that the connection of a request already added was cut.
+    void addCut(const Call &call) { ++m_entries[{call.method, call.path}].cut; }
+    void clear() { m_entries.clear(); }
 
     [[nodiscard]] QJsonArray described() const
     {
         QJsonArray array;
-        for (auto entry = m_counts.cbegin(); entry != m_counts.cend(); ++entry) {
+        for (auto entry = m_entries.cbegin(); entry != m_entries.cend(); ++entry) {
             array.append(QJsonObject{{QStringLiteral("method"), entry.key().first},
                                      {QStringLiteral("path"), entry.key().second},
-                                     {QStringLiteral("count"), entry.value()}});
+                                     {QStringLiteral("count"), entry->count},
+                                     {QStringLiteral("cut"), entry->cut}});
         }
         return array;
     }
 
 private:
-    QMap<QPair<QString, QString>, int> m_counts;
+    struct Entry
+    {
+        int count = 0;
+        int cut = 0;
+    };
+
+    QMap<QPair<QString, QString>, Entry> m_entries;
 };
 
 } // namespace pingwell::devserver

@@ -38,10 +38,21 @@ void readAsk(Alert &alert, const QJsonObject &body)
         throw badRequest(u"An ask answered by text has no “actions”."_s);
 }
 
+/// The identifier that a test wishes for, when it is free; empty for any.
+QString freeId(const ServiceState &state, const QString &wish)
+{
+    for (const ServedAlert &served : state.alerts) {
+        if (served.alert.id == wish)
+            throw conflict(u"taken"_s, u"There is an alert with this identifier."_s);
+    }
+    return wish;
+}
+
 Alert readAlert(ServiceState &state, const Call &call)
 {
     const QJsonObject &body = call.body;
     Alert alert;
+    alert.id = freeId(state, textField(body, u"id"_s).value_or(QString()));
     alert.title = requiredText(body, u"title"_s);
     alert.app = textField(body, u"app"_s).value_or(u"Agent"_s);
     alert.body = textField(body, u"body"_s).value_or(QString());

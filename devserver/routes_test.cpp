@@ -2,6 +2,7 @@
 #include "fields.h"
 #include "request_log.h"
 #include "routes.h"
+#include "wire.h"
 
 using namespace Qt::StringLiterals;
 
@@ -66,6 +67,7 @@ void addTestRoutes(Router &router, ServiceState &state, FaultTable &faults, Requ
         return done();
     });
     add(u"POST"_s, u"/test/seed"_s, [&state](const Call &call) { return seedAlerts(state, call); });
+    add(u"GET"_s, u"/test/dashboard"_s, [&state](const Call &) { return withData(dashboardToJson(state)); });
 }
 
 } // namespace pingwell::devserver

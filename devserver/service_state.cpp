@@ -110,7 +110,8 @@ const Alert &ServiceState::post(Alert alert, Instant now)
         added.minPriority = Priority::silent;
         topic = topics.insert(topics.end(), added);
     }
-    alert.id = newId(u"a"_s);
+    if (alert.id.isEmpty())
+        alert.id = newId(u"a"_s);
     alert.at = now;
     alert.delivered = !topic->muted && alert.priority >= topic->minPriority;
     alerts.prepend({std::move(alert), std::nullopt});

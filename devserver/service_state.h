@@ -52,7 +52,8 @@ struct ServiceState
     Member &member(const QString &workspaceId, const QString &id);
     Device &device(const QString &id);
 
-    /// Takes the alert in: an id of its own, its topic (made when it is new), and whether it is delivered.
+    /// Takes the alert in: an id of its own unless it brings one, its topic (made when it is new), and whether it is
+    /// delivered.
     const Alert &post(Alert alert, Instant now);
 
     /// Applies its workspace's time-out action to every ask whose deadline has passed.

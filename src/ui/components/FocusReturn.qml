@@ -12,6 +12,12 @@ QtObject {
     property Item before: null
     property int reason: Qt.OtherFocusReason
 
+    function giveBack() {
+        // Within a sheet it has the focus already, but shows nothing of it: let it get the focus anew.
+        root.before.focus = false
+        root.before.forceActiveFocus(root.reason)
+    }
+
     readonly property Connections watch: Connections {
         target: root.popup
 
@@ -23,7 +29,7 @@ QtObject {
             const now = root.popup.parent?.Window.activeFocusItem ?? null
             // The person may have gone on to another place by now.
             if (root.before?.visible && (!now || now === root.before || !now.activeFocusOnTab))
-                root.before.forceActiveFocus(root.reason)
+                root.giveBack()
             root.before = null
         }
     }
