@@ -167,6 +167,17 @@ private slots:
         check(R"("mode":"drop","times":2)", 0, true);
     }
 
+    void comesBackFromAnOutageWithAllItHad()
+    {
+        const QString id = post(R"({"id":"7-a/b?c","title":"Kept?","actions":["Yes"]})");
+        QCOMPARE(id, u"7-a/b?c"_s);
+        QVERIFY(post(R"({"id":"7-a/b?c","title":"Again"})").isEmpty());
+        m_service.request("POST", u"/test/outage"_s, R"({"seconds":0.2})");
+        const auto answerOf = [this] { return m_service.request("GET", u"/test/dashboard"_s); };
+        QTRY_VERIFY(answerOf().error != QNetworkReply::NoError);
+        QTRY_VERIFY(answerOf().body.contains("7-a/b?c"));
+    }
+
     void lostAnswersMayStillCount()
     {
         m_service.request("POST", u"/test/faults"_s,
