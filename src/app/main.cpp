@@ -57,7 +57,7 @@ int run(int &argc, char **argv, SingleInstance *instance)
                      Qt::QueuedConnection);
     const std::unique_ptr<UITestBridge> bridge = makeBridge(options);
     const QuitSignals quitSignals;
-    QObject::connect(&quitSignals, &QuitSignals::quitRequested, &application, &QCoreApplication::quit);
+    QObject::connect(&quitSignals, &QuitSignals::quitRequested, app.get(), &PingwellApp::quit);
     app->start();
     const int status = QApplication::exec();
     app.reset();

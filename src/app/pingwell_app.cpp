@@ -14,7 +14,10 @@ PingwellApp::PingwellApp(LaunchOptions options, AppParts parts)
     m_statusAreaWait.setSingleShot(true);
     m_statusAreaWait.setInterval(statusAreaPatience);
     connect(&m_statusAreaWait, &QTimer::timeout, this, &PingwellApp::openMainWithoutStatusArea);
-    connect(m_parts.windows.get(), &AppWindows::quitRequested, this, &PingwellApp::quitRequested);
+    m_quitWait.setSingleShot(true);
+    m_quitWait.setInterval(quitPatience);
+    connect(&m_quitWait, &QTimer::timeout, this, &PingwellApp::quitRequested);
+    connect(m_parts.windows.get(), &AppWindows::quitRequested, this, &PingwellApp::quit);
     followCount();
     followStatusItem();
     followSystem();
@@ -29,6 +32,17 @@ void PingwellApp::start()
         m_parts.windows->showMain({});
     else if (!m_parts.statusItem->isAvailable())
         m_statusAreaWait.start();
+}
+
+void PingwellApp::quit()
+{
+    const AppStore *store = m_parts.store.get();
+    if (!store->hasMutationsInFlight() || m_quitWait.isActive()) {
+        emit quitRequested();
+        return;
+    }
+    connect(store, &AppStore::mutationsEnded, this, &PingwellApp::quitRequested);
+    m_quitWait.start();
 }
 
 void PingwellApp::followCount()
@@ -53,7 +67,7 @@ void PingwellApp::followStatusItem()
     connect(item, &StatusItem::activated, windows, &AppWindows::togglePanel);
     connect(item, &StatusItem::panelRequested, windows, [windows] { windows->showPanel({}); });
     connect(item, &StatusItem::windowRequested, windows, [windows] { windows->showMain({}); });
-    connect(item, &StatusItem::quitRequested, this, &PingwellApp::quitRequested);
+    connect(item, &StatusItem::quitRequested, this, &PingwellApp::quit);
 }
 
 void PingwellApp::followSystem()

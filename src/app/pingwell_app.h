@@ -46,9 +46,15 @@ public:
     /// How long the desktop's status area may take to be found before the main window opens instead.
     static constexpr std::chrono::milliseconds statusAreaPatience{1000};
 
+    /// How long quitting may wait for the service to take what the person did last.
+    static constexpr std::chrono::milliseconds quitPatience{3000};
+
     /// Puts the item into the status area. The main window opens in an automated test, and where there is no status
     /// area to open it from.
     void start();
+    /// Asks for the end of the program: at once, or when the changes on their way to the service have arrived there.
+    /// Asked again, it waits no longer.
+    void quit();
 
 signals:
     void quitRequested();
@@ -65,6 +71,7 @@ private:
     AppParts m_parts;
     std::optional<qsizetype> m_shownCount;
     QTimer m_statusAreaWait;
+    QTimer m_quitWait;
 };
 
 } // namespace pingwell

@@ -31,6 +31,9 @@ public:
     virtual void remove(const QString &key) = 0;
     /// Forgets every key of the domain.
     virtual void removeAll() = 0;
+
+    /// Whether all that was written will still be there in the next run.
+    [[nodiscard]] virtual bool lasts() const = 0;
 };
 
 } // namespace pingwell

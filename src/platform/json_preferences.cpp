@@ -113,7 +113,7 @@ JsonPreferences::JsonPreferences(QString path)
 
 JsonPreferences::~JsonPreferences()
 {
-    if (m_forgetsPresent || !m_unwritten.isEmpty())
+    if (!lasts())
         writeChanges();
 }
 

@@ -43,6 +43,7 @@ public:
     void setStrings(const QString &key, const QStringList &value) override;
     void remove(const QString &key) override;
     void removeAll() override;
+    [[nodiscard]] bool lasts() const override { return m_unwritten.isEmpty() && !m_forgetsPresent; }
 
 private:
     void change(const QString &key, const QJsonValue &value);

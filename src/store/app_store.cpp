@@ -159,6 +159,14 @@ void AppStore::showToast(const QString &message, bool isError)
     launch("toast", ClockSteps::hideToastLater(this, m_clock, toast.id, shown, m_toastTask.get_token()));
 }
 
+void AppStore::tellIfForgotten()
+{
+    if (m_toldOfForgetting || !m_defaults || m_defaults->lasts())
+        return;
+    m_toldOfForgetting = true;
+    showToast(QStringLiteral("Pingwell couldn't save this on your computer. It holds until you quit Pingwell."), true);
+}
+
 QCoro::Task<> AppStore::ClockSteps::hideToastLater(QPointer<AppStore> store, std::shared_ptr<Clock> clock, QUuid id,
                                                    std::chrono::milliseconds after, std::stop_token stop)
 {

@@ -82,6 +82,8 @@ public:
     [[nodiscard]] const QString &activeWorkspaceID() const { return m_activeWorkspaceID; }
     [[nodiscard]] Instant now() const { return m_now; }
     [[nodiscard]] bool hasLoaded() const { return m_hasLoaded; }
+    /// Changes of the person's are on their way to the service.
+    [[nodiscard]] bool hasMutationsInFlight() const { return m_mutationsInFlight > 0; }
     [[nodiscard]] bool isSigningIn() const { return m_isSigningIn; }
     [[nodiscard]] const std::optional<QString> &signInError() const { return m_signInError; }
     [[nodiscard]] const std::optional<QString> &connectionProblem() const { return m_connectionProblem; }
@@ -254,6 +256,8 @@ signals:
     void showsNotificationPromptChanged();
     void replyDraftChanged(const QString &alertID);
     void unreadCountChanged();
+    /// The last change that was on its way to the service has been answered, one way or the other.
+    void mutationsEnded();
 
 private:
     using Rollback = std::function<void(AppStore &)>;
@@ -312,6 +316,8 @@ private:
     void applyUnreadOverrides(const QSet<QString> &ids);
     void setUnreadOverride(const QString &id, bool unread);
     void setUnreadOverrides(const QSet<QString> &overrides);
+    /// Tells the person, once, when what they have just set will be forgotten.
+    void tellIfForgotten();
     void keepReplyDraft(const QString &text, const QString &alertID);
     void removeReplyDraft(const QString &alertID);
     /// False when the answer may not be given; nothing has happened then.
@@ -392,6 +398,7 @@ private:
     /// Moves on when a session ends: a request made for it no longer counts as outstanding.
     quint64 m_refreshSerial = 0;
     QSet<QString> m_unreadOverrides;
+    bool m_toldOfForgetting = false;
     /// The dashboard last merged, and the epoch it was merged in: the same bytes in the same epoch change nothing.
     QByteArray m_appliedBody;
     qint64 m_appliedEpoch = -1;

@@ -68,8 +68,10 @@ void AppStore::updateSettings(const std::function<void(NotificationSettings &)> 
     NotificationSettings after = before;
     change(after);
     set(m_settings, after, &AppStore::settingsChanged);
-    if (after.quietHoursEnabled != before.quietHoursEnabled && m_defaults)
+    if (after.quietHoursEnabled != before.quietHoursEnabled && m_defaults) {
         m_defaults->setBoolean(preference_keys::quietHoursEnabled, after.quietHoursEnabled);
+        tellIfForgotten();
+    }
     const JSONObject changes = changedFields(before, after);
     if (changes.isEmpty())
         return;

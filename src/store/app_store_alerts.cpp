@@ -163,8 +163,10 @@ void AppStore::setRead(const QString &alertID, bool read)
     replaceAlert(changed);
     setUnreadOverride(alertID, !read);
     // The service knows no way back from read: unread is this machine's own mark.
-    if (!read)
+    if (!read) {
+        tellIfForgotten();
         return;
+    }
     mutate(
         [before = *alert](AppStore &store) {
             store.replaceAlert(before);

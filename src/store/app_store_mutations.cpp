@@ -30,6 +30,8 @@ public:
         check(m_store->m_mutationsInFlight > 0, "a mutation ended that never began");
         --m_store->m_mutationsInFlight;
         advanceEpoch();
+        if (!m_store->hasMutationsInFlight())
+            emit m_store->mutationsEnded();
     }
 
 private:

@@ -139,6 +139,14 @@ private slots:
         QTRY_VERIFY(m_desktop.closed().contains(banner.number));
     }
 
+    void reachesARestartedNotificationServer()
+    {
+        m_desktop.vanish();
+        QVERIFY(m_desktop.appear());
+        m_service.request("POST", QStringLiteral("/agent/alerts"), R"({"title":"Still there?"})");
+        QTRY_COMPARE_WITH_TIMEOUT(m_desktop.shown().size(), 2, 25'000);
+    }
+
     void staysSignedInOverARestart()
     {
         endProgram();
@@ -146,7 +154,7 @@ private slots:
         startProgram();
         QTRY_VERIFY_WITH_TIMEOUT(dashboardCount() > before, 10'000);
         QVERIFY(!storedToken().isEmpty());
-        QCOMPARE(m_desktop.shown().size(), 1);
+        QCOMPARE(m_desktop.shown().size(), 2);
         endProgram();
     }
 

@@ -173,7 +173,7 @@ private slots:
             JsonPreferences preferences(m_path);
             preferences.setString(u"big"_s, QString(10'000, u'x'));
             // It still holds for this run.
-            if (preferences.string(u"big"_s).value_or(QString()).size() != 10'000)
+            if (preferences.string(u"big"_s).value_or(QString()).size() != 10'000 || preferences.lasts())
                 ::_exit(1);
         });
         QVERIFY(succeeded(child));
@@ -199,8 +199,15 @@ private slots:
     {
         // A folder in its place can't be read by anyone.
         QVERIFY(QDir().mkpath(m_path));
-        JsonPreferences(m_path).setBoolean(u"k"_s, true);
+        JsonPreferences preferences(m_path);
+        preferences.setBoolean(u"k"_s, true);
+        QVERIFY(!preferences.lasts());
         QVERIFY(QFileInfo(m_path).isDir());
+        // Once it can be, everything is written with the next change.
+        QVERIFY(QDir().rmdir(m_path));
+        preferences.setBoolean(u"l"_s, true);
+        QVERIFY(preferences.lasts());
+        QCOMPARE(object(), (QJsonObject{{u"k"_s, true}, {u"l"_s, true}}));
     }
 
     void opensOnlyUsableSuites()

@@ -349,6 +349,20 @@ private slots:
         QVERIFY(store().settings().digest);
     }
 
+    void whatCannotBeKeptHereIsToldOnce()
+    {
+        m->preferences->keepsThem = false;
+        begin(team(u"owner"_s));
+        QVERIFY(!store().toast());
+        store().updateSettings([](auto &settings) { settings.quietHoursEnabled = true; });
+        QCOMPARE(store().toast()->message,
+                 u"Pingwell couldn't save this on your computer. It holds until you quit Pingwell."_s);
+        QVERIFY(store().settings().quietHoursEnabled);
+        store().showToast(u"Later."_s, false);
+        store().updateSettings([](auto &settings) { settings.quietHoursEnabled = false; });
+        QCOMPARE(store().toast()->message, u"Later."_s);
+    }
+
     void aProvisionalMemberCanOnlyWait()
     {
         begin(team(u"owner"_s));

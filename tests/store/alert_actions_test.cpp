@@ -170,6 +170,27 @@ private slots:
         QCOMPARE(m->transport->count("GET", "/dashboard"), 1);
     }
 
+    void aRefusedSessionEndsAmongOtherChanges()
+    {
+        DashboardJSON dashboard = oneAsk();
+        dashboard.alerts << alertJSON(QStringLiteral("b"), 60) << alertJSON(QStringLiteral("c"), 60);
+        m->startWith(dashboard);
+        m->transport->plan("POST", answerPath, ScriptedAnswer::failure(409, "no", "No.").heldBack());
+        m->transport->plan("DELETE", "/workspaces/w1/alerts/c", ScriptedAnswer::noAnswer().heldBack());
+        m->transport->plan("POST", "/workspaces/w1/alerts/b/read", ScriptedAnswer::raw(401, ""));
+        store().answer(a1, QStringLiteral("Deny"));
+        store().deleteAlert(QStringLiteral("c"));
+        store().setRead(QStringLiteral("b"), true);
+        m->settle();
+        QVERIFY(!store().isSignedIn() && store().hasMutationsInFlight());
+        m->transport->release();
+        m->transport->release();
+        m->settle();
+        // What the others come back with is nothing to the next person at this screen.
+        QVERIFY(store().alerts().isEmpty() && !store().toast() && !store().hasMutationsInFlight());
+        QCOMPARE(store().signInError(), std::optional(QStringLiteral("Your session has ended. Sign in again.")));
+    }
+
     void anAnswerOfAnEarlierSessionTouchesNothing()
     {
         m->startWith(oneAsk());
