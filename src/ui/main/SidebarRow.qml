@@ -18,7 +18,7 @@ T.AbstractButton {
     objectName: "sidebar." + root.section
     implicitHeight: 30
     // The rows are one stop; the arrow keys go through them, and the section follows.
-    focusPolicy: root.selected ? Qt.TabFocus : Qt.NoFocus
+    focusPolicy: root.selected || root.activeFocus ? Qt.TabFocus : Qt.NoFocus
     onVisualFocusChanged: if (root.visualFocus && !root.selected) root.clicked()
     hoverEnabled: true
     onClicked: root.store.section = root.section

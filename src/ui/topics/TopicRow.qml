@@ -85,8 +85,9 @@ Item {
                 width: 92
                 focusPolicy: root.stops
                 label: "Min priority"
-                values: root.topics.priorities
-                labels: root.topics.priorityLabels
+                // The rows outlive the model by a moment when the section is left.
+                values: root.topics?.priorities ?? []
+                labels: root.topics?.priorityLabels ?? []
                 current: root.topic.minPriority
                 onChosen: value => root.topics.setMinPriority(root.topic.id, value)
             }
