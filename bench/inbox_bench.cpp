@@ -128,9 +128,9 @@ QQuickItem *find(QQuickItem *item, const QString &identifier)
     return nullptr;
 }
 
-void scroll(QQuickView &view, int alertCount)
+void scroll(QQuickView &view, const QString &identifier, int count, const char *what)
 {
-    auto *const list = find(view.rootObject(), QStringLiteral("inbox.list"));
+    auto *const list = find(view.rootObject(), identifier);
     if (!list)
         qFatal("there is no list to scroll");
     std::vector<double> frames;
@@ -145,7 +145,7 @@ void scroll(QQuickView &view, int alertCount)
         drawFrame(view);
         frames.push_back(milliseconds(timer));
     }
-    std::printf("%7d alerts  scrolling: median frame %.1f ms, longest %.1f ms\n", alertCount, median(frames),
+    std::printf("%7d %s  scrolling: median frame %.1f ms, longest %.1f ms\n", count, what, median(frames),
                 *std::max_element(frames.begin(), frames.end()));
 }
 
@@ -178,7 +178,7 @@ void measure(UiEngine &engine, int alertCount)
     QByteArray oneMore = sampleDashboard(alertCount, 1);
     oneMore.replace("\"alerts\":[", "\"alerts\":[{\"id\":\"new\",\"workspaceId\":\"w1\",\"title\":\"New\",\"at\":1},");
     refreshWith(*store, *transport, oneMore, alertCount, "one more");
-    scroll(view, alertCount);
+    scroll(view, QStringLiteral("inbox.list"), alertCount, "alerts");
     const QList<Alert> shown = store->filteredAlerts();
     const auto tell = [&](const char *what, const std::function<void()> &act) {
         std::printf("%7d alerts  %s: %.1f ms to its frame\n", alertCount, what, timeOf(view, act));
@@ -189,6 +189,26 @@ void measure(UiEngine &engine, int alertCount)
     tell("mark one unread", [&] { store->setRead(shown.first().id, !shown.first().read); });
     tell("delete one", [&] { store->deleteAlert(shown.at(3).id); });
     tell("mark all read", [&] { store->markAllRead(); });
+}
+
+/// The other long lists.
+void measureSections(UiEngine &engine)
+{
+    const auto transport = std::make_shared<OneBody>();
+    const auto store = storeFedBy(transport);
+    transport->body = largeTeamDashboard(500, 200);
+    store->refresh();
+    longestTurn([&store] { return store->hasLoaded(); });
+    QQuickView view(&engine, nullptr);
+    showRoot(view, *store);
+    view.resize(1080, 680);
+    view.show();
+    std::printf("    500 members  opened: %.1f ms to its frame\n",
+                timeOf(view, [&] { store->setSection(SidebarSection::team); }));
+    scroll(view, QStringLiteral("team.scroll"), 500, "members");
+    std::printf("    200 topics  opened: %.1f ms to its frame\n",
+                timeOf(view, [&] { store->setSection(SidebarSection::topics); }));
+    scroll(view, QStringLiteral("topics.list"), 200, "topics");
 }
 
 } // namespace
@@ -212,5 +232,6 @@ int main(int argc, char **argv)
     UiEngine engine(&appearance);
     for (const int alertCount : {10, 1'000, 10'000})
         measure(engine, alertCount);
+    measureSections(engine);
     return 0;
 }

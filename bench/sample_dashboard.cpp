@@ -2,6 +2,8 @@
 
 #include <QDateTime>
 
+#include <functional>
+
 namespace pingwell {
 
 namespace {
@@ -21,17 +23,46 @@ QByteArray sampleAlert(int number, int round, qint64 now)
            QByteArray::number(now - qint64{number} * 60'000) + "}";
 }
 
+QByteArray sampleMember(int number)
+{
+    const QByteArray id = QByteArray::number(number);
+    return R"({"id":"m)" + id + R"(","workspaceId":"w1","name":"Member )" + id + R"(","email":"member)" + id +
+           R"(@example.com","role":"member","status":")" + (number % 7 == 0 ? "invited" : "active") + R"("})";
+}
+
+QByteArray sampleTopic(int number)
+{
+    const QByteArray id = QByteArray::number(number);
+    return R"({"id":"t)" + id + R"(","workspaceId":"w1","name":"topic-)" + id + R"("})";
+}
+
+QByteArray list(int count, const std::function<QByteArray(int)> &record)
+{
+    QByteArray records;
+    for (int number = 0; number < count; ++number)
+        records += (number == 0 ? "" : ",") + record(number);
+    return records;
+}
+
+QByteArray dashboard(const QByteArray &members, const QByteArray &topics, const QByteArray &alerts)
+{
+    return R"({"success":true,"data":{"workspaces":[{"id":"w1","name":"Acme","kind":"team","role":"owner"}],"members":[)" +
+           members + R"(],"topics":[)" + topics + R"(],"alerts":[)" + alerts +
+           R"(],"devices":[],"settings":{"sound":true},"plan":{"name":"Cloud"}}})";
+}
+
 } // namespace
 
 QByteArray sampleDashboard(int alertCount, int round)
 {
     const qint64 now = QDateTime::currentMSecsSinceEpoch();
-    QByteArray alerts;
-    for (int number = 0; number < alertCount; ++number)
-        alerts += (number == 0 ? "" : ",") + sampleAlert(number, round, now);
-    return R"({"success":true,"data":{"workspaces":[{"id":"w1","name":"Acme","kind":"team","role":"owner"}],)"
-           R"("members":[],"topics":[{"id":"t1","workspaceId":"w1","name":"infra"}],"alerts":[)" +
-           alerts + R"(],"devices":[],"settings":{"sound":true},"plan":{"name":"Cloud"}}})";
+    const QByteArray alerts = list(alertCount, [round, now](int number) { return sampleAlert(number, round, now); });
+    return dashboard("", R"({"id":"t1","workspaceId":"w1","name":"infra"})", alerts);
+}
+
+QByteArray largeTeamDashboard(int memberCount, int topicCount)
+{
+    return dashboard(list(memberCount, sampleMember), list(topicCount, sampleTopic), "");
 }
 
 } // namespace pingwell

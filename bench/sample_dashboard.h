@@ -8,4 +8,7 @@ namespace pingwell {
 /// rounds are alike.
 [[nodiscard]] QByteArray sampleDashboard(int alertCount, int round);
 
+/// One with a large team and many topics instead.
+[[nodiscard]] QByteArray largeTeamDashboard(int memberCount, int topicCount);
+
 } // namespace pingwell

@@ -34,6 +34,7 @@ Item {
     ScrollArea {
         id: page
 
+        objectName: "team.scroll"
         anchors.fill: parent
         contentHeight: content.height
         Accessible.role: Accessible.Pane
