@@ -55,6 +55,8 @@ def median: sort | .[length / 2 | floor];
     repeatedByHTTP: ($asks | map([.received - .presses, 0] | max) | add),
     removedBeforeTheEnd: ($asks | map(select(.known and (.atEnd | not))) | length),
     memoryInKilobytes: ($memory | map(.pss)),
+    dashboardInKilobytes: ($memory | map((.held // 0) / 1000 | floor)),
+    memoryMedianOfLastTen: ($memory[-10:] | map(.pss) | median),
     memoryMedian8To12: (if $early == [] then null else $early | median end),
     memoryMaximumAfter10: ($late | max),
     exitStatus: (ofKind("ended")[0].status)
