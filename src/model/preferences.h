@@ -32,6 +32,8 @@ public:
     /// Forgets every key of the domain.
     virtual void removeAll() = 0;
 
+    /// Whether all that earlier runs kept could be read.
+    [[nodiscard]] virtual bool isWhole() const = 0;
     /// Whether all that was written will still be there in the next run.
     [[nodiscard]] virtual bool lasts() const = 0;
 };

@@ -100,12 +100,13 @@ JsonPreferences::JsonPreferences(QString path)
     : m_path(std::move(path))
 {
     const Content content = contentOf(m_path);
-    if (content.kind == Content::Kind::object)
+    m_isWhole = content.kind == Content::Kind::object;
+    if (m_isWhole)
         m_values = content.object;
     else if (content.kind == Content::Kind::unreadable)
         fail(u"can't be read, nothing is kept in this run"_s, content.error);
     else if (const FileLock lock(m_path + u".lock"_s, longestWaitForLock); lock.isHeld())
-        // Under the lock another program may turn out to have put it right already.
+        // Under the lock another program may turn out to have set it aside already.
         readPresent(m_values);
     else
         fail(u"is damaged and can't be locked"_s, lock.error());

@@ -43,6 +43,7 @@ public:
     void setStrings(const QString &key, const QStringList &value) override;
     void remove(const QString &key) override;
     void removeAll() override;
+    [[nodiscard]] bool isWhole() const override { return m_isWhole; }
     [[nodiscard]] bool lasts() const override { return m_unwritten.isEmpty() && !m_forgetsPresent; }
 
 private:
@@ -58,6 +59,7 @@ private:
     // What the file does not have yet; an undefined value stands for a removed key.
     QHash<QString, QJsonValue> m_unwritten;
     bool m_forgetsPresent = false;
+    bool m_isWhole = true;
     QSet<QString> m_reported;
 };
 

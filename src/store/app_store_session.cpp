@@ -15,6 +15,11 @@ Account placeholderAccount()
     return {.name = QStringLiteral("You"), .email = QString(), .provider = AuthProvider::google, .plan = QString()};
 }
 
+QString lostServerMessage()
+{
+    return QStringLiteral("Pingwell couldn't read its settings on this computer. Sign in again.");
+}
+
 QCoro::Task<> forgetDevice(APIClientPtr client, QString deviceID)
 {
     try {
@@ -52,6 +57,13 @@ void AppStore::restoreSession()
     const auto token = m_backend->tokenStore->load();
     if (!token || token->isEmpty()) {
         set(m_account, std::optional<Account>(), &AppStore::accountChanged);
+        return;
+    }
+    if (!m_backend->baseURLOverride && m_defaults && !m_defaults->isWhole()) {
+        // Which server the token belongs to is lost, and no other may see it: not now, and not in the next run.
+        m_backend->tokenStore->clear();
+        set(m_account, std::optional<Account>(), &AppStore::accountChanged);
+        set(m_signInError, std::optional(lostServerMessage()), &AppStore::signInErrorChanged);
         return;
     }
     m_client = std::make_shared<const APIClient>(restoredBaseURL(), token, m_backend->transport);

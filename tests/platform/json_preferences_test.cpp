@@ -83,6 +83,7 @@ private slots:
         first.setStrings(u"no element"_s, {});
         // Another one while the first still runs: nothing waits to be written.
         const JsonPreferences second(m_path);
+        QVERIFY(first.isWhole() && second.isWhole());
         for (const JsonPreferences *read : {&std::as_const(first), &second}) {
             QCOMPARE(read->string(u"text"_s), std::optional(text));
             QCOMPARE(read->string(u"5"_s), std::optional(u"5"_s));
@@ -186,7 +187,9 @@ private slots:
         for (const QByteArray &bytes : {QByteArray("{\"a\":"), QByteArray(), QByteArray(R"(["a"])"),
                                         QByteArray("\0\x01\xff", 3), QByteArray(200'000, '[')}) {
             setContent(bytes);
-            JsonPreferences(m_path).setBoolean(u"new"_s, true);
+            JsonPreferences preferences(m_path);
+            QVERIFY(!preferences.isWhole());
+            preferences.setBoolean(u"new"_s, true);
             QCOMPARE(object(), (QJsonObject{{u"new"_s, true}}));
             // Each damaged file is kept, none over an earlier one.
             const auto files = QDir(QFileInfo(m_path).path()).entryInfoList({u"*.damaged-*"_s});
@@ -201,7 +204,7 @@ private slots:
         QVERIFY(QDir().mkpath(m_path));
         JsonPreferences preferences(m_path);
         preferences.setBoolean(u"k"_s, true);
-        QVERIFY(!preferences.lasts());
+        QVERIFY(!preferences.isWhole() && !preferences.lasts());
         QVERIFY(QFileInfo(m_path).isDir());
         // Once it can be, everything is written with the next change.
         QVERIFY(QDir().rmdir(m_path));

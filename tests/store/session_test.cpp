@@ -86,6 +86,18 @@ private slots:
         QTEST(store().client()->baseURL().toString(), "expected");
     }
 
+    void aTokenOfAForgottenServerGoesNowhere()
+    {
+        m->preferences->isReadable = false;
+        m->start();
+        QVERIFY2(store().isSignedIn(), "the server is given");
+        m->backend->baseURLOverride.reset();
+        m->start();
+        QVERIFY(!store().isSignedIn() && !store().client() && !m->tokens->load());
+        QCOMPARE(store().signInError(),
+                 std::optional(QStringLiteral("Pingwell couldn't read its settings on this computer. Sign in again.")));
+    }
+
     void persistingSurvivesARestart()
     {
         m->tokens->clear();

@@ -166,6 +166,18 @@ private slots:
         QVERIFY(!store->alerts().first().answer);
     }
 
+    void aSetClockCountsFromTheNextSecond()
+    {
+        m_seed.alerts = {ask(QStringLiteral("a"), 60, 600)};
+        const auto store = demo();
+        store->startClock();
+        for (const auto &[by, waiting] : {std::pair(-1h, 1), std::pair(25h, 0), std::pair(-24h, 1)}) {
+            m_clock->jump(by);
+            m_clock->advance(1s);
+            QCOMPARE(store->needsReplyCount(), waiting);
+        }
+    }
+
     void toastsReplaceEachOther()
     {
         const auto store = demo();

@@ -25,6 +25,13 @@ QCoro::Task<> ManualClock::sleep(std::chrono::milliseconds duration, std::stop_t
     co_await pause;
 }
 
+void ManualClock::jump(std::chrono::seconds by)
+{
+    m_now += by;
+    for (Sleeper &sleeper : m_sleepers)
+        sleeper.due += by;
+}
+
 void ManualClock::wake(Instant until)
 {
     while (true) {

@@ -25,6 +25,8 @@ public:
     QCoro::Task<> sleep(std::chrono::milliseconds duration, std::stop_token stop) override;
 
     void advance(std::chrono::milliseconds duration) { wake(m_now + duration); }
+    /// Somebody sets the computer's clock: it reads another time, and those who sleep don't notice.
+    void jump(std::chrono::seconds by);
 
 private:
     struct Sleeper

@@ -29,12 +29,14 @@ public:
     void setStrings(const QString &key, const QStringList &value) override { m_values.insert(key, value); }
     void remove(const QString &key) override { m_values.remove(key); }
     void removeAll() override { m_values.clear(); }
+    [[nodiscard]] bool isWhole() const override { return isReadable; }
     [[nodiscard]] bool lasts() const override { return keepsThem; }
 
     [[nodiscard]] QStringList keys() const { return m_values.keys(); }
 
     /// A disk that can't be written to, when false.
     bool keepsThem = true;
+    bool isReadable = true;
 
 private:
     using Value = std::variant<QString, QByteArray, bool, double, QStringList>;

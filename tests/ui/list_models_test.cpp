@@ -168,6 +168,22 @@ private slots:
         QCOMPARE(listed.announced.take(), u"insert 6-7"_s);
     }
 
+    void repeatedIdentifiersAreOneRow()
+    {
+        AppStore store(makeSeed({makeChoice(u"a"_s, u"First"_s, 5), makeChoice(u"a"_s, u"Again"_s, 5),
+                                 makeChoice(QString(), u"Nameless"_s, 5)}),
+                       true, nullptr, dayEnd, nullptr, nullptr);
+        AlertListModel model;
+        const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        model.setStore(&store);
+        model.setList(AlertListModel::List::NeedsReply);
+        model.componentComplete();
+        QCOMPARE(model.count(), 2);
+        store.answer(u"a"_s, u"Hold"_s);
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(model.count(), 2);
+    }
+
     void rowsTellTheStateOfTheirAlert()
     {
         Alert ask = makeChoice(u"a1"_s, u"Ship\nit?\u202E"_s, 5);
