@@ -1,5 +1,6 @@
 #include "app/command_line.h"
 #include "app/composition.h"
+#include "app/heap_limits.h"
 #include "platform/quit_signals.h"
 #include "platform/ui_test_bridge.h"
 #include "ui/accessibility_snapshot.h"
@@ -70,6 +71,7 @@ int run(int &argc, char **argv, SingleInstance *instance)
 
 int main(int argc, char **argv)
 {
+    limitHeap();
     if (const auto answer = terminalAnswer(argumentsOf(argc, argv), QStringLiteral(PINGWELL_VERSION))) {
         QTextStream(stdout) << *answer;
         return 0;

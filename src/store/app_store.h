@@ -276,6 +276,7 @@ private:
     struct TopicSteps;
     struct AccountSteps;
     struct MutationSteps;
+    struct SessionSteps;
     struct SignInSteps;
     struct SyncSteps;
     struct MergeSteps;
@@ -324,22 +325,15 @@ private:
     bool submitAnswer(const QString &alertID, const QString &text, Refused refused);
     void withdrawNotifications(const QStringList &alertIDs);
     [[nodiscard]] std::optional<QString> workspaceName(const QString &workspaceID) const;
-
     void mutate(Rollback rollback, Operation operation, Refused refused = {});
     /// The same in a lane: what is sent for one `lane` is sent in the order of the changes, one after the other.
     void mutateInOrder(const QString &lane, Rollback rollback, Operation operation);
     void refreshIfOwed();
     void handleError(const APIError &error);
-
     void watchTokenStore();
     void restoreSession();
-    void restoreLateSession();
-    [[nodiscard]] QUrl restoredBaseURL() const;
-    void restoreLocalSettings();
     void saveAccount(const Account &account);
-    void resetSession();
     void refreshProvidersSoon();
-
     [[nodiscard]] QByteArray knownBody() const;
     void takeAccount(const Account &account);
     void handle(const APIError &error);
@@ -378,7 +372,6 @@ private:
     bool m_isCreatingWorkspace = false;
     bool m_showsNotificationPrompt = false;
     QHash<QString, QString> m_replyDrafts;
-
     QString m_plan;
     APIClientPtr m_client;
     std::stop_source m_clockTask{std::nostopstate};

@@ -31,10 +31,19 @@ QCoro::Task<> forgetDevice(APIClientPtr client, QString deviceID)
 
 } // namespace
 
+/// What a session begins and ends with.
+struct AppStore::SessionSteps
+{
+    static QUrl restoredBaseURL(const AppStore &store);
+    static void restoreLocalSettings(AppStore &store);
+    static void restoreLateSession(AppStore &store);
+    static void reset(AppStore &store);
+};
+
 void AppStore::watchTokenStore()
 {
     TokenStore &tokens = *m_backend->tokenStore;
-    tokens.onBecameReadable = [this] { restoreLateSession(); };
+    tokens.onBecameReadable = [this] { SessionSteps::restoreLateSession(*this); };
     tokens.onNotKept = [this] {
         showToast(QStringLiteral("Pingwell couldn't save your sign-in in the keyring. "
                                  "You'll have to sign in again after a restart."),
@@ -53,7 +62,7 @@ std::optional<QUrl> AppStore::effectiveBaseURL() const
 
 void AppStore::restoreSession()
 {
-    restoreLocalSettings();
+    SessionSteps::restoreLocalSettings(*this);
     const auto token = m_backend->tokenStore->load();
     if (!token || token->isEmpty()) {
         set(m_account, std::optional<Account>(), &AppStore::accountChanged);
@@ -66,7 +75,7 @@ void AppStore::restoreSession()
         set(m_signInError, std::optional(lostServerMessage()), &AppStore::signInErrorChanged);
         return;
     }
-    m_client = std::make_shared<const APIClient>(restoredBaseURL(), token, m_backend->transport);
+    m_client = std::make_shared<const APIClient>(SessionSteps::restoredBaseURL(*this), token, m_backend->transport);
     std::optional<Account> account;
     if (m_defaults) {
         if (const auto record = m_defaults->data(preference_keys::sessionAccount))
@@ -75,38 +84,38 @@ void AppStore::restoreSession()
     set(m_account, std::optional(account.value_or(placeholderAccount())), &AppStore::accountChanged);
 }
 
-QUrl AppStore::restoredBaseURL() const
+QUrl AppStore::SessionSteps::restoredBaseURL(const AppStore &store)
 {
-    if (m_backend->baseURLOverride)
-        return *m_backend->baseURLOverride;
-    if (m_defaults) {
-        const auto stored = m_defaults->string(preference_keys::sessionBaseURL);
+    if (store.m_backend->baseURLOverride)
+        return *store.m_backend->baseURLOverride;
+    if (store.m_defaults) {
+        const auto stored = store.m_defaults->string(preference_keys::sessionBaseURL);
         const QUrl url = stored ? QUrl(*stored, QUrl::StrictMode) : QUrl();
         if (url.isValid() && !url.host().isEmpty())
             return url;
     }
-    return effectiveBaseURL().value_or(APIClient::defaultBaseURL());
+    return store.effectiveBaseURL().value_or(APIClient::defaultBaseURL());
 }
 
-void AppStore::restoreLocalSettings()
+void AppStore::SessionSteps::restoreLocalSettings(AppStore &store)
 {
-    if (!m_defaults)
+    if (!store.m_defaults)
         return;
-    if (const auto workspace = m_defaults->string(preference_keys::activeWorkspace))
-        set(m_activeWorkspaceID, *workspace, &AppStore::activeWorkspaceIDChanged);
-    if (const auto quiet = m_defaults->boolean(preference_keys::quietHoursEnabled)) {
-        NotificationSettings settings = m_settings;
+    if (const auto workspace = store.m_defaults->string(preference_keys::activeWorkspace))
+        store.set(store.m_activeWorkspaceID, *workspace, &AppStore::activeWorkspaceIDChanged);
+    if (const auto quiet = store.m_defaults->boolean(preference_keys::quietHoursEnabled)) {
+        NotificationSettings settings = store.m_settings;
         settings.quietHoursEnabled = *quiet;
-        set(m_settings, settings, &AppStore::settingsChanged);
+        store.set(store.m_settings, settings, &AppStore::settingsChanged);
     }
 }
 
-void AppStore::restoreLateSession()
+void AppStore::SessionSteps::restoreLateSession(AppStore &store)
 {
-    if (m_client || m_isSigningIn)
+    if (store.m_client || store.m_isSigningIn)
         return;
-    restoreSession();
-    startSync();
+    store.restoreSession();
+    store.startSync();
 }
 
 void AppStore::persistSession(const QString &token, const QUrl &baseURL, const Account &account)
@@ -157,44 +166,44 @@ void AppStore::endSession(const std::optional<QString> &message)
         m_defaults->remove(preference_keys::sessionBaseURL);
         m_defaults->remove(preference_keys::promptDismissed);
     }
-    resetSession();
+    SessionSteps::reset(*this);
     set(m_signInError, message, &AppStore::signInErrorChanged);
     refreshProviders();
 }
 
-void AppStore::resetSession()
+void AppStore::SessionSteps::reset(AppStore &store)
 {
-    ++m_refreshSerial;
-    m_isRefreshing = false;
-    m_appliedBody.clear();
-    m_refreshIsOwed = false;
-    m_mutationLanes.clear();
-    m_provisionalMembers.clear();
-    m_plan.clear();
+    ++store.m_refreshSerial;
+    store.m_isRefreshing = false;
+    store.m_appliedBody.clear();
+    store.m_refreshIsOwed = false;
+    store.m_mutationLanes.clear();
+    store.m_provisionalMembers.clear();
+    store.m_plan.clear();
     // The account first: what is empty behind the sign-in screen is not looked at.
-    set(m_account, std::optional<Account>(), &AppStore::accountChanged);
-    set(m_alerts, QList<Alert>(), &AppStore::alertsChanged);
-    set(m_topics, QList<Topic>(), &AppStore::topicsChanged);
-    set(m_devices, QList<Device>(), &AppStore::devicesChanged);
-    set(m_workspaces, QList<Workspace>(), &AppStore::workspacesChanged);
-    set(m_members, QMap<QString, QList<Member>>(), &AppStore::membersChanged);
-    set(m_invitations, QList<Invitation>(), &AppStore::invitationsChanged);
-    set(m_settings, m_seed.settings, &AppStore::settingsChanged);
-    set(m_activeWorkspaceID, QString(), &AppStore::activeWorkspaceIDChanged);
-    set(m_focusMode, false, &AppStore::focusModeChanged);
-    set(m_hasLoaded, m_backend == nullptr, &AppStore::hasLoadedChanged);
-    set(m_isSigningIn, false, &AppStore::isSigningInChanged);
-    set(m_connectionProblem, std::optional<QString>(), &AppStore::connectionProblemChanged);
-    set(m_lastSyncedAt, std::optional<Instant>(), &AppStore::lastSyncedAtChanged);
-    set(m_section, SidebarSection::inbox, &AppStore::sectionChanged);
-    set(m_isCreatingWorkspace, false, &AppStore::isCreatingWorkspaceChanged);
-    set(m_showsNotificationPrompt, false, &AppStore::showsNotificationPromptChanged);
-    clearSelectionAndFilter();
-    const QStringList drafted = m_replyDrafts.keys();
+    store.set(store.m_account, std::optional<Account>(), &AppStore::accountChanged);
+    store.set(store.m_alerts, QList<Alert>(), &AppStore::alertsChanged);
+    store.set(store.m_topics, QList<Topic>(), &AppStore::topicsChanged);
+    store.set(store.m_devices, QList<Device>(), &AppStore::devicesChanged);
+    store.set(store.m_workspaces, QList<Workspace>(), &AppStore::workspacesChanged);
+    store.set(store.m_members, QMap<QString, QList<Member>>(), &AppStore::membersChanged);
+    store.set(store.m_invitations, QList<Invitation>(), &AppStore::invitationsChanged);
+    store.set(store.m_settings, store.m_seed.settings, &AppStore::settingsChanged);
+    store.set(store.m_activeWorkspaceID, QString(), &AppStore::activeWorkspaceIDChanged);
+    store.set(store.m_focusMode, false, &AppStore::focusModeChanged);
+    store.set(store.m_hasLoaded, store.m_backend == nullptr, &AppStore::hasLoadedChanged);
+    store.set(store.m_isSigningIn, false, &AppStore::isSigningInChanged);
+    store.set(store.m_connectionProblem, std::optional<QString>(), &AppStore::connectionProblemChanged);
+    store.set(store.m_lastSyncedAt, std::optional<Instant>(), &AppStore::lastSyncedAtChanged);
+    store.set(store.m_section, SidebarSection::inbox, &AppStore::sectionChanged);
+    store.set(store.m_isCreatingWorkspace, false, &AppStore::isCreatingWorkspaceChanged);
+    store.set(store.m_showsNotificationPrompt, false, &AppStore::showsNotificationPromptChanged);
+    store.clearSelectionAndFilter();
+    const QStringList drafted = store.m_replyDrafts.keys();
     for (const QString &alertID : drafted)
-        removeReplyDraft(alertID);
-    if (m_backend)
-        restoreLocalSettings();
+        store.removeReplyDraft(alertID);
+    if (store.m_backend)
+        restoreLocalSettings(store);
 }
 
 } // namespace pingwell

@@ -9,6 +9,7 @@ T.AbstractButton {
     required property alertRow alert
     required property int index
     required property double now
+    // The rows outlive it by a moment when the session ends.
     required property InboxMetrics metrics
     property bool selected: false
     /** The keyboard is at this row, and the person uses it. */
@@ -16,7 +17,7 @@ T.AbstractButton {
     readonly property string age: TimeText.shortAge(root.alert.at, root.now)
 
     objectName: "alert.row." + root.alert.id
-    implicitHeight: root.metrics.rowHeight
+    implicitHeight: (root.metrics?.rowHeight ?? 0)
     leftPadding: 10
     rightPadding: 10
     // The list is one stop; the arrow keys move within it.
@@ -49,7 +50,7 @@ T.AbstractButton {
 
         Dot {
             x: Theme.gap1
-            y: root.metrics.originY + 4
+            y: (root.metrics?.originY ?? 0) + 4
             size: 7
             visible: !root.alert.read
             color: Theme.accent
@@ -62,14 +63,14 @@ T.AbstractButton {
             width: parent.width - x - Theme.gap2
 
             InboxRowOrigin {
-                y: root.metrics.originY
+                y: (root.metrics?.originY ?? 0)
                 width: parent.width
                 alert: root.alert
                 age: root.age
             }
 
             PlainText {
-                y: root.metrics.titleY
+                y: (root.metrics?.titleY ?? 0)
                 width: parent.width
                 text: root.alert.title
                 size: Theme.sizeTitle
@@ -80,7 +81,7 @@ T.AbstractButton {
             InboxRowState {
                 id: state
 
-                y: root.metrics.stateY
+                y: (root.metrics?.stateY ?? 0)
                 width: parent.width
                 alert: root.alert
                 now: root.now
