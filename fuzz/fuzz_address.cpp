@@ -11,7 +11,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         return 0;
     expect(address->scheme() == QStringLiteral("https") || address->scheme() == QStringLiteral("http"));
     expect(!address->host().isEmpty() && address->userInfo().isEmpty());
-    // What was accepted once is remembered as text, and must mean the same the next time.
-    expect(APIClient::normalizedBaseURL(address->toString(QUrl::FullyEncoded)) == address);
+    // What was accepted once is remembered as text, and must name the same place the next time.
+    const auto again = APIClient::normalizedBaseURL(address->toString(QUrl::FullyEncoded));
+    expect(again && again->toEncoded() == address->toEncoded());
     return 0;
 }
