@@ -154,7 +154,9 @@ private slots:
             const ServiceAnswer wrong = m_service.request("GET", u"/dashboard"_s);
             m_service.request("DELETE", u"/test/faults"_s);
             QVERIFY2(wrong.status == status && wrong.body != right, fault);
-            QCOMPARE(wrong.error == QNetworkReply::RemoteHostClosedError, isCut);
+            // Qt takes what came before a cut for all there is, now and then.
+            const bool isPart = !wrong.body.isEmpty() && right.startsWith(wrong.body);
+            QCOMPARE(wrong.error == QNetworkReply::RemoteHostClosedError || isPart, isCut);
             QCOMPARE(m_service.request("GET", u"/dashboard"_s).body, right);
         };
         check(R"("mode":"status","status":503)", 503, false);
