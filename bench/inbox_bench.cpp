@@ -154,8 +154,6 @@ void refreshWith(AppStore &store, OneBody &transport, const QByteArray &body, in
     transport.body = body;
     bool done = false;
     const auto connection = QObject::connect(&store, &AppStore::lastSyncedAtChanged, &store, [&done] { done = true; });
-    QElapsedTimer first;
-    first.start();
     store.refresh();
     double longest = longestTurn([&done] { return done; });
     QElapsedTimer after;

@@ -1,6 +1,7 @@
 #include "ui/alert_list_model.h"
 
 #include "ui/display_text.h"
+#include "ui/replace_store.h"
 
 #include <algorithm>
 #include <span>
@@ -20,11 +21,8 @@ AlertListModel::AlertListModel(QObject *parent)
 
 void AlertListModel::setStore(AppStore *store)
 {
-    if (m_store == store)
+    if (!replaceStore(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (store)
         follow(*store);
     emit storeChanged();

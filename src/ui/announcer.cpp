@@ -1,6 +1,7 @@
 #include "ui/announcer.h"
 
 #include "ui/display_text.h"
+#include "ui/replace_store.h"
 
 #include <QAccessible>
 
@@ -8,11 +9,8 @@ namespace pingwell {
 
 void Announcer::setStore(AppStore *store)
 {
-    if (m_store == store)
+    if (!replaceStore(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     m_waiting.reset();
     if (store) {
         for (const auto changed : {&AppStore::alertsChanged, &AppStore::hasLoadedChanged, &AppStore::accountChanged})

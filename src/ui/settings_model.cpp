@@ -1,6 +1,7 @@
 #include "ui/settings_model.h"
 
 #include "time_format/time_format.h"
+#include "ui/replace_store.h"
 
 #include <array>
 
@@ -19,11 +20,8 @@ SettingsModel::SettingsModel(QObject *parent)
 
 void SettingsModel::setStore(AppStore *store)
 {
-    if (m_store == store)
+    if (!replaceStore(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (store) {
         connect(store, &AppStore::accountChanged, this, &SettingsModel::updateAccount);
         connect(store, &AppStore::workspacesChanged, this, &SettingsModel::updateResponseTime);

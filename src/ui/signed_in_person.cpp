@@ -2,16 +2,14 @@
 
 #include "ui/display_text.h"
 #include "ui/initials.h"
+#include "ui/replace_store.h"
 
 namespace pingwell {
 
 void SignedInPerson::setStore(AppStore *store)
 {
-    if (m_store == store)
+    if (!replaceStore(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (store) {
         connect(store, &AppStore::accountChanged, this, &SignedInPerson::personChanged);
         connect(store, &AppStore::invitationsChanged, this, &SignedInPerson::invitationCountChanged);

@@ -1,5 +1,7 @@
 #include "ui/store_list_model.h"
 
+#include "ui/replace_store.h"
+
 namespace pingwell {
 
 StoreListModel::StoreListModel(const QByteArray &valueName, QList<Change> dependsOn, QObject *parent)
@@ -10,11 +12,8 @@ StoreListModel::StoreListModel(const QByteArray &valueName, QList<Change> depend
 
 void StoreListModel::setStore(AppStore *store)
 {
-    if (m_store == store)
+    if (!replaceStore(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (store) {
         for (const Change change : std::as_const(m_dependsOn))
             connect(store, change, this, &StoreListModel::storeMoved);

@@ -1,6 +1,7 @@
 #include "ui/team_model.h"
 
 #include "ui/display_text.h"
+#include "ui/replace_store.h"
 
 #include <algorithm>
 
@@ -36,11 +37,8 @@ QString messageOf(InviteError error)
 
 void TeamModel::setStore(AppStore *store)
 {
-    if (m_store == store)
+    if (!replaceStore(m_store, store, this))
         return;
-    if (m_store)
-        m_store->disconnect(this);
-    m_store = store;
     if (store) {
         connect(store, &AppStore::membersChanged, this, &TeamModel::update);
         connect(store, &AppStore::workspacesChanged, this, &TeamModel::update);
