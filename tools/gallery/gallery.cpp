@@ -1,8 +1,8 @@
 // Draws the screens in every state into pictures, to be looked at: gallery <folder> [font family].
 
-#include "../notify/fake_notification_center.h"
 #include "app/demo_data.h"
 #include "auth/web_authenticator.h"
+#include "fake_notification_center.h"
 #include "screen_fixture.h"
 #include "store_fixture.h"
 #include "ui/notification_access.h"
