@@ -5,8 +5,7 @@
 #include <QObject>
 
 #include <coroutine>
-#include <list>
-#include <memory>
+#include <map>
 
 namespace pingwell {
 
@@ -17,31 +16,31 @@ class ManualClock final : public QObject, public Clock
 {
 public:
     explicit ManualClock(Instant start)
-        : m_now(start)
+        : m_start(start)
     {
     }
 
-    [[nodiscard]] Instant now() const override { return m_now; }
+    [[nodiscard]] Instant now() const override { return m_start + m_elapsed; }
     QCoro::Task<> sleep(std::chrono::milliseconds duration, std::stop_token stop) override;
 
-    void advance(std::chrono::milliseconds duration) { wake(m_now + duration); }
+    void advance(std::chrono::milliseconds duration);
     /// Somebody sets the computer's clock: it reads another time, and those who sleep don't notice.
-    void jump(std::chrono::seconds by);
+    void jump(std::chrono::seconds by) { m_start += by; }
 
 private:
     struct Sleeper
     {
-        Instant due;
         std::stop_token stop;
         std::coroutine_handle<> awaiting;
     };
     struct Pause;
 
-    void wake(Instant until);
     void wakeStopped();
 
-    Instant m_now;
-    std::list<Sleeper> m_sleepers;
+    Instant m_start;
+    std::chrono::milliseconds m_elapsed{};
+    /// By what will have elapsed when they wake.
+    std::multimap<std::chrono::milliseconds, Sleeper> m_sleepers;
 };
 
 } // namespace pingwell

@@ -17,14 +17,6 @@ constexpr uint closedByCall = 3;
 
 } // namespace
 
-QStringList ShownNotification::everyOtherAction(qsizetype first) const
-{
-    QStringList taken;
-    for (qsizetype index = first; index < actions.size(); index += 2)
-        taken.append(actions.at(index));
-    return taken;
-}
-
 bool ScriptedNotificationServer::appear()
 {
     const QString connection = QUuid::createUuid().toString();
@@ -76,18 +68,16 @@ QVariantList ScriptedNotificationServer::answerTo(const QDBusMessage &message)
 
 uint ScriptedNotificationServer::show(const QVariantList &arguments)
 {
-    ShownNotification notification;
-    notification.appName = arguments.value(0).toString();
-    notification.replaced = arguments.value(1).toUInt();
-    notification.icon = arguments.value(2).toString();
-    notification.summary = arguments.value(3).toString();
-    notification.body = arguments.value(4).toString();
-    notification.actions = arguments.value(5).toStringList();
-    notification.hints = qdbus_cast<QVariantMap>(arguments.value(6));
-    notification.timeout = arguments.value(7).toInt();
-    notification.number = notification.replaced != 0 ? notification.replaced : ++m_lastNumber;
-    m_shown.append(notification);
-    return notification.number;
+    const uint replaced = arguments.value(1).toUInt();
+    const uint number = replaced != 0 ? replaced : ++m_lastNumber;
+    m_shown.append({.number = number,
+                    .appName = arguments.value(0).toString(),
+                    .replaced = replaced,
+                    .summary = arguments.value(3).toString(),
+                    .body = arguments.value(4).toString(),
+                    .actions = arguments.value(5).toStringList(),
+                    .hints = qdbus_cast<QVariantMap>(arguments.value(6))});
+    return number;
 }
 
 void ScriptedNotificationServer::answer(const QDBusMessage &reply)

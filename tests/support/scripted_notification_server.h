@@ -10,26 +10,18 @@
 
 namespace pingwell {
 
-/// One Notify call, argument by argument (freedesktop Desktop Notifications Specification).
+/// One Notify call (freedesktop Desktop Notifications Specification).
 struct ShownNotification
 {
     /// The number the server gave it.
     uint number = 0;
     QString appName;
     uint replaced = 0;
-    QString icon;
     QString summary;
     QString body;
     /// Keys and labels in turn.
     QStringList actions;
     QVariantMap hints;
-    int timeout = 0;
-
-    [[nodiscard]] QStringList actionKeys() const { return everyOtherAction(0); }
-    [[nodiscard]] QStringList actionLabels() const { return everyOtherAction(1); }
-
-private:
-    [[nodiscard]] QStringList everyOtherAction(qsizetype first) const;
 };
 
 /// A notification server that shows nothing, writes down what it is asked and says what the test tells it to. On a

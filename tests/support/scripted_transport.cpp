@@ -18,12 +18,10 @@ ScriptedAnswer ScriptedAnswer::message(const QByteArray &message, const QByteArr
 
 ScriptedAnswer ScriptedAnswer::failure(int status, const QByteArray &code, const QByteArray &message)
 {
-    QByteArray body = R"({"success":false)";
-    if (!code.isEmpty())
-        body += R"(,"code":")" + code + '"';
-    if (!message.isEmpty())
-        body += R"(,"message":")" + message + '"';
-    return raw(status, body + '}');
+    const auto pair = [](const char *key, const QByteArray &text) {
+        return text.isEmpty() ? QByteArray() : QByteArray(",\"") + key + "\":\"" + text + '"';
+    };
+    return raw(status, R"({"success":false)" + pair("code", code) + pair("message", message) + '}');
 }
 
 ScriptedTransport::~ScriptedTransport()
@@ -34,32 +32,30 @@ ScriptedTransport::~ScriptedTransport()
 
 bool ScriptedTransport::release(const QByteArray &method, const QByteArray &path)
 {
-    const Route route(method, path);
-    const auto found = std::find_if(m_held.begin(), m_held.end(),
-                                    [&](const Held &held) { return method.isEmpty() || held.route == route; });
+    const auto fits = [&](const Held &held) { return method.isEmpty() || held.route == Route(method, path); };
+    const auto found = std::find_if(m_held.begin(), m_held.end(), fits);
     if (found == m_held.end())
         return false;
-    const Held held = *found;
+    Held held = *found;
     m_held.erase(found);
-    deliver(held.pending, held.answer);
+    held.pending.finish(held.response);
     return true;
 }
 
 qsizetype ScriptedTransport::count(const QByteArray &method, const QByteArray &path) const
 {
-    const Route route(method, path);
     return std::count_if(m_requests.begin(), m_requests.end(),
-                         [&route](const HTTPRequest &request) { return routeOf(request) == route; });
+                         [&](const HTTPRequest &request) { return routeOf(request) == Route(method, path); });
 }
 
 HTTPRequest ScriptedTransport::lastRequest(const QByteArray &method, const QByteArray &path) const
 {
-    const Route route(method, path);
-    const auto found = std::find_if(m_requests.rbegin(), m_requests.rend(),
-                                    [&route](const HTTPRequest &request) { return routeOf(request) == route; });
+    const auto found = std::find_if(m_requests.rbegin(), m_requests.rend(), [&](const HTTPRequest &request) {
+        return routeOf(request) == Route(method, path);
+    });
     if (found != m_requests.rend())
         return *found;
-    failTest("no request was made for ", route);
+    failTest("no request was made for ", {method, path});
     return {};
 }
 
@@ -73,18 +69,14 @@ qsizetype ScriptedTransport::plannedCount() const
 
 QCoro::Task<HTTPResponse> ScriptedTransport::perform(HTTPRequest request)
 {
-    const Route route = routeOf(request);
     m_requests.append(request);
-    std::optional<ScriptedAnswer> answer = takeAnswer(route);
-    if (!answer) {
-        failTest("no answer is planned for ", route);
-        answer = ScriptedAnswer::noAnswer();
-    }
-    const PendingResponse pending;
-    if (answer->held)
-        m_held.append(Held{route, *answer, pending});
+    const Route route = routeOf(request);
+    const ScriptedAnswer answer = takeAnswer(route);
+    PendingResponse pending;
+    if (answer.held)
+        m_held.append({route, answer.response, pending});
     else
-        deliver(pending, *answer);
+        pending.finish(answer.response);
     return responseOf(pending);
 }
 
@@ -93,29 +85,21 @@ ScriptedTransport::Route ScriptedTransport::routeOf(const HTTPRequest &request)
     return Route(request.method, request.url.path(QUrl::FullyEncoded).toLatin1());
 }
 
-std::optional<ScriptedAnswer> ScriptedTransport::takeAnswer(const Route &route)
+ScriptedAnswer ScriptedTransport::takeAnswer(const Route &route)
 {
-    const auto planned = m_planned.find(route);
-    if (planned != m_planned.end() && !planned->isEmpty())
-        return planned->takeFirst();
+    if (m_planned.contains(route) && !m_planned[route].isEmpty())
+        return m_planned[route].takeFirst();
     if (!m_next.isEmpty())
         return m_next.takeFirst();
-    const auto standing = m_standing.constFind(route);
-    if (standing != m_standing.constEnd())
-        return *standing;
-    return std::nullopt;
+    if (!m_standing.contains(route))
+        failTest("no answer is planned for ", route);
+    return m_standing.value(route, ScriptedAnswer::noAnswer());
 }
 
 void ScriptedTransport::failTest(const char *problem, const Route &route)
 {
     const QByteArray message = problem + route.first + ' ' + route.second;
     QTest::qFail(message.constData(), __FILE__, __LINE__);
-}
-
-void ScriptedTransport::deliver(PendingResponse pending, const ScriptedAnswer &answer)
-{
-    const HTTPResponse response{answer.status, answer.body};
-    pending.finish(answer.offline ? std::nullopt : std::optional(response));
 }
 
 QByteArray headerOf(const HTTPRequest &request, const QByteArray &name)

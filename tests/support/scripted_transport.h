@@ -15,10 +15,8 @@ namespace pingwell {
 /// One answer of the scripted service.
 struct ScriptedAnswer
 {
-    int status = 200;
-    QByteArray body;
-    /// No answer arrives at all.
-    bool offline = false;
+    /// None: no answer arrives at all.
+    std::optional<HTTPResponse> response;
     /// The answer waits for `ScriptedTransport::release`.
     bool held = false;
 
@@ -29,11 +27,11 @@ struct ScriptedAnswer
     /// {"success":false,"code":"<code>","message":"<message>"}, without the empty ones.
     static ScriptedAnswer failure(int status, const QByteArray &code = {}, const QByteArray &message = {});
     /// `body` as it stands.
-    static ScriptedAnswer raw(int status, const QByteArray &body) { return {status, body}; }
-    static ScriptedAnswer noAnswer() { return {0, {}, true}; }
+    static ScriptedAnswer raw(int status, const QByteArray &body) { return {HTTPResponse{status, body}}; }
+    static ScriptedAnswer noAnswer() { return {}; }
 
     /// The same answer, held back until the test releases it.
-    [[nodiscard]] ScriptedAnswer heldBack() const { return {status, body, offline, true}; }
+    [[nodiscard]] ScriptedAnswer heldBack() const { return {response, true}; }
 };
 
 /// The service in memory, played from a script. A request takes, in this order: the oldest answer planned for its route
@@ -49,12 +47,12 @@ public:
     /// `path` is the URL's path as it goes over the wire, percent-encoded and with the base address's own path.
     void plan(const QByteArray &method, const QByteArray &path, const ScriptedAnswer &answer)
     {
-        m_planned[Route(method, path)].append(answer);
+        m_planned[{method, path}].append(answer);
     }
     void planNext(const ScriptedAnswer &answer) { m_next.append(answer); }
     void always(const QByteArray &method, const QByteArray &path, const ScriptedAnswer &answer)
     {
-        m_standing.insert(Route(method, path), answer);
+        m_standing.insert({method, path}, answer);
     }
 
     /// Lets the oldest held answer go, of that route where one is given. False when none is held.
@@ -75,14 +73,13 @@ private:
     struct Held
     {
         Route route;
-        ScriptedAnswer answer;
+        std::optional<HTTPResponse> response;
         PendingResponse pending;
     };
 
     static Route routeOf(const HTTPRequest &request);
-    std::optional<ScriptedAnswer> takeAnswer(const Route &route);
     static void failTest(const char *problem, const Route &route);
-    static void deliver(PendingResponse pending, const ScriptedAnswer &answer);
+    ScriptedAnswer takeAnswer(const Route &route);
 
     QList<HTTPRequest> m_requests;
     QHash<Route, QList<ScriptedAnswer>> m_planned;
