@@ -3,11 +3,11 @@
 #include <QByteArrayView>
 #include <QChar>
 
+#include <simdjson.h>
+
 #include <algorithm>
 #include <cctype>
-#include <charconv>
 #include <optional>
-#include <system_error>
 
 namespace pingwell {
 
@@ -56,18 +56,6 @@ bool isNumber(QByteArrayView token)
         at = exponentEnd;
     }
     return at == token.size();
-}
-
-bool isBeyondRange(QByteArrayView token)
-{
-    constexpr qsizetype digitsOf64Bits = 19;
-    const bool isNegative = token.startsWith('-');
-    if (std::all_of(token.begin() + (isNegative ? 1 : 0), token.end(), isDigit))
-        return token.size() > digitsOf64Bits + (isNegative ? 1 : 0);
-    // What is too small counts as zero, and the parser takes it.
-    double value = 0;
-    const auto [end, error] = std::from_chars(token.begin(), token.end(), value);
-    return error == std::errc::result_out_of_range && !token.contains("e-") && !token.contains("E-");
 }
 
 /// The code unit that the escape at the beginning of `text` stands for; none when there is none.
@@ -124,7 +112,7 @@ private:
         if (token.isEmpty()) {
             m_inString = m_rest.startsWith('"');
             keep(1);
-        } else if (isNumber(token) && isBeyondRange(token)) {
+        } else if (isNumber(token) && !isTaken(token)) {
             replace(token.size(), token.startsWith('-') ? "-1e300" : "1e300");
         } else {
             keep(token.size());
@@ -150,6 +138,13 @@ private:
             replace(escapeLength, "\\ufffd");
     }
 
+    /// Only the parser itself knows which numbers are too much for it.
+    bool isTaken(QByteArrayView token)
+    {
+        return m_parser.parse(token.data(), static_cast<std::size_t>(token.size())).error() == simdjson::SUCCESS;
+    }
+
+    simdjson::dom::parser m_parser;
     QByteArrayView m_rest;
     QByteArray m_result;
     bool m_inString = false;

@@ -12,43 +12,31 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Change = std::function<void(Dashboard &)>;
-using Fields = QMap<QByteArray, QByteArray>;
 
-/// The records of a dashboard by the key of their list, each with its required keys only.
-const QMap<QByteArray, Fields> barest{
-    {"workspaces", {{"id", R"("w1")"}, {"name", R"("N")"}, {"kind", R"("team")"}, {"role", R"("owner")"}}},
-    // clang-format off
-    {"members", {{"id", R"("m1")"}, {"workspaceId", R"("w1")"}, {"email", R"("e@x")"}, {"role", R"("owner")"},
-                 {"status", R"("active")"}}},
-    // clang-format on
-    {"topics", {{"id", R"("t1")"}, {"workspaceId", R"("w1")"}, {"name", R"("N")"}}},
-    {"alerts", {{"id", R"("a1")"}, {"workspaceId", R"("w1")"}, {"title", R"("T")"}, {"at", "1500"}}},
-    {"devices", {{"id", R"("d1")"}, {"name", R"("N")"}, {"platform", R"("web")"}}},
-    {"settings", {}},
-    {"plan", {}},
+/// The records of a dashboard by the key that holds them, each with its required keys only.
+const QMap<QByteArray, QByteArray> barest{
+    {"workspaces", R"("id":"w1","name":"N","kind":"team","role":"owner")"},
+    {"members", R"("id":"m1","workspaceId":"w1","email":"e@x","role":"owner","status":"active")"},
+    {"topics", R"("id":"t1","workspaceId":"w1","name":"N")"},
+    {"alerts", R"("id":"a1","workspaceId":"w1","title":"T","at":1500)"},
+    {"devices", R"("id":"d1","name":"N","platform":"web")"},
+    {"settings", R"("unknown":[])"},
+    {"plan", R"("unknown":{})"},
 };
-
-QByteArray objectOf(const Fields &fields)
-{
-    QByteArrayList pairs;
-    for (auto field = fields.cbegin(); field != fields.cend(); ++field)
-        pairs.append('"' + field.key() + "\":" + field.value());
-    return '{' + pairs.join(',') + '}';
-}
 
 /// A dashboard of one bare record of each kind, with `key` of the record in `list` changed; without a value it is gone.
 QByteArray dashboardWith(const QByteArray &list, const QByteArray &key, const QByteArray &value)
 {
-    QMap<QByteArray, Fields> records = barest;
-    records[list][key] = value;
-    if (value.isEmpty())
-        records[list].remove(key);
-    Fields dashboard;
-    for (auto record = records.cbegin(); record != records.cend(); ++record) {
-        const bool isList = record.key() != "settings" && record.key() != "plan";
-        dashboard[record.key()] = isList ? '[' + objectOf(*record) + ']' : objectOf(*record);
+    const QByteArray name = '"' + key + "\":";
+    QByteArrayList parts;
+    for (auto bare = barest.cbegin(); bare != barest.cend(); ++bare) {
+        QByteArray record = *bare;
+        if (bare.key() == list)
+            record = (value.isEmpty() ? QByteArray() : name + value + ',') + record.replace(name, "\"other\":");
+        const bool isListed = bare.key() != "settings" && bare.key() != "plan";
+        parts.append('"' + bare.key() + (isListed ? "\":[{" : "\":{") + record + (isListed ? "}]" : "}"));
     }
-    return objectOf({{"data", objectOf(dashboard)}});
+    return R"({"data":{)" + parts.join(',') + "}}";
 }
 
 /// The barest dashboard, as it is to be understood.
@@ -114,9 +102,18 @@ private slots:
         const QByteArrayList text{"", "null", "7", "true", "[]", "{}"};
         const QByteArrayList word = text + QByteArrayList{R"("ESCALATE")", R"("Critical")", R"("Ask")", R"("number")"};
         const QByteArrayList flag{"", "null", "0", R"("true")", "[]", "{}"};
-        const QByteArrayList date{"",        "null",   R"("5")", "true",
-                                  "8.65e15", "-1e300", "1e999",  "12345678901234567890123"};
-        const QByteArrayList integer{"", "null", R"("5")", "true", "0.5", "1e30", "-1e999", "9223372036854775808"};
+        // Of the numbers, some are more than the parser takes.
+        const QByteArrayList number{"",
+                                    "null",
+                                    R"("5")",
+                                    "true",
+                                    "-1e300",
+                                    "1e999",
+                                    "12345678901234567890123",
+                                    "-9223372036854775809",
+                                    QByteArray(400, '9') + "e-9"};
+        const QByteArrayList date = number + QByteArrayList{"8.65e15"};
+        const QByteArrayList integer = number + QByteArrayList{"0.5", "9223372036854775808"};
         const QByteArrayList texts{"", "null", R"("Yes")", R"(["Yes",1])", "{}"};
         const auto row = [](const char *list, const char *key, const QByteArrayList &unfit, const char *value,
                             const Change &change) {
@@ -251,8 +248,8 @@ private slots:
         QVERIFY(*settle(endpoints::listInvitations(clientOf(invited))).value ==
                 QList<Invitation>({{u"a"_s, {}, WorkspaceRole::member, std::nullopt},
                                    {u"b"_s, u"W"_s, WorkspaceRole::admin, Instant(Seconds(1))}}));
-        const auto made = ScriptedAnswer::data(R"({"workspace":)" + objectOf(barest["workspaces"]) + R"(,"members":[)" +
-                                               objectOf(barest["members"]) + "]}");
+        const auto made = ScriptedAnswer::data(R"({"workspace":{)" + barest["workspaces"] + R"(},"members":[{)" +
+                                               barest["members"] + "}]}");
         const auto created = settle(endpoints::createWorkspace(clientOf(made), u"N"_s));
         QVERIFY(created.value->workspace == bareDashboard().workspaces.first());
         QVERIFY(created.value->members == bareDashboard().members[u"w1"_s]);
