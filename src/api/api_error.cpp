@@ -6,7 +6,6 @@ APIError::APIError(int status, std::optional<QString> code, QString message)
     : m_status(status)
     , m_code(std::move(code))
     , m_message(std::move(message))
-    , m_what(m_message.toUtf8())
 {
 }
 

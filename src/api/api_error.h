@@ -25,7 +25,8 @@ public:
     /// The service's code, or "offline" or "bad_response".
     [[nodiscard]] const std::optional<QString> &code() const { return m_code; }
     [[nodiscard]] const QString &message() const { return m_message; }
-    [[nodiscard]] const char *what() const noexcept override { return m_what.constData(); }
+    /// For a log, where nothing that the service says may stand.
+    [[nodiscard]] const char *what() const noexcept override { return "the service refused, or can't be reached"; }
 
     friend bool operator==(const APIError &left, const APIError &right)
     {
@@ -36,7 +37,6 @@ private:
     int m_status;
     std::optional<QString> m_code;
     QString m_message;
-    QByteArray m_what;
 };
 
 /// What the person reads when no answer arrived and the service could not say why.
