@@ -1,8 +1,8 @@
 #include "api/api_client.h"
 
-#include "api/decoding.h"
-#include "async/background.h"
 #include "model/check.h"
+
+#include <algorithm>
 
 namespace pingwell {
 
@@ -14,6 +14,15 @@ bool isWebAddress(const QUrl &url)
     const bool isWeb = url.scheme() == QLatin1StringView("http") || url.scheme() == QLatin1StringView("https");
     return url.isValid() && isWeb && !url.host().isEmpty() && url.userInfo().isEmpty() && !url.hasQuery() &&
            !url.hasFragment();
+}
+
+/// Whether the path still names the same thing at the service: on the way there "." and ".." are resolved and empty
+/// pieces swallowed, however they are encoded.
+bool arrivesAsItIs(const QString &path)
+{
+    const QStringList pieces = path.sliced(1).split(u'/');
+    return std::none_of(pieces.begin(), pieces.end(),
+                        [](const QString &piece) { return piece.isEmpty() || piece == u"." || piece == u".."; });
 }
 
 QString encodedQuery(const QueryItems &items)
@@ -68,12 +77,14 @@ QUrl APIClient::makeURL(const QString &path, const QueryItems &queryItems) const
     return url;
 }
 
-HTTPRequest APIClient::makeRequest(const QByteArray &method, const QString &path, const QueryItems &queryItems,
+HTTPRequest APIClient::makeRequest(const QByteArray &method, const QString &path,
                                    const std::optional<JSONObject> &body) const
 {
+    if (!arrivesAsItIs(path))
+        throw APIError::badResponse();
     HTTPRequest request;
     request.method = method;
-    request.url = makeURL(path, queryItems);
+    request.url = makeURL(path);
     request.headers.emplaceBack("Accept", "application/json");
     if (m_token)
         request.headers.emplaceBack("Authorization", "Bearer " + m_token->toUtf8());
@@ -82,28 +93,6 @@ HTTPRequest APIClient::makeRequest(const QByteArray &method, const QString &path
         request.body = encoded(*body);
     }
     return request;
-}
-
-QCoro::Task<QByteArray> send(APIClientPtr client, QByteArray method, QString path, QueryItems queryItems,
-                             std::optional<JSONObject> body)
-{
-    const HTTPRequest request = client->makeRequest(method, path, queryItems, body);
-    const HTTPResponse response = co_await responseTo(client, request);
-    auto examine = [response] { return failureOf(response); };
-    const std::optional<APIError> failure = co_await inBackground(std::move(examine));
-    if (failure)
-        throw *failure;
-    co_return response.body;
-}
-
-QCoro::Task<std::optional<QString>> sendForMessage(APIClientPtr client, QByteArray method, QString path,
-                                                   std::optional<JSONObject> body)
-{
-    const HTTPRequest request = client->makeRequest(method, path, {}, body);
-    const HTTPResponse response = co_await responseTo(client, request);
-    auto examine = [response] { return messageOrFailureOf(response); };
-    const Outcome<std::optional<QString>> outcome = co_await inBackground(std::move(examine));
-    co_return valueOf(outcome);
 }
 
 } // namespace pingwell

@@ -5,7 +5,6 @@
 #include "api/json.h"
 
 #include <QByteArray>
-#include <QCoroTask>
 #include <QString>
 #include <QUrl>
 
@@ -39,9 +38,10 @@ public:
     /// The address of `path`, which begins with "/" and is already percent-encoded, on this server.
     [[nodiscard]] QUrl makeURL(const QString &path, const QueryItems &queryItems = {}) const;
 
-    /// The finished request, with the session's token where there is one.
-    [[nodiscard]] HTTPRequest makeRequest(const QByteArray &method, const QString &path, const QueryItems &queryItems,
-                                          const std::optional<JSONObject> &body) const;
+    /// The finished request, with the session's token where there is one. Throws `APIError::badResponse()` for a path
+    /// with an empty piece, "." or "..": the service gave something an identifier that would be another address.
+    [[nodiscard]] HTTPRequest makeRequest(const QByteArray &method, const QString &path,
+                                          const std::optional<JSONObject> &body = std::nullopt) const;
 
 private:
     QUrl m_baseURL;
@@ -50,14 +50,5 @@ private:
 };
 
 using APIClientPtr = std::shared_ptr<const APIClient>;
-
-/// Sends one request and returns the body of a successful answer. Throws `APIError` for everything else, worded by the
-/// service where it says something.
-QCoro::Task<QByteArray> send(APIClientPtr client, QByteArray method, QString path, QueryItems queryItems,
-                             std::optional<JSONObject> body);
-
-/// Sends one request and returns the sentence the service answers with, if it does. Throws `APIError` on failure.
-QCoro::Task<std::optional<QString>> sendForMessage(APIClientPtr client, QByteArray method, QString path,
-                                                   std::optional<JSONObject> body);
 
 } // namespace pingwell

@@ -40,12 +40,6 @@ std::optional<APIError> failureOf(int status, const WireDocument &body)
     return APIError(reported, WireStrings::text(envelope.code), message);
 }
 
-std::optional<APIError> failureOf(const HTTPResponse &response)
-{
-    const WireDocument body(response.body);
-    return failureOf(response.status, body);
-}
-
 Outcome<std::optional<QString>> messageOrFailureOf(const HTTPResponse &response)
 {
     const WireDocument body(response.body);
@@ -54,22 +48,6 @@ Outcome<std::optional<QString>> messageOrFailureOf(const HTTPResponse &response)
     if (!body.root())
         return std::optional<QString>();
     return WireStrings::text(ErrorEnvelope::read(*body.root()).message);
-}
-
-QCoro::Task<HTTPResponse> responseTo(APIClientPtr client, HTTPRequest request)
-{
-    const std::shared_ptr<HTTPTransport> transport = client->transport();
-    std::optional<HTTPResponse> response;
-    try {
-        response = co_await transport->perform(request);
-    } catch (const APIError &) {
-        throw;
-    } catch (...) {
-        throw APIError::offline();
-    }
-    if (response->status == 0)
-        throw APIError::offline();
-    co_return std::move(*response);
 }
 
 } // namespace pingwell

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "api/api_client.h"
+#include "api/api_error.h"
+#include "api/http_transport.h"
 #include "api/wire_reader.h"
 
 #include <optional>
@@ -15,11 +16,11 @@ using Outcome = std::variant<Value, APIError>;
 
 /// The value. Throws the error.
 template<typename Value>
-Value valueOf(const Outcome<Value> &outcome)
+Value valueOf(Outcome<Value> outcome)
 {
     if (const APIError *error = std::get_if<APIError>(&outcome))
         throw *error;
-    return std::get<Value>(outcome);
+    return std::get<Value>(std::move(outcome));
 }
 
 /// What every response may say about itself.
@@ -36,7 +37,6 @@ struct ErrorEnvelope
 
 /// Why a response with this status and body is no success; none when it is one.
 [[nodiscard]] std::optional<APIError> failureOf(int status, const WireDocument &body);
-[[nodiscard]] std::optional<APIError> failureOf(const HTTPResponse &response);
 
 /// The service's sentence in a successful response.
 [[nodiscard]] Outcome<std::optional<QString>> messageOrFailureOf(const HTTPResponse &response);
@@ -61,9 +61,5 @@ Outcome<Record> decoded(const HTTPResponse &response, RecordReader<Record> read)
         return APIError::badResponse();
     }
 }
-
-/// Has the client's transport perform the request. Throws `APIError::offline()`, or the transport's own `APIError`,
-/// when no HTTP answer arrived.
-QCoro::Task<HTTPResponse> responseTo(APIClientPtr client, HTTPRequest request);
 
 } // namespace pingwell

@@ -78,7 +78,7 @@ QCoro::Task<std::optional<QString>> deleteAccount(APIClientPtr client)
 
 QCoro::Task<FetchedDashboard> fetchDashboard(APIClientPtr client, QByteArray known)
 {
-    const HTTPRequest request = client->makeRequest("GET", u"/dashboard"_s, {}, std::nullopt);
+    const HTTPRequest request = client->makeRequest("GET", u"/dashboard"_s);
     const HTTPResponse response = co_await responseTo(client, request);
     FetchedDashboard fetched;
     fetched.body = response.body;

@@ -19,12 +19,6 @@ bool isWeb(const QUrl &url)
     return url.isValid() && (url.scheme() == QLatin1StringView("https") || url.scheme() == QLatin1StringView("http"));
 }
 
-/// The network layer resolves "." and ".." in a path; an identifier of that name would make it another request.
-bool staysAsItIs(const QUrl &url)
-{
-    return url.path(QUrl::FullyEncoded) == url.adjusted(QUrl::NormalizePathSegments).path(QUrl::FullyEncoded);
-}
-
 /// Scheme, host and port, as RFC 6454 has it.
 bool haveSameOrigin(const QUrl &left, const QUrl &right)
 {
@@ -73,7 +67,7 @@ HTTPExchange::~HTTPExchange()
 void HTTPExchange::start()
 {
     m_deadline.start(m_limits.deadline);
-    if (isWeb(m_request.url) && staysAsItIs(m_request.url))
+    if (isWeb(m_request.url))
         sendTo(m_request.url);
     else
         end(std::nullopt);

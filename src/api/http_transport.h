@@ -33,7 +33,7 @@ struct HTTPResponse
 class HTTPTransport
 {
 public:
-    virtual ~HTTPTransport();
+    virtual ~HTTPTransport() = default;
 
     /// The answer, whatever its status. Throws `APIError::offline()` when none arrived.
     virtual QCoro::Task<HTTPResponse> perform(HTTPRequest request) = 0;

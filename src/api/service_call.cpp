@@ -2,15 +2,34 @@
 
 namespace pingwell {
 
-QCoro::Task<> requestNothing(APIClientPtr client, ServiceCall call)
+QCoro::Task<HTTPResponse> responseTo(APIClientPtr client, HTTPRequest request)
 {
-    const QueryItems noItems;
-    co_await send(client, call.method, call.path, noItems, call.body);
+    const std::shared_ptr<HTTPTransport> transport = client->transport();
+    std::optional<HTTPResponse> response;
+    try {
+        response = co_await transport->perform(request);
+    } catch (const APIError &) {
+        throw;
+    } catch (...) {
+        throw APIError::offline();
+    }
+    if (response->status == 0)
+        throw APIError::offline();
+    co_return std::move(*response);
 }
 
 QCoro::Task<std::optional<QString>> requestMessage(APIClientPtr client, ServiceCall call)
 {
-    return sendForMessage(std::move(client), call.method, call.path, call.body);
+    const HTTPRequest prepared = client->makeRequest(call.method, call.path, call.body);
+    const HTTPResponse response = co_await responseTo(client, prepared);
+    auto examine = [response] { return messageOrFailureOf(response); };
+    Outcome<std::optional<QString>> outcome = co_await inBackground(std::move(examine));
+    co_return valueOf(std::move(outcome));
+}
+
+QCoro::Task<> requestNothing(APIClientPtr client, ServiceCall call)
+{
+    co_await requestMessage(client, call);
 }
 
 } // namespace pingwell

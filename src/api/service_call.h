@@ -1,5 +1,6 @@
 #pragma once
 
+#include "api/api_client.h"
 #include "api/dashboard.h"
 #include "api/decoding.h"
 #include "async/background.h"
@@ -46,29 +47,33 @@ WithMessage<Mapped<DTO>> readMessageData(WireObject body, WireStrings &strings)
     return result;
 }
 
+/// Has the client's transport perform the request. Throws `APIError::offline()`, or the transport's own `APIError`,
+/// when no HTTP answer arrived.
+QCoro::Task<HTTPResponse> responseTo(APIClientPtr client, HTTPRequest request);
+
 /// Decodes the response in the thread pool.
 template<typename Record>
 QCoro::Task<Record> decodedInBackground(HTTPResponse response, RecordReader<Record> read)
 {
     auto decode = [response = std::move(response), read] { return decoded(response, read); };
-    const Outcome<Record> outcome = co_await inBackground(std::move(decode));
-    co_return valueOf(outcome);
+    Outcome<Record> outcome = co_await inBackground(std::move(decode));
+    co_return valueOf(std::move(outcome));
 }
 
 /// Performs the call for the record in its response.
 template<typename Record>
 QCoro::Task<Record> request(APIClientPtr client, ServiceCall call, RecordReader<Record> read)
 {
-    const HTTPRequest prepared = client->makeRequest(call.method, call.path, {}, call.body);
+    const HTTPRequest prepared = client->makeRequest(call.method, call.path, call.body);
     const HTTPResponse response = co_await responseTo(client, prepared);
     Record record = co_await decodedInBackground(response, read);
     co_return record;
 }
 
+/// Performs the call for the sentence that the service answers with, if it does.
+QCoro::Task<std::optional<QString>> requestMessage(APIClientPtr client, ServiceCall call);
+
 /// Performs the call and only tells failure from success.
 QCoro::Task<> requestNothing(APIClientPtr client, ServiceCall call);
-
-/// Performs the call for the sentence in its response.
-QCoro::Task<std::optional<QString>> requestMessage(APIClientPtr client, ServiceCall call);
 
 } // namespace pingwell

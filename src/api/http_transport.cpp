@@ -1,7 +1,0 @@
-#include "api/http_transport.h"
-
-namespace pingwell {
-
-HTTPTransport::~HTTPTransport() = default;
-
-} // namespace pingwell
