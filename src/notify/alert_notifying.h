@@ -13,7 +13,7 @@ namespace pingwell {
 class AlertNotifying
 {
 public:
-    virtual ~AlertNotifying();
+    virtual ~AlertNotifying() = default;
 
     /// Shows one alert as a notification; one already shown for the same alert is replaced. `workspaceName` is named
     /// only where the person belongs to more than one.

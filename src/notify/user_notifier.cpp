@@ -68,7 +68,9 @@ void UserNotifier::show(const Alert &alert, NotificationContent content)
 void UserNotifier::registerCategory(const Alert &alert)
 {
     const std::optional<NotificationCategory> category = categoryOf(alert);
-    if (!category || m_categories.contains(category->identifier))
+    // One identifier may stand for other choices now: "a|b" is one choice, or two. Those of this alert count; what is
+    // on the screen already has its buttons.
+    if (!category || m_categories.value(category->identifier) == *category)
         return;
     m_categories.insert(category->identifier, *category);
     m_center->setCategories(m_categories.values());

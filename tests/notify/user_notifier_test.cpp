@@ -41,15 +41,16 @@ Alert makeAlert(AlertKind kind, AnswerType answerType = AnswerType::choice, cons
     return alert;
 }
 
-QStringList written(const QList<NotificationAction> &actions)
+/// A category on one line.
+QString written(const NotificationCategory &category)
 {
-    QStringList texts;
-    for (const NotificationAction &action : actions) {
-        texts << action.identifier + u'=' + action.title;
+    QString text = category.identifier + u':';
+    for (const NotificationAction &action : category.actions) {
+        text += u' ' + action.identifier + u'=' + action.title;
         if (action.textInput)
-            texts.last() += u'/' + action.textInput->buttonTitle + u'/' + action.textInput->placeholder;
+            text += u'/' + action.textInput->buttonTitle + u'/' + action.textInput->placeholder;
     }
-    return texts;
+    return text;
 }
 
 } // namespace
@@ -58,10 +59,15 @@ class UserNotifierTest : public QObject
 {
     Q_OBJECT
 
-private:
     std::shared_ptr<FakeNotificationCenter> m_center;
     std::shared_ptr<RecordingResponses> m_responses;
     std::unique_ptr<UserNotifier> m_notifier;
+
+    const NotificationContent &deliver(const Alert &alert, bool sound = true)
+    {
+        m_notifier->deliver(alert, std::nullopt, sound);
+        return m_center->added.constLast().content;
+    }
 
 private slots:
     void init()
@@ -76,35 +82,39 @@ private slots:
     {
         QTest::addColumn<Alert>("alert");
         QTest::addColumn<QString>("category");
-        QTest::addColumn<QStringList>("actions");
-        const auto row = [](const char *name, const Alert &alert, const QString &category, const QStringList &actions) {
-            QTest::newRow(name) << alert << category << actions;
-        };
         const QStringList two{u"Approve"_s, u"Deny"_s};
-        row("choices", makeAlert(AlertKind::ask, AnswerType::choice, two), u"ask.Approve|Deny"_s,
-            {u"answer.0=Approve"_s, u"answer.1=Deny"_s});
-        row("text, nothing suggested", makeAlert(AlertKind::ask, AnswerType::text), u"reply.Type a reply…"_s,
-            {u"reply=Reply/Send/Type a reply…"_s});
-        row("text wins over choices", makeAlert(AlertKind::ask, AnswerType::text, two, u"Why?"_s), u"reply.Why?"_s,
-            {u"reply=Reply/Send/Why?"_s});
-        row("a notice with choices", makeAlert(AlertKind::notify, AnswerType::choice, two), QString(), {});
+        QTest::newRow("choices") << makeAlert(AlertKind::ask, AnswerType::choice, two)
+                                 << u"ask.Approve|Deny: answer.0=Approve answer.1=Deny"_s;
+        QTest::newRow("text, nothing suggested")
+            << makeAlert(AlertKind::ask, AnswerType::text) << u"reply.Type a reply…: reply=Reply/Send/Type a reply…"_s;
+        QTest::newRow("text wins over choices")
+            << makeAlert(AlertKind::ask, AnswerType::text, two, u"Why?"_s) << u"reply.Why?: reply=Reply/Send/Why?"_s;
     }
 
     void categories()
     {
         QFETCH(Alert, alert);
-        QFETCH(QString, category);
-        m_notifier->deliver(alert, std::nullopt, true);
-        m_notifier->deliver(alert, std::nullopt, true);
-        QCOMPARE(m_center->added.constFirst().content.categoryIdentifier.value_or(QString()), category);
-        QCOMPARE(m_center->registered.size(), category.isEmpty() ? 0 : 1);
-        if (category.isEmpty())
-            return;
-        QCOMPARE(m_center->registered.constFirst().constFirst().identifier, category);
-        QTEST(written(m_center->registered.constFirst().constFirst().actions), "actions");
+        deliver(alert);
+        QCOMPARE(deliver(alert).categoryIdentifier, m_center->registered.constFirst().constFirst().identifier);
+        QCOMPARE(m_center->registered.size(), 1);
+        QTEST(written(m_center->registered.constFirst().constFirst()), "category");
         // The desktop replaces the set, so it has to be whole.
-        m_notifier->deliver(makeAlert(AlertKind::ask, AnswerType::choice, {u"New"_s}), std::nullopt, true);
+        deliver(makeAlert(AlertKind::ask, AnswerType::choice, {u"New"_s}));
         QCOMPARE(m_center->registered.constLast().size(), 2);
+    }
+
+    void noticesHaveNoButtons()
+    {
+        QVERIFY(!deliver(makeAlert(AlertKind::notify, AnswerType::choice, {u"Yes"_s})).categoryIdentifier);
+        QVERIFY(m_center->registered.isEmpty());
+    }
+
+    void buttonsAreThoseOfTheAlert()
+    {
+        for (const QStringList &actions : {QStringList{u"a|b"_s}, QStringList{u"a"_s, u"b"_s}, QStringList{u"a|b"_s}}) {
+            deliver(makeAlert(AlertKind::ask, AnswerType::choice, actions));
+            QCOMPARE(m_center->registered.constLast().constFirst().actions.size(), actions.size());
+        }
     }
 
     void loudness()
@@ -114,9 +124,9 @@ private slots:
             for (const bool maySound : {true, false}) {
                 Alert alert = makeAlert(AlertKind::notify);
                 alert.priority = priority;
-                m_notifier->deliver(alert, std::nullopt, maySound);
-                QCOMPARE(m_center->added.constLast().content.sound, maySound || isCritical);
-                QCOMPARE(m_center->added.constLast().content.timeSensitive, isCritical);
+                const NotificationContent &content = deliver(alert, maySound);
+                QCOMPARE(content.sound, maySound || isCritical);
+                QCOMPARE(content.timeSensitive, isCritical);
             }
         }
     }
@@ -126,57 +136,55 @@ private slots:
         const Alert alert = makeAlert(AlertKind::ask, AnswerType::choice, {u"Yes"_s, u"No"_s});
         m_notifier->deliver(alert, u"Team"_s, true);
         const NotificationRequest request = m_center->added.constFirst();
-        QCOMPARE(request.identifier, alert.id);
-        QCOMPARE(request.content.title, alert.title);
+        QCOMPARE(request.identifier, u"a-1"_s);
+        QCOMPARE(request.content.title, u"Ship it?"_s);
         QCOMPARE(request.content.subtitle, u"Deployer · #releases · Team"_s);
-        QCOMPARE(request.content.body, alert.body);
-        QCOMPARE(
-            request.content.payload,
-            (NotificationPayload{.alertId = alert.id, .workspaceId = alert.workspaceId, .actions = alert.actions}));
+        QCOMPARE(request.content.body, u"Version 2 is ready."_s);
+        QCOMPARE(request.content.payload, (NotificationPayload{u"a-1"_s, u"w-1"_s, {u"Yes"_s, u"No"_s}}));
 
         m_notifier->deliverRefusal(makeAlert(AlertKind::ask, AnswerType::text), std::nullopt, u"The ask is closed."_s);
         const NotificationContent refusal = m_center->added.constLast().content;
         QCOMPARE(refusal.subtitle, u"Deployer · #releases"_s);
         QCOMPARE(refusal.body, u"Your answer didn't go through. The ask is closed.\nVersion 2 is ready."_s);
-        QVERIFY(!refusal.sound);
         // It can be answered again, also when it was never delivered before.
-        QVERIFY(refusal.categoryIdentifier && m_center->registered.size() == 2);
+        QVERIFY(!refusal.sound && refusal.categoryIdentifier && m_center->registered.size() == 2);
     }
 
     void responses_data()
     {
         QTest::addColumn<QString>("action");
-        QTest::addColumn<QString>("text");
+        QTest::addColumn<std::optional<QString>>("text");
         QTest::addColumn<QStringList>("lines");
-        QTest::newRow("last choice") << u"answer.1"_s << QString() << QStringList{u"answer a-1: No"_s};
+        const auto row = [](const QString &action, const std::optional<QString> &text, const QStringList &lines) {
+            QTest::addRow("%s %s", qPrintable(action), text ? "with text" : "") << action << text << lines;
+        };
+        row(u"answer.1"_s, {}, {u"answer a-1: No"_s});
         for (const char *index : {"2", "-1", "x", "", "0x1", "18446744073709551616"})
-            QTest::addRow("index '%s'", index)
-                << QString(u"answer."_s + QLatin1String(index)) << QString() << QStringList();
-        QTest::newRow("typed") << u"reply"_s << u"Fine by me"_s << QStringList{u"answer a-1: Fine by me"_s};
-        QTest::newRow("no field to type in") << u"reply"_s << QString() << QStringList{u"open a-1 to reply [token]"_s};
-        QTest::newRow("clicked") << u"default"_s << QString() << QStringList{u"open a-1 [token]"_s};
-        QTest::newRow("something else") << u"dismiss"_s << QString() << QStringList();
+            row(u"answer."_s + QLatin1String(index), {}, {});
+        row(u"reply"_s, u"Fine by me"_s, {u"answer a-1: Fine by me"_s});
+        row(u"reply"_s, {}, {u"open a-1 to reply [token]"_s});
+        row(u"default"_s, {}, {u"open a-1 [token]"_s});
+        row(u"dismiss"_s, {}, {});
     }
 
     void responses()
     {
         QFETCH(QString, action);
-        QFETCH(QString, text);
-        NotificationResponse response{
-            .payload = {.alertId = u"a-1"_s, .workspaceId = QString(), .actions = {u"Yes"_s, u"No"_s}},
-            .actionIdentifier = action,
-            .text = text.isEmpty() ? std::nullopt : std::optional(text),
-            .activationToken = u"token"_s,
-        };
+        QFETCH(std::optional<QString>, text);
+        NotificationResponse response{{u"a-1"_s, {}, {u"Yes"_s, u"No"_s}}, action, text, u"token"_s};
         m_center->responseHandler(response);
         QVERIFY2(m_responses->lines.isEmpty(), "an answer to a banner of no workspace");
         response.payload.workspaceId = u"w-1"_s;
         m_center->responseHandler(response);
         QTEST(m_responses->lines, "lines");
+    }
+
+    void outlivesNobody()
+    {
         const std::weak_ptr<RecordingResponses> watched = m_responses;
         m_responses.reset();
         QVERIFY2(watched.expired(), "the notifier keeps the store alive");
-        m_center->responseHandler(response);
+        m_center->responseHandler({{u"a-1"_s, u"w-1"_s, {}}, u"default"_s, {}, {}});
         m_notifier.reset();
         QVERIFY2(!m_center->responseHandler, "the center would call a notifier that is gone");
     }

@@ -1,7 +1,0 @@
-#include "notify/alert_notifying.h"
-
-namespace pingwell {
-
-AlertNotifying::~AlertNotifying() = default;
-
-} // namespace pingwell
