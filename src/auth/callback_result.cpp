@@ -2,31 +2,16 @@
 
 #include <QUrlQuery>
 
-#include <optional>
-
 namespace pingwell {
-
-namespace {
-
-/// The value of the first item with that name; a null text for an item without a value.
-std::optional<QString> firstItem(const QUrl &url, const QString &name)
-{
-    const QUrlQuery query(url);
-    if (!query.hasQueryItem(name))
-        return std::nullopt;
-    return query.queryItemValue(name, QUrl::FullyDecoded);
-}
-
-} // namespace
 
 CallbackResult parseCallback(const QUrl &url)
 {
-    const QString failed = QStringLiteral("oauth_failed");
-    const auto code = firstItem(url, QStringLiteral("code"));
-    if (code && !code->isEmpty())
-        return CallbackResult::code(*code);
-    const auto error = firstItem(url, QStringLiteral("error"));
-    return CallbackResult::error(error && !error->isEmpty() ? *error : failed);
+    const QUrlQuery query(url);
+    const QString code = query.queryItemValue(QStringLiteral("code"), QUrl::FullyDecoded);
+    if (!code.isEmpty())
+        return CallbackResult::code(code);
+    const QString error = query.queryItemValue(QStringLiteral("error"), QUrl::FullyDecoded);
+    return CallbackResult::error(error.isEmpty() ? QStringLiteral("oauth_failed") : error);
 }
 
 QString signInErrorMessage(const QString &reason)

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <optional>
+#include <utility>
 
 namespace pingwell {
 
@@ -12,7 +13,7 @@ namespace pingwell {
 class TokenStore
 {
 public:
-    virtual ~TokenStore();
+    virtual ~TokenStore() = default;
 
     [[nodiscard]] virtual std::optional<QString> load() = 0;
     virtual void save(const QString &token) = 0;
@@ -29,7 +30,10 @@ public:
 class MemoryTokenStore final : public TokenStore
 {
 public:
-    explicit MemoryTokenStore(std::optional<QString> token = std::nullopt);
+    explicit MemoryTokenStore(std::optional<QString> token = std::nullopt)
+        : m_token(std::move(token))
+    {
+    }
 
     [[nodiscard]] std::optional<QString> load() override { return m_token; }
     void save(const QString &token) override { m_token = token; }

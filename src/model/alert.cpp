@@ -25,7 +25,7 @@ std::optional<ReplyState> Alert::replyState(Instant now) const
 
 bool Alert::isWaiting(Instant now) const
 {
-    return kind == AlertKind::ask && !answer && !timedOutAt && (!expiresAt || *expiresAt > now);
+    return pingwell::isWaiting(replyState(now));
 }
 
 std::optional<QString> Alert::validatedAnswer(const QString &proposed) const

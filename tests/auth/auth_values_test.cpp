@@ -1,9 +1,6 @@
 #include "auth/account_record.h"
 #include "auth/pkce.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QRegularExpression>
 #include <QTest>
 
 using namespace pingwell;
@@ -17,21 +14,18 @@ private slots:
     void accountRecord()
     {
         const Account account{
-            .name = u"Zoë \"Z\" 🐙"_s, .email = QString(), .provider = AuthProvider::github, .plan = u"Team"_s};
+            .name = u"Zoë 🐙"_s, .email = QString(), .provider = AuthProvider::github, .plan = u"Team"_s};
         const QByteArray record = encodedAccount(account);
+        QCOMPARE(record, R"({"email":"","name":"Zoë 🐙","plan":"Team","provider":"github"})"_ba);
         QCOMPARE(decodedAccount(record), std::optional(account));
-        const QJsonObject object = QJsonDocument::fromJson(record).object();
-        QCOMPARE(object.keys(), (QStringList{u"email"_s, u"name"_s, u"plan"_s, u"provider"_s}));
-        QCOMPARE(object.value(u"provider"_s), u"github"_s);
+        QCOMPARE(decodedAccount(QByteArray(record).replace("{", R"({"later":[],)")), std::optional(account));
 
         // A damaged record is no account.
         QVERIFY(!decodedAccount({}) && !decodedAccount(record.chopped(1)) && !decodedAccount('[' + record + ']'));
-        for (const QString &key : object.keys()) {
-            for (const QJsonValue &wrong : {QJsonValue(QJsonValue::Undefined), QJsonValue(), QJsonValue(1)}) {
-                QJsonObject damaged = object;
-                damaged.insert(key, wrong);
-                QVERIFY2(!decodedAccount(QJsonDocument(damaged).toJson()), qPrintable(key));
-            }
+        for (const QByteArray field : {R"("email":"")", R"("plan":"Team")", R"("provider":"github")"}) {
+            const QByteArray key = field.first(field.indexOf(':') + 1);
+            for (const QByteArray &wrong : QByteArrayList{R"("x":"")", key + "null", key + '1'})
+                QVERIFY2(!decodedAccount(QByteArray(record).replace(field, wrong)), key.constData());
         }
         QVERIFY(!decodedAccount(QByteArray(record).replace("github", "GitHub")));
     }
@@ -44,9 +38,7 @@ private slots:
         const PKCE example = PKCE::from(QByteArray(octets, 32));
         QCOMPARE(example.verifier, u"dBjftJeZ4CVP-mB92K27uhbUJU1p1r_wW1gFWFOEjXk"_s);
         QCOMPARE(example.challenge, u"E9Melhoa2OwvFrEMTJguCHaoeK1t8URWbuGJSstw-cM"_s);
-        const PKCE fresh = PKCE::make();
-        QVERIFY(QRegularExpression(u"^[A-Za-z0-9_-]{43}$"_s).match(fresh.verifier).hasMatch());
-        QVERIFY(fresh.verifier != PKCE::make().verifier);
+        QVERIFY(PKCE::make().verifier != PKCE::make().verifier);
     }
 };
 

@@ -5,7 +5,6 @@
 #include <QStringList>
 
 #include <condition_variable>
-#include <map>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -16,14 +15,6 @@ namespace pingwell {
 /// A keychain in memory that can be slow, locked or broken, and tells what was asked of it. Any thread.
 class FakeKeychain final : public Keychain
 {
-    template<typename Member, typename Value>
-    void set(Member &member, const Value &value)
-    {
-        const std::lock_guard lock(m_mutex);
-        member = value;
-        m_changed.notify_all();
-    }
-
 public:
     std::optional<QByteArray> item() const
     {
@@ -60,18 +51,12 @@ public:
 
     KeychainStatus store(const QString &, const QString &, const QByteArray &data) override
     {
-        std::unique_lock lock = enter(QStringLiteral("store"));
-        if (m_status == KeychainStatus::success)
-            m_item = data.toStdString();
-        return m_status;
+        return write(QStringLiteral("store"), data.toStdString());
     }
 
     KeychainStatus remove(const QString &, const QString &) override
     {
-        std::unique_lock lock = enter(QStringLiteral("remove"));
-        if (m_status == KeychainStatus::success)
-            m_item.reset();
-        return m_status;
+        return write(QStringLiteral("remove"), std::nullopt);
     }
 
     KeychainStatus unlock(std::stop_token stop) override
@@ -85,6 +70,17 @@ public:
     }
 
 private:
+    // Not shared between threads as a QByteArray would be, whose counting thread sanitizers can't see inside Qt.
+    using Item = std::optional<std::string>;
+
+    template<typename Member, typename Value>
+    void set(Member &member, const Value &value)
+    {
+        const std::lock_guard lock(m_mutex);
+        member = value;
+        m_changed.notify_all();
+    }
+
     std::unique_lock<std::mutex> enter(const QString &call)
     {
         std::unique_lock lock(m_mutex);
@@ -93,10 +89,17 @@ private:
         return lock;
     }
 
+    KeychainStatus write(const QString &call, const Item &item)
+    {
+        const std::unique_lock lock = enter(call);
+        if (m_status == KeychainStatus::success)
+            m_item = item;
+        return m_status;
+    }
+
     mutable std::mutex m_mutex;
-    mutable std::condition_variable_any m_changed;
-    // Not shared between threads as a QByteArray would be, whose counting thread sanitizers can't see inside Qt.
-    std::optional<std::string> m_item;
+    std::condition_variable_any m_changed;
+    Item m_item;
     KeychainStatus m_status = KeychainStatus::success;
     std::optional<KeychainStatus> m_unlockAnswer;
     KeychainStatus m_statusAfterUnlock = KeychainStatus::success;

@@ -1,12 +1,13 @@
 #include "model/alert.h"
-#include "model/inbox_filter.h"
 #include "model/workspace.h"
 
 #include <QTest>
 
 #include <algorithm>
+#include <functional>
 
 using namespace pingwell;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -15,37 +16,21 @@ const Instant start{Seconds(1'700'000'000)};
 Alert ask()
 {
     Alert alert;
-    alert.id = QStringLiteral("a1");
     alert.kind = AlertKind::ask;
-    alert.actions = {QStringLiteral("Approve"), QStringLiteral("Deny")};
+    alert.actions = {u"Approve"_s, u"Deny"_s};
     alert.at = start;
-    return alert;
-}
-
-Alert textAsk()
-{
-    Alert alert = ask();
-    alert.actions.clear();
-    alert.answerType = AnswerType::text;
     return alert;
 }
 
 QString told(const std::optional<ReplyState> &state)
 {
     if (!state)
-        return QStringLiteral("none");
+        return u"none"_s;
     if (const auto *waiting = std::get_if<Waiting>(&*state))
-        return QStringLiteral("waiting ") + QString::number(waiting->remaining);
+        return u"waiting "_s + QString::number(waiting->remaining);
     if (const auto *answered = std::get_if<Answered>(&*state))
-        return QStringLiteral("answered ") + answered->text;
-    return QStringLiteral("timed out");
-}
-
-template<typename Change>
-Alert changed(Alert alert, Change change)
-{
-    change(alert);
-    return alert;
+        return u"answered "_s + answered->text;
+    return u"timed out"_s;
 }
 
 } // namespace
@@ -59,25 +44,24 @@ private slots:
     {
         QTest::addColumn<Alert>("alert");
         QTest::addColumn<QString>("expected");
-
-        QTest::newRow("a notice, whatever its fields") << changed(ask(), [](Alert &alert) {
-            alert.kind = AlertKind::notify;
-            alert.expiresAt = start;
-        }) << "none";
-        QTest::newRow("no deadline") << ask() << "waiting inf";
-        QTest::newRow("one second left") << changed(ask(), [](Alert &alert) { alert.expiresAt = start + Seconds(1); })
-                                         << "waiting 1";
-        QTest::newRow("deadline reached")
-            << changed(ask(), [](Alert &alert) { alert.expiresAt = start; }) << "timed out";
-        QTest::newRow("timed out by the service before its deadline") << changed(ask(), [](Alert &alert) {
+        const auto row = [](const char *name, const QString &expected, const std::function<void(Alert &)> &change) {
+            Alert alert = ask();
+            change(alert);
+            QTest::newRow(name) << alert << expected;
+        };
+        row("a notice, whatever its fields", u"none"_s, [](Alert &alert) { alert.kind = AlertKind::notify; });
+        row("no deadline", u"waiting inf"_s, [](Alert &) {});
+        row("one second left", u"waiting 1"_s, [](Alert &alert) { alert.expiresAt = start + Seconds(1); });
+        row("deadline reached", u"timed out"_s, [](Alert &alert) { alert.expiresAt = start; });
+        row("timed out by the service before its deadline", u"timed out"_s, [](Alert &alert) {
             alert.expiresAt = start + Seconds(60);
             alert.timedOutAt = start;
-        }) << "timed out";
-        QTest::newRow("an answer wins over every time-out") << changed(ask(), [](Alert &alert) {
-            alert.answer = QStringLiteral("Deny");
+        });
+        row("an answer wins over every time-out", u"answered Deny"_s, [](Alert &alert) {
+            alert.answer = u"Deny"_s;
             alert.timedOutAt = start;
             alert.expiresAt = start;
-        }) << "answered Deny";
+        });
     }
 
     void replyState()
@@ -90,54 +74,45 @@ private slots:
 
     void validatedAnswer_data()
     {
-        QTest::addColumn<Alert>("alert");
+        QTest::addColumn<AnswerType>("type");
         QTest::addColumn<QString>("proposed");
-        QTest::addColumn<QString>("expected");
+        QTest::addColumn<std::optional<QString>>("expected");
+        const auto row = [](const char *name, AnswerType type, const QString &proposed,
+                            const std::optional<QString> &expected) {
+            QTest::newRow(name) << type << proposed << expected;
+        };
         const QString full(1000, u'x');
-
-        QTest::newRow("one of the choices") << ask() << "Deny"
-                                            << "Deny";
-        QTest::newRow("another letter case") << ask() << "deny" << QString();
-        QTest::newRow("a choice with blanks") << ask() << " Deny" << QString();
-        QTest::newRow("text is trimmed") << textAsk() << " \n yes\t "
-                                         << "yes";
-        QTest::newRow("blank text") << textAsk() << " \n\t" << QString();
-        QTest::newRow("text at the limit") << textAsk() << QString(u' ' + full) << full;
-        QTest::newRow("text over the limit") << textAsk() << QString(full + u'x') << QString();
-        QTest::newRow("emoji count twice")
-            << textAsk() << QString(QString(999, u'x') + QStringLiteral("😀")) << QString();
+        row("one of the choices", AnswerType::choice, u"Deny"_s, u"Deny"_s);
+        row("another letter case", AnswerType::choice, u"deny"_s, {});
+        row("a choice with blanks", AnswerType::choice, u" Deny"_s, {});
+        row("text is trimmed", AnswerType::text, u" \n yes\t "_s, u"yes"_s);
+        row("blank text", AnswerType::text, u" \n\t"_s, {});
+        row("text at the limit", AnswerType::text, u' ' + full, full);
+        row("text over the limit, of which an emoji takes two", AnswerType::text, full.chopped(1) + u"😀"_s, {});
     }
 
     void validatedAnswer()
     {
-        QFETCH(Alert, alert);
+        QFETCH(AnswerType, type);
         QFETCH(QString, proposed);
-        QFETCH(QString, expected);
-        const auto answer = alert.validatedAnswer(proposed);
-        QCOMPARE(answer.has_value(), !expected.isNull());
-        QCOMPARE(answer.value_or(QString()), expected);
-    }
-
-    void responseWindow_data()
-    {
-        QTest::addColumn<double>("seconds");
-        QTest::addColumn<qint64>("minutes");
-        QTest::newRow("half a minute rounds up") << 90.0 << qint64(2);
-        QTest::newRow("less than half rounds down") << 29.0 << qint64(0);
-        QTest::newRow("half a minute before rounds away from zero") << -90.0 << qint64(-2);
-        QTest::newRow("the widest window on the wire")
-            << 2 * maximumInstantMilliseconds / 1000 << qint64(288'000'000'000);
+        Alert alert = ask();
+        alert.answerType = type;
+        QTEST(alert.validatedAnswer(proposed), "expected");
     }
 
     void responseWindow()
     {
-        QFETCH(double, seconds);
-        QFETCH(qint64, minutes);
-        Alert alert = ask();
-        alert.expiresAt = alert.at + Seconds(seconds);
-        QCOMPARE(alert.responseWindowMinutes(), std::optional<std::int64_t>(minutes));
-        alert.expiresAt.reset();
-        QCOMPARE(alert.responseWindowMinutes(), std::optional<std::int64_t>());
+        const auto minutes = [](double seconds) {
+            Alert alert = ask();
+            alert.expiresAt = alert.at + Seconds(seconds);
+            return *alert.responseWindowMinutes();
+        };
+        QCOMPARE(minutes(90), 2);
+        QCOMPARE(minutes(29), 0);
+        QCOMPARE(minutes(-90), -2);
+        // The widest window that can travel.
+        QCOMPARE(minutes(2 * maximumInstantMilliseconds / 1000), 288'000'000'000);
+        QVERIFY(!ask().responseWindowMinutes());
     }
 
     void escalationNeedsATeam()
@@ -150,26 +125,11 @@ private slots:
         QVERIFY(isAllowed(TimeoutAction::default_, WorkspaceKind::personal));
     }
 
-    void wordsOfEnumerations()
+    void prioritiesAreOrdered()
     {
-        QList<Priority> priorities{Priority::critical, Priority::silent, Priority::high, Priority::normal};
-        std::sort(priorities.begin(), priorities.end());
-        QStringList words;
-        for (const Priority priority : priorities)
-            words << rawValue(priority);
-        QCOMPARE(words.join(u' '), QStringLiteral("silent normal high critical"));
-        QCOMPARE(fromRawValue<TimeoutAction>(u"default"), std::optional(TimeoutAction::default_));
-        QCOMPARE(fromRawValue<ServerKind>(u"SelfHosted"), std::optional<ServerKind>());
-        QCOMPARE(QString(rawValue(DevicePlatform::linux_)), QStringLiteral("linux"));
-    }
-
-    void topicFiltersEqualByName()
-    {
-        const auto deploys = InboxFilter::topic(QStringLiteral("deploys"));
-        QCOMPARE(deploys, InboxFilter::topic(QStringLiteral("deploys")));
-        QCOMPARE(qHash(deploys), qHash(InboxFilter::topic(QStringLiteral("deploys"))));
-        QVERIFY(deploys != InboxFilter::topic(QStringLiteral("billing")));
-        QVERIFY(deploys != InboxFilter::asks());
+        const auto cases = allCases<Priority>();
+        QVERIFY(std::is_sorted(cases.begin(), cases.end()));
+        QVERIFY(cases.front() == Priority::silent && Priority::critical > Priority::high);
     }
 };
 
