@@ -2,6 +2,9 @@
 
 #include <QJsonArray>
 
+#include <algorithm>
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace pingwell::devserver {
@@ -47,21 +50,14 @@ std::optional<bool> flagField(const QJsonObject &body, const QString &key)
     return value->toBool();
 }
 
-std::optional<double> numberField(const QJsonObject &body, const QString &key)
+std::optional<double> numberField(const QJsonObject &body, const QString &key, double least, double most)
 {
     const std::optional<QJsonValue> value = present(body, key);
     if (!value)
         return std::nullopt;
-    if (!value->isDouble())
-        throw badRequest(u"“%1” must be a number."_s.arg(key));
-    return value->toDouble();
-}
-
-std::optional<double> numberField(const QJsonObject &body, const QString &key, double least, double most)
-{
-    const std::optional<double> number = numberField(body, key);
-    if (number && !(*number >= least && *number <= most))
-        throw badRequest(u"“%1” must lie between %2 and %3."_s.arg(key).arg(least).arg(most));
+    const double number = value->toDouble(std::numeric_limits<double>::quiet_NaN());
+    if (!(number >= least && number <= most))
+        throw badRequest(u"“%1” must be a number between %2 and %3."_s.arg(key).arg(least).arg(most));
     return number;
 }
 
@@ -70,16 +66,11 @@ std::optional<QStringList> textListField(const QJsonObject &body, const QString 
     const std::optional<QJsonValue> value = present(body, key);
     if (!value)
         return std::nullopt;
-    QStringList texts;
     const QJsonArray entries = value->toArray();
-    for (const QJsonValue &entry : entries) {
-        if (!entry.isString() || entry.toString().isEmpty())
-            throw badRequest(u"“%1” must be a list of texts."_s.arg(key));
-        texts.append(entry.toString());
-    }
-    if (!value->isArray())
+    const auto isText = [](const QJsonValue &entry) { return !entry.toString().isEmpty(); };
+    if (!value->isArray() || !std::all_of(entries.begin(), entries.end(), isText))
         throw badRequest(u"“%1” must be a list of texts."_s.arg(key));
-    return texts;
+    return value->toVariant().toStringList();
 }
 
 } // namespace pingwell::devserver

@@ -18,7 +18,6 @@ std::optional<QString> textField(const QJsonObject &body, const QString &key);
 /// Throws also when the text is absent or blank; trimmed.
 QString requiredText(const QJsonObject &body, const QString &key);
 std::optional<bool> flagField(const QJsonObject &body, const QString &key);
-std::optional<double> numberField(const QJsonObject &body, const QString &key);
 /// A number between the bounds, inclusive.
 std::optional<double> numberField(const QJsonObject &body, const QString &key, double least, double most);
 std::optional<QStringList> textListField(const QJsonObject &body, const QString &key);

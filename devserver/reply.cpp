@@ -15,34 +15,6 @@ QByteArray encoded(const QJsonObject &object)
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
-QByteArray reasonPhrase(int status)
-{
-    switch (status) {
-    case 200:
-        return "OK";
-    case 302:
-        return "Found";
-    case 400:
-        return "Bad Request";
-    case 401:
-        return "Unauthorized";
-    case 403:
-        return "Forbidden";
-    case 404:
-        return "Not Found";
-    case 405:
-        return "Method Not Allowed";
-    case 409:
-        return "Conflict";
-    case 500:
-        return "Internal Server Error";
-    case 503:
-        return "Service Unavailable";
-    default:
-        return "Status";
-    }
-}
-
 } // namespace
 
 Reply done(const QString &message)
@@ -84,7 +56,8 @@ Reply refused(const Refusal &refusal)
 
 QByteArray head(const Reply &reply, qsizetype length)
 {
-    QByteArray text = "HTTP/1.1 " + QByteArray::number(reply.status) + ' ' + reasonPhrase(reply.status) + "\r\n";
+    // Without a reason phrase, which nobody reads.
+    QByteArray text = "HTTP/1.1 " + QByteArray::number(reply.status) + " \r\n";
     text += "Content-Type: " + reply.contentType + "\r\n";
     text += "Content-Length: " + QByteArray::number(length) + "\r\n";
     text += "Cache-Control: no-store\r\n";
