@@ -35,15 +35,13 @@ AppStore::AppStore(SeedData seed, bool signedIn, std::shared_ptr<Preferences> de
     , m_clock(std::move(clock))
     , m_now(now)
     , m_hasLoaded(m_backend == nullptr)
+    , m_unreadOverrides(m_defaults)
 {
     connect(this, &AppStore::alertsChanged, this, &AppStore::unreadCountChanged);
     connect(this, &AppStore::activeWorkspaceIDChanged, this, &AppStore::unreadCountChanged);
     fillFromSeed();
-    if (m_defaults) {
-        const QStringList unread = m_defaults->strings(preference_keys::unreadAlerts).value_or(QStringList());
-        m_unreadOverrides = QSet<QString>(unread.begin(), unread.end());
+    if (m_defaults)
         StartSteps::restoreServerChoice(*this);
-    }
     if (m_backend) {
         check(m_backend->heartbeatEvery != 0 && m_backend->invitesEvery != 0, "a poll count of the backend is zero");
         watchTokenStore();
@@ -79,7 +77,6 @@ void AppStore::fillFromSeed()
     set(m_settings, m_seed.settings, &AppStore::settingsChanged);
     set(m_workspaces, m_seed.workspaces, &AppStore::workspacesChanged);
     set(m_members, m_seed.members, &AppStore::membersChanged);
-    m_plan = m_seed.plan;
     const QString first = m_workspaces.isEmpty() ? QString() : m_workspaces.first().id;
     set(m_activeWorkspaceID, first, &AppStore::activeWorkspaceIDChanged);
 }

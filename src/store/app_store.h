@@ -9,7 +9,9 @@
 #include "model/preferences.h"
 #include "model/toast.h"
 #include "store/backend.h"
+#include "store/mutation_count.h"
 #include "store/seed_data.h"
+#include "store/unread_overrides.h"
 
 #include <QCoroTask>
 #include <QHash>
@@ -83,7 +85,7 @@ public:
     [[nodiscard]] Instant now() const { return m_now; }
     [[nodiscard]] bool hasLoaded() const { return m_hasLoaded; }
     /// Changes of the person's are on their way to the service.
-    [[nodiscard]] bool hasMutationsInFlight() const { return m_mutationsInFlight > 0; }
+    [[nodiscard]] bool hasMutationsInFlight() const { return m_mutations.isAny(); }
     [[nodiscard]] bool isSigningIn() const { return m_isSigningIn; }
     [[nodiscard]] const std::optional<QString> &signInError() const { return m_signInError; }
     [[nodiscard]] const std::optional<QString> &connectionProblem() const { return m_connectionProblem; }
@@ -97,7 +99,6 @@ public:
     [[nodiscard]] bool isCreatingWorkspace() const { return m_isCreatingWorkspace; }
     [[nodiscard]] bool showsNotificationPrompt() const { return m_showsNotificationPrompt; }
     [[nodiscard]] const QHash<QString, QString> &replyDrafts() const { return m_replyDrafts; }
-    [[nodiscard]] const QSet<QString> &unreadOverrides() const { return m_unreadOverrides; }
     [[nodiscard]] const APIClientPtr &client() const { return m_client; }
     [[nodiscard]] bool isLive() const { return m_backend != nullptr; }
 
@@ -271,8 +272,10 @@ private:
     struct StartSteps;
     struct ClockSteps;
     struct AlertSteps;
+    struct AnswerSteps;
     struct WorkspaceSteps;
     struct MemberSteps;
+    struct InvitationSteps;
     struct TopicSteps;
     struct AccountSteps;
     struct MutationSteps;
@@ -310,35 +313,31 @@ private:
     // What several subjects share.
     void fillFromSeed();
     void clearSelectionAndFilter();
-    void addWorkspace(const Workspace &workspace, const QList<Member> &members);
-    void removeWorkspaceLocally(const Workspace &workspace);
     void replaceAlert(const Alert &alert);
-    void receive(Alert alert);
-    void applyUnreadOverrides(const QSet<QString> &ids);
-    void setUnreadOverride(const QString &id, bool unread);
-    void setUnreadOverrides(const QSet<QString> &overrides);
     /// Tells the person, once, when what they have just set will be forgotten.
     void tellIfForgotten();
-    void keepReplyDraft(const QString &text, const QString &alertID);
     void removeReplyDraft(const QString &alertID);
-    /// False when the answer may not be given; nothing has happened then.
-    bool submitAnswer(const QString &alertID, const QString &text, Refused refused);
     void withdrawNotifications(const QStringList &alertIDs);
     [[nodiscard]] std::optional<QString> workspaceName(const QString &workspaceID) const;
+    /// Tells the service of a change already made here; a demo has nobody to tell.
     void mutate(Rollback rollback, Operation operation, Refused refused = {});
     /// The same in a lane: what is sent for one `lane` is sent in the order of the changes, one after the other.
     void mutateInOrder(const QString &lane, Rollback rollback, Operation operation);
+    [[nodiscard]] bool isRefreshing() const { return m_client && m_refreshingClient == m_client; }
     void refreshIfOwed();
-    void handleError(const APIError &error);
+    /// Shows what the service said to a change, if anything, while the session of `client` lasts.
+    static void tellReply(const QPointer<AppStore> &store, const APIClientPtr &client,
+                          const std::optional<QString> &message);
+    /// Tells why something that the person wanted was not done; ends the session where it has ended at the service.
+    void tellFailure(const APIError &error);
     void watchTokenStore();
     void restoreSession();
+    /// Takes up a session that the keyring gave out late, unless there is one by now or is going to be.
+    void restoreLateSession();
     void saveAccount(const Account &account);
     void refreshProvidersSoon();
-    [[nodiscard]] QByteArray knownBody() const;
     void takeAccount(const Account &account);
-    void handle(const APIError &error);
     void applyDashboard(FetchedDashboard fetched);
-    void advanceNotificationMark(const QList<Alert> &alerts);
 
     SeedData m_seed;
     std::shared_ptr<Preferences> m_defaults;
@@ -372,25 +371,22 @@ private:
     bool m_isCreatingWorkspace = false;
     bool m_showsNotificationPrompt = false;
     QHash<QString, QString> m_replyDrafts;
-    QString m_plan;
     APIClientPtr m_client;
     std::stop_source m_clockTask{std::nostopstate};
     std::stop_source m_syncTask{std::nostopstate};
     std::stop_source m_toastTask{std::nostopstate};
     std::stop_source m_providersTask{std::nostopstate};
     QUrl m_signInPage;
-    int m_mutationsInFlight = 0;
-    qint64 m_mutationEpoch = 0;
+    MutationCount m_mutations;
     /// What is under way and what waits behind it, by lane.
     QHash<QString, QList<std::shared_ptr<Mutation>>> m_mutationLanes;
     /// Members that exist here alone until the service answers their invitation.
     QSet<QString> m_provisionalMembers;
-    bool m_isRefreshing = false;
+    /// Whose dashboard request is outstanding; that of an earlier session does not hold up the next one's.
+    APIClientPtr m_refreshingClient;
     /// A refused change still waits for a refresh that may be applied.
     bool m_refreshIsOwed = false;
-    /// Moves on when a session ends: a request made for it no longer counts as outstanding.
-    quint64 m_refreshSerial = 0;
-    QSet<QString> m_unreadOverrides;
+    UnreadOverrides m_unreadOverrides;
     bool m_toldOfForgetting = false;
     /// The dashboard last merged, and the epoch it was merged in: the same bytes in the same epoch change nothing.
     QByteArray m_appliedBody;

@@ -114,8 +114,7 @@ QCoro::Task<> AppStore::AccountSteps::performRemoveDevice(QPointer<AppStore> sto
                                                           QString deviceID)
 {
     const std::optional<QString> message = co_await endpoints::unregisterDevice(client, deviceID);
-    if (store && store->m_client == client && message)
-        store->showToast(*message, false);
+    tellReply(store, client, message);
 }
 
 void AppStore::deleteAccount()
@@ -137,7 +136,7 @@ QCoro::Task<> AppStore::AccountSteps::runDeleteAccount(QPointer<AppStore> store,
     if (!store || store->m_client != client)
         co_return;
     if (failure) {
-        store->handleError(*failure);
+        store->tellFailure(*failure);
         co_return;
     }
     if (store->m_defaults)

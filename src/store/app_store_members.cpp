@@ -17,7 +17,7 @@ QString laneOf(const QString &memberID)
 
 } // namespace
 
-/// Changes of members and invitations, and what follows the service's answers.
+/// Changes of members, and what follows the service's answers.
 struct AppStore::MemberSteps
 {
     /// A member, and where it stands.
@@ -34,18 +34,12 @@ struct AppStore::MemberSteps
     static void replace(AppStore &store, const Place &place, const Member &member);
     static void remove(AppStore &store, const QString &workspaceID, const QString &memberID);
     static void putBack(AppStore &store, const Place &place);
-    static void takeInvitation(AppStore &store, const QString &token, Operation operation);
-    /// For the session that `client` was made for: tells what the service said, if anything.
-    static void tell(const QPointer<AppStore> &store, const APIClientPtr &client,
-                     const std::optional<QString> &message);
 
     static QCoro::Task<> performInvite(QPointer<AppStore> store, APIClientPtr client, Place provisional);
     static QCoro::Task<> performResend(QPointer<AppStore> store, APIClientPtr client, Place place);
     static QCoro::Task<> performChangeRole(QPointer<AppStore> store, APIClientPtr client, Place place,
                                            WorkspaceRole role);
     static QCoro::Task<> performRemove(QPointer<AppStore> store, APIClientPtr client, Place place);
-    static QCoro::Task<> performAccept(QPointer<AppStore> store, APIClientPtr client, QString token);
-    static QCoro::Task<> performReject(QPointer<AppStore> store, APIClientPtr client, QString token);
 };
 
 bool AppStore::managesActiveTeam() const
@@ -89,7 +83,7 @@ QCoro::Task<> AppStore::MemberSteps::performInvite(QPointer<AppStore> store, API
         store->m_provisionalMembers.remove(provisional.member.id);
         replace(*store, provisional, invited.record);
     }
-    tell(store, client, invited.message);
+    tellReply(store, client, invited.message);
 }
 
 bool AppStore::canChangeRole(const Member &member) const
@@ -118,7 +112,7 @@ QCoro::Task<> AppStore::MemberSteps::performChangeRole(QPointer<AppStore> store,
 {
     const WithMessage<Member> changed =
         co_await endpoints::changeMemberRole(client, place.workspaceID, place.member.id, role);
-    tell(store, client, changed.message);
+    tellReply(store, client, changed.message);
 }
 
 bool AppStore::canRemoveMember(const Member &member) const
@@ -144,7 +138,7 @@ void AppStore::removeMember(const QString &memberID)
 QCoro::Task<> AppStore::MemberSteps::performRemove(QPointer<AppStore> store, APIClientPtr client, Place place)
 {
     const std::optional<QString> message = co_await endpoints::removeMember(client, place.workspaceID, place.member.id);
-    tell(store, client, message);
+    tellReply(store, client, message);
 }
 
 bool AppStore::canResendInvitation(const Member &member) const
@@ -171,65 +165,7 @@ void AppStore::resendInvitation(const QString &memberID)
 QCoro::Task<> AppStore::MemberSteps::performResend(QPointer<AppStore> store, APIClientPtr client, Place place)
 {
     const WithMessage<Member> resent = co_await endpoints::resendInvitation(client, place.workspaceID, place.member.id);
-    tell(store, client, resent.message);
-}
-
-void AppStore::acceptInvitation(const QString &token)
-{
-    checkMainThread();
-    MemberSteps::takeInvitation(*this, token, [store = QPointer(this), token](APIClientPtr client) {
-        return MemberSteps::performAccept(store, client, token);
-    });
-}
-
-QCoro::Task<> AppStore::MemberSteps::performAccept(QPointer<AppStore> store, APIClientPtr client, QString token)
-{
-    const std::optional<QString> message = co_await endpoints::acceptInvitation(client, token);
-    // The workspace joined comes with the next dashboard, as soon as one may be merged.
-    if (store && store->m_client == client)
-        store->m_refreshIsOwed = true;
-    tell(store, client, message);
-}
-
-void AppStore::rejectInvitation(const QString &token)
-{
-    checkMainThread();
-    MemberSteps::takeInvitation(*this, token, [store = QPointer(this), token](APIClientPtr client) {
-        return MemberSteps::performReject(store, client, token);
-    });
-}
-
-QCoro::Task<> AppStore::MemberSteps::performReject(QPointer<AppStore> store, APIClientPtr client, QString token)
-{
-    const std::optional<QString> message = co_await endpoints::declineInvitation(client, token);
-    tell(store, client, message);
-}
-
-void AppStore::MemberSteps::takeInvitation(AppStore &store, const QString &token, Operation operation)
-{
-    const QList<Invitation> before = store.m_invitations;
-    const auto found = std::find_if(before.begin(), before.end(),
-                                    [&token](const Invitation &invitation) { return invitation.token == token; });
-    if (found == before.end())
-        return;
-    QList<Invitation> left = before;
-    left.remove(found - before.begin());
-    store.set(store.m_invitations, left, &AppStore::invitationsChanged);
-    store.mutate(
-        [taken = *found, index = found - before.begin()](AppStore &owner) {
-            QList<Invitation> all = owner.m_invitations;
-            if (!all.contains(taken))
-                all.insert(std::min<qsizetype>(index, all.size()), taken);
-            owner.set(owner.m_invitations, all, &AppStore::invitationsChanged);
-        },
-        std::move(operation));
-}
-
-void AppStore::MemberSteps::tell(const QPointer<AppStore> &store, const APIClientPtr &client,
-                                 const std::optional<QString> &message)
-{
-    if (store && store->m_client == client && message)
-        store->showToast(*message, false);
+    tellReply(store, client, resent.message);
 }
 
 std::optional<AppStore::MemberSteps::Place>

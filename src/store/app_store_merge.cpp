@@ -1,8 +1,8 @@
 #include "store/app_store.h"
 
 #include "async/background.h"
-#include "store/mark_unread.h"
 #include "store/notification_choice.h"
+#include "store/notification_mark.h"
 #include "store/preference_keys.h"
 
 #include <QDateTime>
@@ -26,9 +26,9 @@ int localMinuteOfDay(Instant instant)
 struct AppStore::MergeSteps
 {
     static void merge(AppStore &store, Dashboard dashboard);
-    static void mergeUnreadOverrides(AppStore &store, const QList<Alert> &fresh);
     static QString chooseActiveWorkspace(const AppStore &store, const QList<Workspace> &fresh);
     static void takePlan(AppStore &store, const QString &plan);
+    static void leaveVanishedTopic(AppStore &store);
     static void notifyAbout(AppStore &store, const Dashboard &dashboard);
 };
 
@@ -39,7 +39,7 @@ void AppStore::applyDashboard(FetchedDashboard fetched)
         MergeSteps::notifyAbout(*this, *fetched.dashboard);
         MergeSteps::merge(*this, std::move(*fetched.dashboard));
         m_appliedBody = std::move(fetched.body);
-        m_appliedEpoch = m_mutationEpoch;
+        m_appliedEpoch = m_mutations.epoch();
     }
     set(m_connectionProblem, std::optional<QString>(), &AppStore::connectionProblemChanged);
     set(m_lastSyncedAt, std::optional(m_clock->now()), &AppStore::lastSyncedAtChanged);
@@ -55,10 +55,12 @@ void AppStore::MergeSteps::merge(AppStore &store, Dashboard dashboard)
         std::swap(field, fresh);
         changes << changed;
     };
-    mergeUnreadOverrides(store, dashboard.alerts);
-    markUnread(dashboard.alerts, store.m_unreadOverrides);
+    // Before the first dashboard of a run nothing is known that could have vanished.
+    if (store.m_hasLoaded)
+        store.m_unreadOverrides.keepOnly(dashboard.alerts);
+    store.m_unreadOverrides.applyTo(dashboard.alerts);
     QString active = chooseActiveWorkspace(store, dashboard.workspaces);
-    const bool workspaceGone = active != store.m_activeWorkspaceID;
+    const bool moves = active != store.m_activeWorkspaceID;
     bool loaded = true;
     take(store.m_workspaces, dashboard.workspaces, &AppStore::workspacesChanged);
     take(store.m_members, dashboard.members, &AppStore::membersChanged);
@@ -70,15 +72,15 @@ void AppStore::MergeSteps::merge(AppStore &store, Dashboard dashboard)
     take(store.m_hasLoaded, loaded, &AppStore::hasLoadedChanged);
     for (const auto changed : std::as_const(changes))
         emit(store.*changed)();
-    if (workspaceGone)
+    if (moves)
         store.clearSelectionAndFilter();
+    leaveVanishedTopic(store);
     takePlan(store, dashboard.plan);
     destroyInBackground(std::move(dashboard.alerts));
 }
 
 void AppStore::MergeSteps::takePlan(AppStore &store, const QString &plan)
 {
-    store.m_plan = plan;
     if (!store.m_account || store.m_account->plan == plan)
         return;
     Account account = *store.m_account;
@@ -86,16 +88,11 @@ void AppStore::MergeSteps::takePlan(AppStore &store, const QString &plan)
     store.takeAccount(account);
 }
 
-void AppStore::MergeSteps::mergeUnreadOverrides(AppStore &store, const QList<Alert> &fresh)
+/// A filter that no chip stands for would show an empty inbox and no way to see why.
+void AppStore::MergeSteps::leaveVanishedTopic(AppStore &store)
 {
-    if (!store.m_hasLoaded || store.m_unreadOverrides.isEmpty())
-        return;
-    QSet<QString> kept;
-    for (const Alert &alert : fresh) {
-        if (store.m_unreadOverrides.contains(alert.id))
-            kept.insert(alert.id);
-    }
-    store.setUnreadOverrides(kept);
+    if (store.m_filter.kind() == InboxFilter::Kind::topic && !store.topicNamed(store.m_filter.topicName()))
+        store.setFilter(InboxFilter::all());
 }
 
 QString AppStore::MergeSteps::chooseActiveWorkspace(const AppStore &store, const QList<Workspace> &fresh)
@@ -116,36 +113,18 @@ void AppStore::MergeSteps::notifyAbout(AppStore &store, const Dashboard &dashboa
 {
     if (!store.m_defaults)
         return;
-    const auto mark = store.m_defaults->number(preference_keys::lastNotifiedAt);
     QList<AlertToNotify> chosen;
-    if (mark)
+    if (const auto mark = notificationMark(*store.m_defaults))
         chosen = chooseAlertsToNotify(dashboard, store.m_alerts,
-                                      {.after = instantFromMilliseconds(*mark),
+                                      {.after = *mark,
                                        .now = store.m_now,
                                        .minuteOfDay = localMinuteOfDay(store.m_now),
                                        .hasLoaded = store.m_hasLoaded});
-    store.advanceNotificationMark(dashboard.alerts);
+    advanceNotificationMark(*store.m_defaults, dashboard.alerts, store.m_clock->now());
     if (!store.m_backend->notifier)
         return;
     for (const AlertToNotify &notification : std::as_const(chosen))
         store.m_backend->notifier->deliver(notification.alert, notification.workspaceName, notification.sound);
-}
-
-void AppStore::advanceNotificationMark(const QList<Alert> &alerts)
-{
-    if (!m_defaults)
-        return;
-    const auto stored = m_defaults->number(preference_keys::lastNotifiedAt);
-    const auto newest = std::max_element(alerts.begin(), alerts.end(),
-                                         [](const Alert &left, const Alert &right) { return left.at < right.at; });
-    if (newest == alerts.end()) {
-        if (!m_defaults->contains(preference_keys::lastNotifiedAt))
-            m_defaults->setNumber(preference_keys::lastNotifiedAt, millisecondsFromInstant(m_clock->now()));
-        return;
-    }
-    const double mark = std::max(millisecondsFromInstant(newest->at), stored.value_or(0));
-    if (mark != stored)
-        m_defaults->setNumber(preference_keys::lastNotifiedAt, mark);
 }
 
 } // namespace pingwell

@@ -1,46 +1,30 @@
 #include "store/app_store.h"
 
 #include "async/launch.h"
-#include "model/check.h"
-
-#include <limits>
 
 namespace pingwell {
 
-/// Counts a mutation as under way for as long as it lives. Both counters move again when it ends: a dashboard fetched
-/// across either end is not merged.
+/// Counts a mutation as under way for as long as it lives.
 class AppStore::MutationInProgress
 {
 public:
     explicit MutationInProgress(AppStore *store)
         : m_store(store)
     {
-        check(m_store->m_mutationsInFlight < std::numeric_limits<int>::max(), "too many mutations in flight");
-        ++m_store->m_mutationsInFlight;
-        advanceEpoch();
+        m_store->m_mutations.begin();
     }
-
-    MutationInProgress(const MutationInProgress &) = delete;
-    MutationInProgress &operator=(const MutationInProgress &) = delete;
+    Q_DISABLE_COPY_MOVE(MutationInProgress)
 
     ~MutationInProgress()
     {
         if (!m_store)
             return;
-        check(m_store->m_mutationsInFlight > 0, "a mutation ended that never began");
-        --m_store->m_mutationsInFlight;
-        advanceEpoch();
+        m_store->m_mutations.end();
         if (!m_store->hasMutationsInFlight())
             emit m_store->mutationsEnded();
     }
 
 private:
-    void advanceEpoch()
-    {
-        check(m_store->m_mutationEpoch < std::numeric_limits<qint64>::max(), "the mutation epoch is used up");
-        ++m_store->m_mutationEpoch;
-    }
-
     QPointer<AppStore> m_store;
 };
 
@@ -124,7 +108,7 @@ QCoro::Task<> AppStore::MutationSteps::run(QPointer<AppStore> store, std::shared
 bool AppStore::MutationSteps::takeBack(AppStore &store, const Mutation &mutation, const APIError &failure)
 {
     mutation.rollback(store);
-    store.handleError(failure);
+    store.tellFailure(failure);
     const bool stillSignedIn = store.m_client == mutation.client;
     if (stillSignedIn && mutation.refused)
         mutation.refused(store, failure.message());
@@ -147,11 +131,18 @@ void AppStore::MutationSteps::leaveLane(AppStore &store, const std::shared_ptr<M
 void AppStore::refreshIfOwed()
 {
     // A refresh begun earlier would be thrown away by the very mutations it follows.
-    if (m_refreshIsOwed && m_mutationsInFlight == 0 && !m_isRefreshing)
+    if (m_refreshIsOwed && !hasMutationsInFlight() && !isRefreshing())
         refresh();
 }
 
-void AppStore::handleError(const APIError &error)
+void AppStore::tellReply(const QPointer<AppStore> &store, const APIClientPtr &client,
+                         const std::optional<QString> &message)
+{
+    if (store && store->m_client == client && message)
+        store->showToast(*message, false);
+}
+
+void AppStore::tellFailure(const APIError &error)
 {
     if (error.status() == 401)
         endSession(error.message());

@@ -36,14 +36,13 @@ struct AppStore::SessionSteps
 {
     static QUrl restoredBaseURL(const AppStore &store);
     static void restoreLocalSettings(AppStore &store);
-    static void restoreLateSession(AppStore &store);
     static void reset(AppStore &store);
 };
 
 void AppStore::watchTokenStore()
 {
     TokenStore &tokens = *m_backend->tokenStore;
-    tokens.onBecameReadable = [this] { SessionSteps::restoreLateSession(*this); };
+    tokens.onBecameReadable = [this] { restoreLateSession(); };
     tokens.onNotKept = [this] {
         showToast(QStringLiteral("Pingwell couldn't save your sign-in in the keyring. "
                                  "You'll have to sign in again after a restart."),
@@ -110,12 +109,12 @@ void AppStore::SessionSteps::restoreLocalSettings(AppStore &store)
     }
 }
 
-void AppStore::SessionSteps::restoreLateSession(AppStore &store)
+void AppStore::restoreLateSession()
 {
-    if (store.m_client || store.m_isSigningIn)
+    if (m_client || m_isSigningIn)
         return;
-    store.restoreSession();
-    store.startSync();
+    restoreSession();
+    startSync();
 }
 
 void AppStore::persistSession(const QString &token, const QUrl &baseURL, const Account &account)
@@ -173,13 +172,10 @@ void AppStore::endSession(const std::optional<QString> &message)
 
 void AppStore::SessionSteps::reset(AppStore &store)
 {
-    ++store.m_refreshSerial;
-    store.m_isRefreshing = false;
     store.m_appliedBody.clear();
     store.m_refreshIsOwed = false;
     store.m_mutationLanes.clear();
     store.m_provisionalMembers.clear();
-    store.m_plan.clear();
     // The account first: what is empty behind the sign-in screen is not looked at.
     store.set(store.m_account, std::optional<Account>(), &AppStore::accountChanged);
     store.set(store.m_alerts, QList<Alert>(), &AppStore::alertsChanged);

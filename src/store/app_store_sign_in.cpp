@@ -128,6 +128,8 @@ void AppStore::SignInSteps::finish(AppStore &store, const QUrl &baseURL, const s
     store.set(store.m_isSigningIn, false, &AppStore::isSigningInChanged);
     if (message)
         store.set(store.m_signInError, message, &AppStore::signInErrorChanged);
+    // The keyring may have been opened meanwhile, too late for the start and in the way of this sign-in.
+    store.restoreLateSession();
 }
 
 void AppStore::cancelSignIn()

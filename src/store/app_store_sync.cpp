@@ -9,29 +9,28 @@
 
 namespace pingwell {
 
-/// Marks a dashboard request as outstanding for as long as it lives, unless the session it was made for has ended.
+/// Marks a dashboard request of a session as outstanding for as long as it lives.
 class AppStore::RefreshInProgress
 {
 public:
     explicit RefreshInProgress(QPointer<AppStore> store)
         : m_store(std::move(store))
-        , m_serial(m_store->m_refreshSerial)
+        , m_client(m_store->m_client)
     {
-        m_store->m_isRefreshing = true;
+        m_store->m_refreshingClient = m_client;
     }
-
-    RefreshInProgress(const RefreshInProgress &) = delete;
-    RefreshInProgress &operator=(const RefreshInProgress &) = delete;
+    Q_DISABLE_COPY_MOVE(RefreshInProgress)
 
     ~RefreshInProgress()
     {
-        if (m_store && m_store->m_refreshSerial == m_serial)
-            m_store->m_isRefreshing = false;
+        // The next session may have begun a request of its own.
+        if (m_store && m_store->m_refreshingClient == m_client)
+            m_store->m_refreshingClient.reset();
     }
 
 private:
     QPointer<AppStore> m_store;
-    quint64 m_serial;
+    APIClientPtr m_client;
 };
 
 /// The rounds of the live loop.
@@ -46,6 +45,10 @@ struct AppStore::SyncSteps
     static QCoro::Task<bool> sendHeartbeat(APIClientPtr client, QString deviceID, QString version);
     static void forgetDevice(AppStore &store);
     static void takeDevice(AppStore &store, const Device &device);
+    /// What a dashboard that changes nothing looks like; empty where any one counts.
+    static QByteArray knownBody(const AppStore &store);
+    /// Shows why the service can't be followed.
+    static void noteProblem(AppStore &store, const APIError &error);
 };
 
 void AppStore::startSync()
@@ -92,12 +95,12 @@ void AppStore::refresh()
 
 QCoro::Task<> AppStore::SyncSteps::runRefresh(QPointer<AppStore> store)
 {
-    if (!store || !store->m_client || store->m_isRefreshing)
+    if (!store || !store->m_client || store->isRefreshing())
         co_return;
     std::optional<RefreshInProgress> inProgress(std::in_place, store);
     const APIClientPtr client = store->m_client;
-    const qint64 epoch = store->m_mutationEpoch;
-    const QByteArray known = store->knownBody();
+    const qint64 epoch = store->m_mutations.epoch();
+    const QByteArray known = knownBody(*store);
     std::optional<FetchedDashboard> fetched;
     std::optional<APIError> failure;
     try {
@@ -108,20 +111,21 @@ QCoro::Task<> AppStore::SyncSteps::runRefresh(QPointer<AppStore> store)
     }
     if (!store || store->m_client != client)
         co_return;
-    const bool applies = !failure && store->m_mutationsInFlight == 0 && store->m_mutationEpoch == epoch;
+    const bool applies = !failure && store->m_mutations.restsSince(epoch);
     if (failure || applies)
         store->m_refreshIsOwed = false;
     if (failure)
-        store->handle(*failure);
+        noteProblem(*store, *failure);
     else if (applies)
         store->applyDashboard(std::move(*fetched));
     inProgress.reset();
     store->refreshIfOwed();
 }
 
-QByteArray AppStore::knownBody() const
+QByteArray AppStore::SyncSteps::knownBody(const AppStore &store)
 {
-    return m_hasLoaded && m_appliedEpoch == m_mutationEpoch ? m_appliedBody : QByteArray();
+    const bool stands = store.m_hasLoaded && store.m_appliedEpoch == store.m_mutations.epoch();
+    return stands ? store.m_appliedBody : QByteArray();
 }
 
 QCoro::Task<> AppStore::SyncSteps::refreshAccount(QPointer<AppStore> store, std::stop_token stop)
@@ -142,7 +146,7 @@ QCoro::Task<> AppStore::SyncSteps::refreshAccount(QPointer<AppStore> store, std:
     if (!store || store->m_client != client)
         co_return;
     if (failure)
-        store->handle(*failure);
+        noteProblem(*store, *failure);
     if (account)
         store->takeAccount(*account);
 }
@@ -160,7 +164,7 @@ QCoro::Task<> AppStore::SyncSteps::refreshInvitations(QPointer<AppStore> store, 
     if (!store || stop.stop_requested() || !store->m_client)
         co_return;
     const APIClientPtr client = store->m_client;
-    const qint64 epoch = store->m_mutationEpoch;
+    const qint64 epoch = store->m_mutations.epoch();
     QList<Invitation> invitations;
     std::optional<APIError> failure;
     try {
@@ -172,9 +176,9 @@ QCoro::Task<> AppStore::SyncSteps::refreshInvitations(QPointer<AppStore> store, 
     if (!store || store->m_client != client)
         co_return;
     if (failure)
-        store->handle(*failure);
+        noteProblem(*store, *failure);
     // One just answered would come back for a while, as in a dashboard.
-    else if (store->m_mutationsInFlight == 0 && store->m_mutationEpoch == epoch)
+    else if (store->m_mutations.restsSince(epoch))
         store->set(store->m_invitations, invitations, &AppStore::invitationsChanged);
 }
 
@@ -201,7 +205,7 @@ QCoro::Task<> AppStore::SyncSteps::registerDevice(QPointer<AppStore> store, std:
     if (!store || store->m_client != client)
         co_return;
     if (failure)
-        store->handle(*failure);
+        noteProblem(*store, *failure);
     else
         takeDevice(*store, *device);
 }
@@ -244,12 +248,12 @@ void AppStore::SyncSteps::takeDevice(AppStore &store, const Device &device)
     store.set(store.m_devices, devices, &AppStore::devicesChanged);
 }
 
-void AppStore::handle(const APIError &error)
+void AppStore::SyncSteps::noteProblem(AppStore &store, const APIError &error)
 {
     if (error.status() == 401)
-        endSession(error.message());
+        store.endSession(error.message());
     else
-        set(m_connectionProblem, std::optional(error.message()), &AppStore::connectionProblemChanged);
+        store.set(store.m_connectionProblem, std::optional(error.message()), &AppStore::connectionProblemChanged);
 }
 
 } // namespace pingwell

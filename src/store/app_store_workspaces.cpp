@@ -56,8 +56,10 @@ struct AppStore::WorkspaceSteps
     static void change(AppStore &store, Value Workspace::*field, const Value &value, const QString &key,
                        const JSON &wireValue);
     static void rememberTimeout(AppStore &store);
+    static void add(AppStore &store, const Workspace &workspace, const QList<Member> &members);
+    static void remove(AppStore &store, const QString &workspaceID);
     static QCoro::Task<> performCreate(QPointer<AppStore> store, APIClientPtr client, QString name);
-    static QCoro::Task<> performLeave(QPointer<AppStore> store, APIClientPtr client, Workspace workspace);
+    static QCoro::Task<> performLeave(QPointer<AppStore> store, APIClientPtr client, QString workspaceID);
 };
 
 void AppStore::createWorkspace(const QString &name)
@@ -67,7 +69,8 @@ void AppStore::createWorkspace(const QString &name)
     if (trimmed.isEmpty())
         return;
     if (!m_backend) {
-        addWorkspace(newDemoWorkspace(trimmed.left(maximumWorkspaceNameLength)), {newDemoOwner(m_account)});
+        const Workspace workspace = newDemoWorkspace(trimmed.left(maximumWorkspaceNameLength));
+        WorkspaceSteps::add(*this, workspace, {newDemoOwner(m_account)});
         return;
     }
     mutate([](AppStore &) {},
@@ -81,20 +84,20 @@ QCoro::Task<> AppStore::WorkspaceSteps::performCreate(QPointer<AppStore> store, 
     const CreatedWorkspace created = co_await endpoints::createWorkspace(client, name);
     if (!store || store->m_client != client)
         co_return;
-    store->addWorkspace(created.workspace, created.members);
+    add(*store, created.workspace, created.members);
     store->showToast(created.workspace.name + QStringLiteral(" is ready. Invite your team from the Team tab."), false);
 }
 
-void AppStore::addWorkspace(const Workspace &workspace, const QList<Member> &members)
+void AppStore::WorkspaceSteps::add(AppStore &store, const Workspace &workspace, const QList<Member> &members)
 {
-    QList<Workspace> workspaces = m_workspaces;
+    QList<Workspace> workspaces = store.m_workspaces;
     workspaces.removeIf([&workspace](const Workspace &other) { return other.id == workspace.id; });
     workspaces << workspace;
-    set(m_workspaces, workspaces, &AppStore::workspacesChanged);
-    QMap<QString, QList<Member>> all = m_members;
+    store.set(store.m_workspaces, workspaces, &AppStore::workspacesChanged);
+    QMap<QString, QList<Member>> all = store.m_members;
     all.insert(workspace.id, members);
-    set(m_members, all, &AppStore::membersChanged);
-    selectWorkspace(workspace.id);
+    store.set(store.m_members, all, &AppStore::membersChanged);
+    store.selectWorkspace(workspace.id);
 }
 
 void AppStore::leaveWorkspace()
@@ -104,7 +107,7 @@ void AppStore::leaveWorkspace()
     if (!workspace || workspace->kind != WorkspaceKind::team)
         return;
     if (!m_backend) {
-        removeWorkspaceLocally(*workspace);
+        WorkspaceSteps::remove(*this, workspace->id);
         return;
     }
     const QString lane = QStringLiteral("leave/") + workspace->id;
@@ -112,36 +115,43 @@ void AppStore::leaveWorkspace()
         return;
     mutateInOrder(
         lane, [](AppStore &) {},
-        [store = QPointer(this), left = *workspace](APIClientPtr client) {
-            return WorkspaceSteps::performLeave(store, client, left);
+        [store = QPointer(this), workspaceID = workspace->id](APIClientPtr client) {
+            return WorkspaceSteps::performLeave(store, client, workspaceID);
         });
 }
 
-QCoro::Task<> AppStore::WorkspaceSteps::performLeave(QPointer<AppStore> store, APIClientPtr client, Workspace workspace)
+QCoro::Task<> AppStore::WorkspaceSteps::performLeave(QPointer<AppStore> store, APIClientPtr client, QString workspaceID)
 {
-    co_await endpoints::leaveWorkspace(client, workspace.id);
+    co_await endpoints::leaveWorkspace(client, workspaceID);
     if (store && store->m_client == client)
-        store->removeWorkspaceLocally(workspace);
+        remove(*store, workspaceID);
 }
 
-void AppStore::removeWorkspaceLocally(const Workspace &workspace)
+void AppStore::WorkspaceSteps::remove(AppStore &store, const QString &workspaceID)
 {
-    const auto belongs = [&workspace](const auto &record) { return record.workspaceId == workspace.id; };
-    QList<Workspace> workspaces = m_workspaces;
-    workspaces.removeIf([&workspace](const Workspace &other) { return other.id == workspace.id; });
-    QMap<QString, QList<Member>> members = m_members;
-    members.remove(workspace.id);
-    QList<Topic> topics = m_topics;
+    const auto belongs = [&workspaceID](const auto &record) { return record.workspaceId == workspaceID; };
+    QList<Workspace> workspaces = store.m_workspaces;
+    workspaces.removeIf([&workspaceID](const Workspace &other) { return other.id == workspaceID; });
+    QMap<QString, QList<Member>> members = store.m_members;
+    members.remove(workspaceID);
+    QList<Topic> topics = store.m_topics;
     topics.removeIf(belongs);
-    QList<Alert> alerts = m_alerts;
-    alerts.removeIf(belongs);
-    set(m_workspaces, workspaces, &AppStore::workspacesChanged);
+    QList<Alert> alerts;
+    QStringList gone;
+    for (const Alert &alert : std::as_const(store.m_alerts)) {
+        if (belongs(alert))
+            gone << alert.id;
+        else
+            alerts << alert;
+    }
+    store.withdrawNotifications(gone);
+    store.set(store.m_workspaces, workspaces, &AppStore::workspacesChanged);
     // Meanwhile the person may look at another one; that one stays.
-    if (m_activeWorkspaceID == workspace.id && !workspaces.isEmpty())
-        selectWorkspace(workspaces.first().id);
-    set(m_members, members, &AppStore::membersChanged);
-    set(m_topics, topics, &AppStore::topicsChanged);
-    set(m_alerts, alerts, &AppStore::alertsChanged);
+    if (store.m_activeWorkspaceID == workspaceID && !workspaces.isEmpty())
+        store.selectWorkspace(workspaces.first().id);
+    store.set(store.m_members, members, &AppStore::membersChanged);
+    store.set(store.m_topics, topics, &AppStore::topicsChanged);
+    store.set(store.m_alerts, alerts, &AppStore::alertsChanged);
 }
 
 void AppStore::renameWorkspace(const QString &name)

@@ -1,24 +1,14 @@
 #include "store/topic_slug.h"
 
+#include "store/text_cut.h"
+
 #include <QRegularExpression>
-#include <QTextBoundaryFinder>
 
 namespace pingwell {
 
 namespace {
 
-constexpr int maximumCharacters = 40;
-
-/// The first so many of what a person sees as characters (Unicode UAX #29).
-QString firstCharacters(const QString &text, int count)
-{
-    QTextBoundaryFinder graphemes(QTextBoundaryFinder::Grapheme, text);
-    for (int character = 0; character < count; ++character) {
-        if (graphemes.toNextBoundary() < 0)
-            return text;
-    }
-    return text.left(graphemes.position());
-}
+constexpr qsizetype maximumCharacters = 40;
 
 } // namespace
 

@@ -23,9 +23,8 @@ DashboardJSON team(const QString &role, const QString &kind = u"team"_s)
 {
     QJsonObject workspace = workspaceJSON(u"w1"_s, role);
     workspace[u"kind"_s] = kind;
-    QJsonObject second = workspaceJSON(u"w2"_s);
     DashboardJSON dashboard;
-    dashboard.workspaces = {workspace, second};
+    dashboard.workspaces = {workspace, workspaceJSON(u"w2"_s)};
     dashboard.members = {member(u"own"_s, u"owner"_s, u"active"_s, role == u"owner"),
                          member(u"adm"_s, u"admin"_s, u"active"_s, role == u"admin"),
                          member(u"ann"_s, u"member"_s, u"active"_s, role == u"member"),
@@ -33,8 +32,19 @@ DashboardJSON team(const QString &role, const QString &kind = u"team"_s)
     dashboard.topics = {QJsonObject{{u"id"_s, u"t1"_s}, {u"workspaceId"_s, u"w1"_s}, {u"name"_s, u"deploys"_s}}};
     dashboard.devices = {QJsonObject{{u"id"_s, u"here"_s}, {u"name"_s, u"Desk"_s}, {u"platform"_s, u"linux"_s}},
                          QJsonObject{{u"id"_s, u"phone"_s}, {u"name"_s, u"Phone"_s}, {u"platform"_s, u"android"_s}}};
-    dashboard.alerts = {alertJSON(u"a1"_s, 60)};
+    dashboard.alerts = {alertJSON(u"a1"_s, 60), askJSON(u"q1"_s, 50),
+                        askJSON(u"q9"_s, 30, {{u"workspaceId"_s, u"w9"_s}}),
+                        askJSON(u"q2"_s, 40, {{u"answerType"_s, u"text"_s}})};
     return dashboard;
+}
+
+QStringList alertWords(const AppStore &store)
+{
+    QStringList words;
+    for (const Alert &alert : store.alerts())
+        words << alert.id + (alert.read ? u"" : u":unread") +
+                     (alert.answer ? QString(u':' + *alert.answer) : QString());
+    return words;
 }
 
 /// All that these actions can change, on one line.
@@ -52,21 +62,109 @@ QString state(const AppStore &store)
     for (const Device &device : store.devices())
         words << device.id;
     const NotificationSettings &settings = store.settings();
-    words << settings.quietFrom << (settings.digest ? u"digest"_s : u"no digest"_s)
-          << (settings.quietHoursEnabled ? u"quiet"_s : u"loud"_s);
+    words << settings.quietFrom << settings.quietTo << (settings.digest ? u"digest"_s : u"no digest"_s)
+          << (settings.sound ? u"sound"_s : u"silent"_s) << (settings.quietHoursEnabled ? u"quiet"_s : u"loud"_s);
     for (const Invitation &invitation : store.invitations())
         words << invitation.token;
-    words << QString::number(store.alerts().size()) + u" alerts";
-    return words.join(u' ');
+    return (words + alertWords(store)).join(u' ');
 }
 
-const QByteArray invited = R"({"id":"srv","workspaceId":"w1","email":"eve@x.test","role":"viewer","status":"invited"})";
-const QByteArray topicAnswer = R"({"id":"t9","workspaceId":"w1","name":"new-one"})";
-const QByteArray hereAnswer = R"({"id":"here","name":"Desk","platform":"linux"})";
-const QByteArray createdAnswer = R"({"workspace":{"id":"w9","name":"Ops","kind":"team","role":"owner"},"members":[]})";
+/// Something the person does, and how it is said to the service.
+struct Action
+{
+    const char *name = nullptr;
+    Act act;
+    /// "<method> <path> <body>"
+    QByteArray request;
+    ScriptedAnswer answer;
+    /// What is then shown at once; empty where the service has to agree first.
+    QString atOnce = {};
+    QString toast = {};
+
+    [[nodiscard]] QByteArray method() const { return request.split(' ').value(0); }
+    [[nodiscard]] QByteArray path() const { return request.split(' ').value(1); }
+    [[nodiscard]] QByteArray body() const { return request.sliced(method().size() + path().size() + 2); }
+};
+
+QList<Action> allActions()
+{
+    const ScriptedAnswer workspace = ScriptedAnswer::data(R"({"id":"w1","name":"x","kind":"team","role":"owner"})");
+    const ScriptedAnswer created =
+        ScriptedAnswer::data(R"({"workspace":{"id":"w9","name":"Ops","kind":"team","role":"owner"},"members":[]})");
+    const ScriptedAnswer person = ScriptedAnswer::message(
+        "Done.", R"({"id":"srv","workspaceId":"w1","email":"eve@x.test","role":"viewer","status":"invited"})");
+    const ScriptedAnswer topic = ScriptedAnswer::data(R"({"id":"t9","workspaceId":"w1","name":"new-one"})");
+    const ScriptedAnswer alert = ScriptedAnswer::data(R"({"id":"a9","workspaceId":"w1","title":"x","at":1})");
+    const ScriptedAnswer settings = ScriptedAnswer::data("{}");
+    const ScriptedAnswer nothing = ScriptedAnswer::raw(200, {});
+    return {
+        {"answer", [](AppStore &s) { s.answer(u"q1"_s, u"Deny"_s); },
+         R"(POST /workspaces/w1/alerts/q1/answer {"answer":"Deny"})", alert, u"q1:Deny q9"_s},
+        {"read", [](AppStore &s) { s.toggleRead(u"a1"_s); }, "POST /workspaces/w1/alerts/a1/read ", nothing,
+         u"a1 q1:unread"_s},
+        {"read all", [](AppStore &s) { s.markAllRead(); }, "POST /workspaces/w1/alerts/read-all ", nothing,
+         u"a1 q1 q9:unread q2"_s},
+        {"delete", [](AppStore &s) { s.deleteAlert(u"q2"_s); }, "DELETE /workspaces/w1/alerts/q2 ", nothing,
+         u"q1:unread q9:unread"_s},
+        {"send a test alert",
+         [](AppStore &s) { s.sendTestAlert(); },
+         R"(POST /workspaces/w1/alerts/test {"app":"Pingwell","body":"If you can see this, Pingwell is wired up.",)"
+         R"("priority":"normal","title":"Test alert from your Mac","topic":"test"})",
+         alert,
+         {},
+         u"Test alert sent."_s},
+        {"rename", [](AppStore &s) { s.renameWorkspace(u"  Sea "_s); }, R"(PATCH /workspaces/w1 {"name":"Sea"})",
+         workspace, u"w1:Sea:"_s},
+        {"time-out", [](AppStore &s) { s.setResponseTimeout(45); },
+         R"(PATCH /workspaces/w1 {"responseTimeoutMinutes":45})", workspace, u"w1:Workspace w1:45:"_s},
+        {"time-out action", [](AppStore &s) { s.setTimeoutAction(TimeoutAction::escalate); },
+         R"(PATCH /workspaces/w1 {"timeoutAction":"escalate"})", workspace, u":escalate"_s},
+        {"leave, pressed twice", [](AppStore &s) { s.leaveWorkspace(), s.leaveWorkspace(); },
+         "POST /workspaces/w1/leave ", nothing},
+        {"create a workspace",
+         [](AppStore &s) { s.createWorkspace(u" Ops "_s); },
+         R"(POST /workspaces {"name":"Ops"})",
+         created,
+         {},
+         u"Ops is ready. Invite your team from the Team tab."_s},
+        {"invite", [](AppStore &s) { QVERIFY(!s.invite(u" Eve@X.test"_s, WorkspaceRole::viewer)); },
+         R"(POST /workspaces/w1/members {"email":"eve@x.test","role":"viewer"})", person,
+         u"eve@x.test:viewer:invited!"_s, u"Done."_s},
+        {"change a role", [](AppStore &s) { s.changeRole(u"ann"_s, WorkspaceRole::viewer); },
+         R"(PATCH /workspaces/w1/members/ann {"role":"viewer"})", person, u"ann@x.test:viewer:"_s, u"Done."_s},
+        {"remove a member", [](AppStore &s) { s.removeMember(u"ann"_s); }, "DELETE /workspaces/w1/members/ann ",
+         ScriptedAnswer::message("Gone."), u"adm@x.test:admin:active new@x.test"_s, u"Gone."_s},
+        {"revoke an owner's invitation", [](AppStore &s) { s.removeMember(u"new"_s); },
+         "DELETE /workspaces/w1/members/new ", nothing, u"ann@x.test:member:active deploys"_s},
+        {"resend", [](AppStore &s) { s.resendInvitation(u"new"_s); }, "POST /workspaces/w1/members/new/resend ", person,
+         u"new@x.test:owner:invited!"_s, u"Done."_s},
+        {"decline", [](AppStore &s) { s.rejectInvitation(u"tok"_s); }, "POST /invites/tok/reject ",
+         ScriptedAnswer::message("Declined."), u"loud tok2 a1"_s, u"Declined."_s},
+        {"accept", [](AppStore &s) { s.acceptInvitation(u"tok"_s); }, "POST /invites/tok/accept ",
+         ScriptedAnswer::message("Welcome."), u"loud tok2 a1"_s, u"Welcome."_s},
+        {"create a topic", [](AppStore &s) { s.createTopic(u"New one!"_s); },
+         R"(POST /workspaces/w1/topics {"name":"new-one"})", topic},
+        {"mute", [](AppStore &s) { s.setTopicMuted(u"t1"_s, true); },
+         R"(PATCH /workspaces/w1/topics/t1 {"muted":true})", topic, u"deploys:normal:muted"_s},
+        {"priority", [](AppStore &s) { s.setTopicMinPriority(u"t1"_s, Priority::high); },
+         R"(PATCH /workspaces/w1/topics/t1 {"minPriority":"high"})", topic, u"deploys:high"_s},
+        {"quiet topic", [](AppStore &s) { s.setTopicQuietHours(u"t1"_s, true); },
+         R"(PATCH /workspaces/w1/topics/t1 {"quietHours":true})", topic, u"deploys:normal:quiet"_s},
+        {"delete a topic", [](AppStore &s) { s.deleteTopic(u"t1"_s); }, "DELETE /workspaces/w1/topics/t1 ", nothing,
+         u"invited here"_s},
+        {"quiet hours",
+         [](AppStore &s) { s.updateSettings([](auto &all) { all.quietFrom = all.quietTo = u"9:00"_s; }); },
+         R"(PUT /auth/settings {"quietFrom":"9:00","quietTo":"9:00"})", settings, u"9:00 9:00"_s},
+        {"digest and sound", [](AppStore &s) { s.updateSettings([](auto &all) { all.digest = all.sound = false; }); },
+         R"(PUT /auth/settings {"digest":false,"sound":false})", settings, u"no digest silent"_s},
+        {"remove a device", [](AppStore &s) { s.removeDevice(u"phone"_s); }, "DELETE /devices/phone ",
+         ScriptedAnswer::message("Signed out."), u"here 22:00"_s, u"Signed out."_s},
+    };
+}
 
 } // namespace
 
+/// What a person can do to the things of the service.
 class ActionsTest : public QObject
 {
     Q_OBJECT
@@ -83,7 +181,8 @@ class ActionsTest : public QObject
                            ScriptedAnswer::data(R"([{"token":"tok","workspace":"Sea"},{"token":"tok2"}])"));
         m->transport->plan("GET", "/dashboard", ScriptedAnswer::data(dashboard.body()));
         m->transport->plan("GET", "/auth/user-data", ScriptedAnswer::noAnswer());
-        m->transport->plan("POST", "/devices/here/heartbeat", ScriptedAnswer::data(hereAnswer));
+        m->transport->plan("POST", "/devices/here/heartbeat",
+                           ScriptedAnswer::data(R"({"id":"here","name":"Desk","platform":"linux"})"));
         store().startSync();
         m->settle();
     }
@@ -94,118 +193,31 @@ private slots:
 
     void actions_data()
     {
-        QTest::addColumn<Act>("act");
-        QTest::addColumn<QByteArray>("method");
-        QTest::addColumn<QByteArray>("path");
-        QTest::addColumn<QByteArray>("body");
-        QTest::addColumn<ScriptedAnswer>("answer");
-        QTest::addColumn<QString>("atOnce");
-        QTest::addColumn<QString>("toast");
-        const auto row = [](const char *name, const Act &act, const QByteArray &method, const QByteArray &path,
-                            const QByteArray &body, const ScriptedAnswer &answer, const QString &atOnce,
-                            const QString &toast = {}) {
-            QTest::newRow(name) << act << method << path << body << answer << atOnce << toast;
-        };
-        const ScriptedAnswer workspace = ScriptedAnswer::data(R"({"id":"w1","name":"x","kind":"team","role":"owner"})");
-        const ScriptedAnswer nothing = ScriptedAnswer::raw(200, {});
-        const ScriptedAnswer person = ScriptedAnswer::message("Done.", invited);
-        const ScriptedAnswer topic = ScriptedAnswer::data(topicAnswer);
-        const QByteArray w1 = "/workspaces/w1";
-
-        row(
-            "rename", [](AppStore &s) { s.renameWorkspace(u"  Sea "_s); }, "PATCH", w1, R"({"name":"Sea"})", workspace,
-            u"w1:Sea:"_s);
-        row(
-            "time-out", [](AppStore &s) { s.setResponseTimeout(45); }, "PATCH", w1, R"({"responseTimeoutMinutes":45})",
-            workspace, u"w1:45:"_s);
-        row(
-            "time-out action", [](AppStore &s) { s.setTimeoutAction(TimeoutAction::escalate); }, "PATCH", w1,
-            R"({"timeoutAction":"escalate"})", workspace, u":escalate"_s);
-        row("leave",
-            [](AppStore &s) {
-                s.leaveWorkspace();
-                s.leaveWorkspace();
-            },
-            "POST", w1 + "/leave", "", nothing, {});
-        row(
-            "create a workspace", [](AppStore &s) { s.createWorkspace(u" Ops "_s); }, "POST", "/workspaces",
-            R"({"name":"Ops"})", ScriptedAnswer::data(createdAnswer), {},
-            u"Ops is ready. Invite your team from the Team tab."_s);
-        row(
-            "invite", [](AppStore &s) { QVERIFY(!s.invite(u" Eve@X.test"_s, WorkspaceRole::viewer)); }, "POST",
-            w1 + "/members", R"({"email":"eve@x.test","role":"viewer"})", person, u"eve@x.test:viewer:invited!"_s,
-            u"Done."_s);
-        row(
-            "change a role", [](AppStore &s) { s.changeRole(u"ann"_s, WorkspaceRole::viewer); }, "PATCH",
-            w1 + "/members/ann", R"({"role":"viewer"})", person, u"ann@x.test:viewer:"_s, u"Done."_s);
-        row(
-            "remove a member", [](AppStore &s) { s.removeMember(u"ann"_s); }, "DELETE", w1 + "/members/ann", "",
-            ScriptedAnswer::message("Gone."), u"adm@x.test:admin:active new@x.test"_s, u"Gone."_s);
-        row(
-            "revoke an owner's invitation", [](AppStore &s) { s.removeMember(u"new"_s); }, "DELETE",
-            w1 + "/members/new", "", nothing, u"ann@x.test:member:active deploys"_s);
-        row(
-            "resend", [](AppStore &s) { s.resendInvitation(u"new"_s); }, "POST", w1 + "/members/new/resend", "", person,
-            u"new@x.test:owner:invited!"_s, u"Done."_s);
-        row(
-            "decline", [](AppStore &s) { s.rejectInvitation(u"tok"_s); }, "POST", "/invites/tok/reject", "",
-            ScriptedAnswer::message("Declined."), u"loud tok2 1 alerts"_s, u"Declined."_s);
-        row(
-            "accept", [](AppStore &s) { s.acceptInvitation(u"tok"_s); }, "POST", "/invites/tok/accept", "",
-            ScriptedAnswer::message("Welcome."), u"loud tok2 1 alerts"_s, u"Welcome."_s);
-        row("create a topic", [](AppStore &s) { s.createTopic(u"New one!"_s); }, "POST", w1 + "/topics",
-            R"({"name":"new-one"})", topic, {});
-        row(
-            "mute", [](AppStore &s) { s.setTopicMuted(u"t1"_s, true); }, "PATCH", w1 + "/topics/t1",
-            R"({"muted":true})", topic, u"deploys:normal:muted"_s);
-        row(
-            "priority", [](AppStore &s) { s.setTopicMinPriority(u"t1"_s, Priority::high); }, "PATCH", w1 + "/topics/t1",
-            R"({"minPriority":"high"})", topic, u"deploys:high"_s);
-        row(
-            "quiet topic", [](AppStore &s) { s.setTopicQuietHours(u"t1"_s, true); }, "PATCH", w1 + "/topics/t1",
-            R"({"quietHours":true})", topic, u"deploys:normal:quiet"_s);
-        row(
-            "delete a topic", [](AppStore &s) { s.deleteTopic(u"t1"_s); }, "DELETE", w1 + "/topics/t1", "", nothing,
-            u"invited here"_s);
-        row(
-            "quiet from",
-            [](AppStore &s) { s.updateSettings([](auto &settings) { settings.quietFrom = u"21:00"_s; }); }, "PUT",
-            "/auth/settings", R"({"quietFrom":"21:00"})", ScriptedAnswer::data("{}"), u"21:00"_s);
-        row(
-            "digest", [](AppStore &s) { s.updateSettings([](auto &settings) { settings.digest = false; }); }, "PUT",
-            "/auth/settings", R"({"digest":false})", ScriptedAnswer::data("{}"), u"no digest"_s);
-        row(
-            "remove a device", [](AppStore &s) { s.removeDevice(u"phone"_s); }, "DELETE", "/devices/phone", "",
-            ScriptedAnswer::message("Signed out."), u"here 22:00"_s, u"Signed out."_s);
+        QTest::addColumn<Action>("action");
+        for (const Action &action : allActions())
+            QTest::newRow(action.name) << action;
     }
 
     /// Shown at once, said to the service in its words, and still so when it agrees.
     void actions()
     {
-        QFETCH(Act, act);
-        QFETCH(QByteArray, method);
-        QFETCH(QByteArray, path);
-        QFETCH(QByteArray, body);
-        QFETCH(ScriptedAnswer, answer);
-        QFETCH(QString, atOnce);
-        QFETCH(QString, toast);
+        QFETCH(Action, action);
         begin(team(u"owner"_s));
         const QString before = state(store());
         // What follows accepting: a refresh, not thrown away.
         m->transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
-        m->transport->plan(method, path, answer.heldBack());
-        act(store());
-        QCOMPARE(state(store()) == before, atOnce.isEmpty());
-        QVERIFY2(state(store()).contains(atOnce.section(u':', 0, 0)), qPrintable(state(store())));
+        m->transport->plan(action.method(), action.path(), action.answer.heldBack());
+        action.act(store());
+        QCOMPARE(state(store()) == before, action.atOnce.isEmpty());
+        QVERIFY2(state(store()).contains(action.atOnce), qPrintable(state(store())));
         m->settle();
-        QCOMPARE(m->transport->count(method, path), 1);
-        QCOMPARE(m->transport->lastRequest(method, path).body.value_or(QByteArray()), body);
+        QCOMPARE(m->transport->count(action.method(), action.path()), 1);
+        QCOMPARE(m->transport->lastRequest(action.method(), action.path()).body.value_or(QByteArray()), action.body());
         const QString waiting = state(store());
-        m->transport->release();
-        m->settle();
-        QCOMPARE(state(store()) == waiting, !atOnce.isEmpty() && QByteArray(QTest::currentDataTag()) != "invite");
-        QCOMPARE(store().toast() ? store().toast()->message : QString(), toast);
-        QCOMPARE(store().connectionProblem().has_value(), QByteArray(QTest::currentDataTag()) == "accept");
+        m->release();
+        QCOMPARE(state(store()) == waiting, !action.atOnce.isEmpty() && qstrcmp(action.name, "invite") != 0);
+        QCOMPARE(store().toast() ? store().toast()->message : QString(), action.toast);
+        QCOMPARE(store().connectionProblem().has_value(), qstrcmp(action.name, "accept") == 0);
     }
 
     void refusals_data() { actions_data(); }
@@ -213,17 +225,16 @@ private slots:
     /// Taken back to the last detail, told, and followed by a refresh that counts.
     void refusals()
     {
-        QFETCH(Act, act);
-        QFETCH(QByteArray, method);
-        QFETCH(QByteArray, path);
+        QFETCH(Action, action);
         begin(team(u"owner"_s));
         const QString before = state(store());
-        m->transport->plan(method, path, ScriptedAnswer::failure(409, "no", "Not today."));
+        m->transport->plan(action.method(), action.path(), ScriptedAnswer::failure(409, "no", "Not today."));
         m->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
-        act(store());
+        action.act(store());
         m->settle();
         QCOMPARE(state(store()), before);
         QCOMPARE(store().toast()->message, u"Not today."_s);
+        QVERIFY(store().toast()->isError);
         QCOMPARE(m->transport->plannedCount(), 0);
     }
 
@@ -239,10 +250,15 @@ private slots:
             QVERIFY(s.invite(u"eve@x.test"_s, WorkspaceRole::viewer) == InviteError::notAllowed);
         };
         const Act timeout = [](AppStore &s) { s.setResponseTimeout(5); };
+        row("a viewer answers", "viewer", "team", [](AppStore &s) { s.answer(u"q1"_s, u"Deny"_s); });
+        row("a choice not offered", "owner", "team", [](AppStore &s) { s.answer(u"q1"_s, u"deny"_s); });
+        row("a blank answer", "owner", "team", [](AppStore &s) { s.answer(u"q2"_s, u"  \n"_s); });
+        row("a notice is answered", "owner", "team", [](AppStore &s) { s.answer(u"a1"_s, u"Deny"_s); });
+        row("in a workspace unknown here", "owner", "team", [](AppStore &s) { s.answer(u"q9"_s, u"Deny"_s); });
+        row("of which also none is deleted", "owner", "team", [](AppStore &s) { s.deleteAlert(u"q9"_s); });
+        row("a viewer deletes", "viewer", "team", [](AppStore &s) { s.deleteAlert(u"a1"_s); });
         row("a member invites", "member", "team", invite);
         row("into a personal workspace", "owner", "personal", invite);
-        row("a known address", "owner", "team",
-            [](AppStore &s) { QVERIFY(s.invite(u"ANN@x.test "_s, WorkspaceRole::viewer) == InviteError::duplicate); });
         row("a viewer's time-out", "viewer", "team", timeout);
         row("a member's time-out", "member", "team", timeout);
         row("escalating alone", "owner", "personal", [](AppStore &s) { s.setTimeoutAction(TimeoutAction::escalate); });
@@ -277,107 +293,6 @@ private slots:
         QCOMPARE(m->transport->requests().size(), sent);
     }
 
-    /// Two quick changes of one thing: said in order, and whatever becomes of them, what the service holds is shown.
-    void quickChangesConverge_data()
-    {
-        QTest::addColumn<bool>("firstRefused");
-        QTest::addColumn<bool>("secondRefused");
-        QTest::newRow("both taken") << false << false;
-        QTest::newRow("the first refused") << true << false;
-        QTest::newRow("the second refused") << false << true;
-        QTest::newRow("both refused") << true << true;
-    }
-
-    void quickChangesConverge()
-    {
-        QFETCH(bool, firstRefused);
-        QFETCH(bool, secondRefused);
-        begin(team(u"owner"_s));
-        const auto answer = [](bool refused) {
-            return (refused ? ScriptedAnswer::failure(409, "no", "No.") : ScriptedAnswer::data(topicAnswer)).heldBack();
-        };
-        DashboardJSON held = team(u"owner"_s);
-        const QString priority = !secondRefused ? u"critical"_s : !firstRefused ? u"high"_s : u"normal"_s;
-        held.topics = {QJsonObject{
-            {u"id"_s, u"t1"_s}, {u"workspaceId"_s, u"w1"_s}, {u"name"_s, u"deploys"_s}, {u"minPriority"_s, priority}}};
-        const QByteArray path = "/workspaces/w1/topics/t1";
-        m->transport->plan("PATCH", path, answer(firstRefused));
-        m->transport->plan("PATCH", path, answer(secondRefused));
-        // One fetched in between, and one that may count.
-        m->transport->always("GET", "/dashboard", ScriptedAnswer::data(held.body()));
-        store().setTopicMinPriority(u"t1"_s, Priority::high);
-        store().setTopicMinPriority(u"t1"_s, Priority::critical);
-        m->settle();
-        QCOMPARE(m->transport->count("PATCH", path), 1);
-        store().refresh();
-        m->settle();
-        m->transport->release();
-        m->settle();
-        QCOMPARE(m->transport->lastRequest("PATCH", path).body, QByteArray(R"({"minPriority":"critical"})"));
-        m->transport->release();
-        m->settle();
-        QCOMPARE(QString(rawValue(store().topics().first().minPriority)), priority);
-        QCOMPARE(store().toast().has_value(), firstRefused || secondRefused);
-    }
-
-    void whatWaitedIsNotSaidForTheNextSession()
-    {
-        begin(team(u"owner"_s));
-        m->transport->plan("PUT", "/auth/settings", ScriptedAnswer::data("{}").heldBack());
-        m->transport->plan("DELETE", "/devices/here", ScriptedAnswer::noAnswer());
-        store().updateSettings([](auto &settings) { settings.digest = false; });
-        store().updateSettings([](auto &settings) { settings.sound = false; });
-        m->settle();
-        store().signOut();
-        m->transport->release();
-        m->settle();
-        QCOMPARE(m->transport->count("PUT", "/auth/settings"), 1);
-    }
-
-    void quietHoursAreThisMachinesOwn()
-    {
-        begin(team(u"owner"_s));
-        m->transport->plan("PUT", "/auth/settings", ScriptedAnswer::failure(409, "no", "No.").heldBack());
-        m->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
-        store().updateSettings([](auto &settings) { settings.digest = false; });
-        store().updateSettings([](auto &settings) { settings.quietHoursEnabled = true; });
-        m->settle();
-        QCOMPARE(m->preferences->boolean(preference_keys::quietHoursEnabled), std::optional(true));
-        m->transport->release();
-        m->settle();
-        QVERIFY(store().settings().quietHoursEnabled);
-        QVERIFY(store().settings().digest);
-    }
-
-    void whatCannotBeKeptHereIsToldOnce()
-    {
-        m->preferences->keepsThem = false;
-        begin(team(u"owner"_s));
-        QVERIFY(!store().toast());
-        store().updateSettings([](auto &settings) { settings.quietHoursEnabled = true; });
-        QCOMPARE(store().toast()->message,
-                 u"Pingwell couldn't save this on your computer. It holds until you quit Pingwell."_s);
-        QVERIFY(store().settings().quietHoursEnabled);
-        store().showToast(u"Later."_s, false);
-        store().updateSettings([](auto &settings) { settings.quietHoursEnabled = false; });
-        QCOMPARE(store().toast()->message, u"Later."_s);
-    }
-
-    void aProvisionalMemberCanOnlyWait()
-    {
-        begin(team(u"owner"_s));
-        m->transport->plan("POST", "/workspaces/w1/members", ScriptedAnswer::message("Sent.", invited).heldBack());
-        QVERIFY(!store().invite(u"eve@x.test"_s, WorkspaceRole::viewer));
-        const Member provisional = store().members().value(u"w1"_s).last();
-        QVERIFY(!store().canRemoveMember(provisional) && !store().canResendInvitation(provisional));
-        m->settle();
-        m->transport->release();
-        m->settle();
-        const Member answered = store().members().value(u"w1"_s).last();
-        QCOMPARE(answered.id, u"srv"_s);
-        QVERIFY(store().canRemoveMember(answered) && store().canResendInvitation(answered));
-    }
-
     void leavingTakesItsThingsAlong()
     {
         begin(team(u"owner"_s));
@@ -386,17 +301,27 @@ private slots:
         store().leaveWorkspace();
         m->settle();
         QCOMPARE(store().activeWorkspaceID(), u"w2"_s);
-        QVERIFY(!store().selectedAlertID() && store().alerts().isEmpty() && store().topics().isEmpty());
+        QVERIFY(!store().selectedAlertID() && store().topics().isEmpty());
+        QCOMPARE(alertWords(store()), QStringList{u"q9:unread"_s});
+        QCOMPARE(m->notifier->removed, (QStringList{u"a1"_s, u"q1"_s, u"q2"_s}));
         QCOMPARE(m->preferences->string(preference_keys::activeWorkspace), std::optional(u"w2"_s));
     }
 
-    void deletingTheFilteredTopicShowsAll()
+    /// Whether the person deletes it or somebody else does.
+    void aVanishedTopicIsNoFilter()
     {
         begin(team(u"owner"_s));
         m->transport->plan("DELETE", "/workspaces/w1/topics/t1", ScriptedAnswer::raw(200, {}));
         store().setFilter(InboxFilter::topic(u"deploys"_s));
         store().deleteTopic(u"t1"_s);
+        QVERIFY(store().filter() == InboxFilter::all());
         m->settle();
+        DashboardJSON dashboard = team(u"owner"_s);
+        store().setFilter(InboxFilter::topic(u"deploys"_s));
+        m->refreshWith(dashboard);
+        QVERIFY(store().filter() == InboxFilter::topic(u"deploys"_s));
+        dashboard.topics = {};
+        m->refreshWith(dashboard);
         QVERIFY(store().filter() == InboxFilter::all());
     }
 
@@ -422,28 +347,6 @@ private slots:
         QCOMPARE(store().isSignedIn(), !ends);
         QCOMPARE(ends ? store().signInError().value_or(QString()) : store().toast()->message, said);
         QCOMPARE(m->preferences->contains(preference_keys::device(QUrl(u"https://pingwell.test"_s))), !ends);
-    }
-
-    void theDemoRemembersItsTimeOut()
-    {
-        SeedData seed;
-        seed.workspaces = {{u"w1"_s, u"Team"_s, WorkspaceKind::team, WorkspaceRole::owner}};
-        const auto made = [&] {
-            return std::make_unique<AppStore>(seed, true, m->preferences, testStart, nullptr, m->clock);
-        };
-        const auto first = made();
-        first->setResponseTimeout(60);
-        first->setTimeoutAction(TimeoutAction::default_);
-        QCOMPARE(made()->workspaces().first().responseTimeoutMinutes, 60);
-        QVERIFY(made()->workspaces().first().timeoutAction == TimeoutAction::default_);
-        first->setResponseTimeout(45);
-        QCOMPARE(first->workspaces().first().responseTimeoutMinutes, 45);
-        QCOMPARE(made()->workspaces().first().responseTimeoutMinutes, 30);
-        first->createWorkspace(u"Ops"_s);
-        QCOMPARE(first->activeWorkspace()->name, u"Ops"_s);
-        first->createTopic(u"Deploys"_s);
-        first->createTopic(u"deploys!"_s);
-        QCOMPARE(first->activeTopicNames(), QStringList{u"deploys"_s});
     }
 };
 

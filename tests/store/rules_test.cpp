@@ -1,4 +1,6 @@
 #include "store/invite_rules.h"
+#include "store/outcome_text.h"
+#include "store/text_cut.h"
 #include "store/topic_slug.h"
 
 #include <QTest>
@@ -6,6 +8,7 @@
 using namespace pingwell;
 using namespace Qt::StringLiterals;
 
+/// The store's decisions that need nothing but values.
 class RulesTest : public QObject
 {
     Q_OBJECT
@@ -29,6 +32,23 @@ private slots:
     {
         QFETCH(QString, name);
         QTEST(slug(name), "expected");
+    }
+
+    void cuts_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("at the limit") << u"12345"_s << u"12345"_s;
+        QTest::newRow("one over") << u"123456"_s << u"12345"_s;
+        QTest::newRow("an emoji across the limit") << u"1234😀"_s << u"1234"_s;
+        QTest::newRow("a family across the limit") << u"12👩‍👩‍👧"_s << u"12"_s;
+        QTest::newRow("one endless character") << QString(u"e"_s + QString(20, QChar(0x0301))) << u""_s;
+    }
+
+    void cuts()
+    {
+        QFETCH(QString, text);
+        QTEST(withinUnits(text, 5), "expected");
     }
 
     void addresses_data()
@@ -56,6 +76,56 @@ private slots:
         bob.email = u"Bob@X.test "_s;
         bob.status = MemberStatus::invited;
         QVERIFY(inviteError(email, {bob}) == expected);
+    }
+
+    void outcomes_data()
+    {
+        QTest::addColumn<QString>("outcome");
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<bool>("team");
+        QTest::addColumn<bool>("takesText");
+        QTest::addColumn<QString>("ending");
+        const QString expired = u"the agent was told nobody answered."_s;
+        const QString escalated = u"escalated to workspace admins."_s;
+        const QString first = u"the agent continued with “Approve”."_s;
+        const QString nothing = u"the agent continued with “”."_s;
+        QTest::newRow("reported: default") << u"default"_s << u"expire"_s << true << false << first;
+        QTest::newRow("reported: escalated") << u"escalated"_s << u"expire"_s << true << false << escalated;
+        QTest::newRow("reported: expired") << u"expired"_s << u"default"_s << true << false << expired;
+        QTest::newRow("reported: default, of a text ask") << u"default"_s << u"expire"_s << true << true << nothing;
+        QTest::newRow("unknown report: by the settings") << u"x"_s << u"escalate"_s << true << false << escalated;
+        QTest::newRow("settings: default") << QString() << u"default"_s << true << false << first;
+        QTest::newRow("settings: default, of a text ask") << QString() << u"default"_s << true << true << expired;
+        QTest::newRow("settings: escalate, alone") << QString() << u"escalate"_s << false << false << expired;
+        QTest::newRow("workspace unknown") << QString() << QString() << false << false << expired;
+    }
+
+    void outcomes()
+    {
+        QFETCH(QString, outcome);
+        QFETCH(QString, action);
+        QFETCH(bool, team);
+        QFETCH(bool, takesText);
+        QFETCH(QString, ending);
+        Alert alert;
+        alert.kind = AlertKind::ask;
+        alert.answerType = takesText ? AnswerType::text : AnswerType::choice;
+        if (!takesText)
+            alert.actions = {u"Approve"_s, u"Reject"_s};
+        if (!outcome.isNull())
+            alert.outcome = outcome;
+        std::optional<Workspace> own;
+        if (const auto known = fromRawValue<TimeoutAction>(action)) {
+            own.emplace().kind = team ? WorkspaceKind::team : WorkspaceKind::personal;
+            own->timeoutAction = *known;
+        }
+        // Without a deadline of its own it is said to have waited as long as the active workspace allows.
+        Workspace active;
+        active.responseTimeoutMinutes = 90;
+        QCOMPARE(outcomeText(alert, own, active), QString(u"No reply in 1h 30m — "_s + ending));
+        QVERIFY(outcomeText(alert, own, std::nullopt).startsWith(u"No reply in 0m — "_s));
+        alert.expiresAt = alert.at + Seconds(15 * 60);
+        QVERIFY(outcomeText(alert, own, active).startsWith(u"No reply in 15m — "_s));
     }
 };
 

@@ -4,12 +4,7 @@
 #include <QTest>
 
 using namespace pingwell;
-
-namespace {
-
-const QByteArray storedAccount = R"({"name":"Ada","email":"ada@example.com","provider":"github","plan":"Pro"})";
-
-} // namespace
+using namespace Qt::StringLiterals;
 
 class SessionTest : public QObject
 {
@@ -18,6 +13,15 @@ class SessionTest : public QObject
     std::unique_ptr<StoreFixture> m;
 
     AppStore &store() { return *m->store; }
+    QString deviceKey() const { return preference_keys::device(*m->backend->baseURLOverride); }
+
+    /// For tests in which a loop starts whose answers don't matter.
+    void letLoopsFail()
+    {
+        for (const char *path : {"/dashboard", "/auth/user-data", "/invites"})
+            m->transport->always("GET", path, ScriptedAnswer::noAnswer());
+        m->transport->always("POST", "/devices", ScriptedAnswer::noAnswer());
+    }
 
 private slots:
     void init() { m = std::make_unique<StoreFixture>(); }
@@ -28,24 +32,22 @@ private slots:
         QTest::addColumn<QString>("token");
         QTest::addColumn<QByteArray>("account");
         QTest::addColumn<QString>("name");
-        QTest::newRow("a whole session") << "t" << storedAccount << "Ada";
-        QTest::newRow("no account record") << "t" << QByteArray() << "You";
-        QTest::newRow("a damaged account record") << "t" << QByteArray("{\"name\":1}") << "You";
-        QTest::newRow("an empty token") << "" << storedAccount << QString();
+        const QByteArray stored = R"({"name":"Ada","email":"ada@example.com","provider":"github","plan":"Pro"})";
+        QTest::newRow("a whole session") << u"t"_s << stored << u"Ada"_s;
+        QTest::newRow("no account record") << u"t"_s << QByteArray() << u"You"_s;
+        QTest::newRow("a damaged account record") << u"t"_s << QByteArray("{\"name\":1}") << u"You"_s;
+        QTest::newRow("an empty token") << u""_s << stored << QString();
     }
 
     void restoring()
     {
         QFETCH(QString, token);
         QFETCH(QByteArray, account);
-        QFETCH(QString, name);
         m->tokens->save(token);
         if (!account.isEmpty())
             m->preferences->setData(preference_keys::sessionAccount, account);
         m->start();
-        QCOMPARE(store().isSignedIn(), !name.isNull());
-        if (store().isSignedIn())
-            QCOMPARE(store().account()->name, name);
+        QTEST(store().account() ? store().account()->name : QString(), "name");
         QVERIFY(!store().hasLoaded());
         QVERIFY(m->transport->requests().isEmpty());
     }
@@ -57,17 +59,10 @@ private slots:
         QTest::addColumn<QString>("selfHosted");
         QTest::addColumn<QString>("expected");
         const QString cloud = APIClient::defaultBaseURL().toString();
-        QTest::newRow("the override goes first") << "https://o.test"
-                                                 << "https://s.test"
-                                                 << "h.test"
-                                                 << "https://o.test";
-        QTest::newRow("the stored one") << QString() << "https://s.test/api"
-                                        << "h.test"
-                                        << "https://s.test/api";
-        QTest::newRow("not an address: the choice") << QString() << "::"
-                                                    << "h.test/"
-                                                    << "https://h.test";
-        QTest::newRow("neither: the cloud") << QString() << QString() << "ftp://x" << cloud;
+        QTest::newRow("given") << u"https://o.test"_s << u"https://s.test"_s << u"h.test"_s << u"https://o.test"_s;
+        QTest::newRow("stored") << QString() << u"https://s.test/api"_s << u"h.test"_s << u"https://s.test/api"_s;
+        QTest::newRow("not an address: the choice") << QString() << u"::"_s << u"h.test/"_s << u"https://h.test"_s;
+        QTest::newRow("neither: the cloud") << QString() << QString() << u"ftp://x"_s << cloud;
     }
 
     void theAddressOfARestoredSession()
@@ -80,7 +75,7 @@ private slots:
             m->backend->baseURLOverride = QUrl(override);
         if (!stored.isNull())
             m->preferences->setString(preference_keys::sessionBaseURL, stored);
-        m->preferences->setString(preference_keys::serverKind, QStringLiteral("selfHosted"));
+        m->preferences->setString(preference_keys::serverKind, u"selfHosted"_s);
         m->preferences->setString(preference_keys::selfHostedURL, selfHosted);
         m->start();
         QTEST(store().client()->baseURL().toString(), "expected");
@@ -95,7 +90,7 @@ private slots:
         m->start();
         QVERIFY(!store().isSignedIn() && !store().client() && !m->tokens->load());
         QCOMPARE(store().signInError(),
-                 std::optional(QStringLiteral("Pingwell couldn't read its settings on this computer. Sign in again.")));
+                 std::optional(u"Pingwell couldn't read its settings on this computer. Sign in again."_s));
     }
 
     void persistingSurvivesARestart()
@@ -103,59 +98,47 @@ private slots:
         m->tokens->clear();
         m->backend->baseURLOverride.reset();
         m->start();
-        QVERIFY(!store().isSignedIn());
-        const Account ada{.name = QStringLiteral("Ada"),
-                          .email = QStringLiteral("ada@example.com"),
-                          .provider = AuthProvider::github,
-                          .plan = QStringLiteral("Pro")};
-        store().persistSession(QStringLiteral("fresh"), QUrl(QStringLiteral("https://s.test/api")), ada);
-        QVERIFY(store().client());
+        const Account ada{u"Ada"_s, u"ada@example.com"_s, AuthProvider::github, u"Pro"_s};
+        store().persistSession(u"fresh"_s, QUrl(u"https://s.test/api"_s), ada);
         m->start();
         QCOMPARE(store().account(), std::optional(ada));
-        QCOMPARE(store().client()->baseURL(), QUrl(QStringLiteral("https://s.test/api")));
-        QCOMPARE(store().client()->token(), std::optional(QStringLiteral("fresh")));
+        QCOMPARE(store().client()->baseURL(), QUrl(u"https://s.test/api"_s));
+        QCOMPARE(store().client()->token(), std::optional(u"fresh"_s));
     }
 
     void aSessionEndLeavesNothingBehind()
     {
-        DashboardJSON dashboard;
-        dashboard.alerts = {askJSON(QStringLiteral("a1"), 60)};
-        dashboard.settings = {{QStringLiteral("sound"), false}};
-        m->startWith(dashboard);
+        m->startWith({.alerts = {askJSON(u"a1"_s, 60)}, .settings = {{u"sound"_s, false}}});
         store().setServer(ServerKind::selfHosted);
         store().setFocusMode(true);
         store().setSection(SidebarSection::team);
         store().setFilter(InboxFilter::asks());
-        store().selectAlert(QStringLiteral("a1"));
+        store().selectAlert(u"a1"_s);
         store().setIsCreatingWorkspace(true);
-        store().setReplyDraft(QStringLiteral("half"), QStringLiteral("a1"));
-        store().showToast(QStringLiteral("stays"), false);
+        store().setReplyDraft(u"half"_s, u"a1"_s);
+        store().showToast(u"stays"_s, false);
         m->preferences->setBoolean(preference_keys::promptDismissed, true);
-        m->preferences->setString(preference_keys::device(QUrl(QStringLiteral("https://pingwell.test"))),
-                                  QStringLiteral("d1"));
-        store().endSession(QStringLiteral("Bye."));
+        m->preferences->setString(deviceKey(), u"d1"_s);
+        store().endSession(u"Bye."_s);
 
-        QCOMPARE(m->tokens->load(), std::optional<QString>());
+        QVERIFY(!m->tokens->load());
         QCOMPARE(m->notifier->removedAll, 1);
         QVERIFY(!store().client() && !store().isSignedIn() && !store().hasLoaded() && !store().focusMode());
         QVERIFY(store().alerts().isEmpty() && store().workspaces().isEmpty() && store().replyDrafts().isEmpty());
         QVERIFY(!store().selectedAlertID() && !store().isCreatingWorkspace() && !store().lastSyncedAt());
-        QVERIFY(store().settings().sound);
-        QCOMPARE(store().filter(), InboxFilter::all());
-        QCOMPARE(store().section(), SidebarSection::inbox);
-        QCOMPARE(store().signInError(), std::optional(QStringLiteral("Bye.")));
-        QCOMPARE(store().toast()->message, QStringLiteral("stays"));
-        QCOMPARE(store().server(), ServerKind::selfHosted);
+        QVERIFY(store().settings().sound && store().filter() == InboxFilter::all());
+        QVERIFY(store().section() == SidebarSection::inbox && store().server() == ServerKind::selfHosted);
+        QCOMPARE(store().signInError(), std::optional(u"Bye."_s));
+        QCOMPARE(store().toast()->message, u"stays"_s);
         // The server choice and the device identifier stay; the rest of the session goes.
         QStringList kept = m->preferences->keys();
         kept.removeAll(preference_keys::lastNotifiedAt);
-        QCOMPARE(kept,
-                 (QStringList{QStringLiteral("pingwell.device.https://pingwell.test"), preference_keys::serverKind}));
+        QCOMPARE(kept, (QStringList{deviceKey(), preference_keys::serverKind}));
     }
 
     void signingOutRemovesTheDeviceOnce()
     {
-        m->preferences->setString(preference_keys::device(*m->backend->baseURLOverride), QStringLiteral("d1"));
+        m->preferences->setString(deviceKey(), u"d1"_s);
         m->start();
         m->transport->plan("DELETE", "/devices/d1", ScriptedAnswer::noAnswer());
         store().signOut();
@@ -163,8 +146,7 @@ private slots:
         m->settle();
         QCOMPARE(headerOf(m->transport->lastRequest("DELETE", "/devices/d1"), "Authorization"),
                  QByteArray("Bearer token-1"));
-        QVERIFY(!m->preferences->contains(preference_keys::device(*m->backend->baseURLOverride)));
-        QVERIFY(!store().connectionProblem());
+        QVERIFY(!m->preferences->contains(deviceKey()) && !store().connectionProblem());
     }
 
     void aNewSessionRefreshesWhileAnOldRequestHangs()
@@ -173,13 +155,16 @@ private slots:
         m->transport->plan("GET", "/dashboard", ScriptedAnswer::failure(401).heldBack());
         store().refresh();
         m->settle();
-        store().signOut();
-        store().persistSession(QStringLiteral("token-2"), QUrl(QStringLiteral("https://pingwell.test")), Account());
-        m->refreshWith({});
-        QVERIFY(store().hasLoaded());
-        m->transport->release();
+        m->changeSession();
+        m->transport->plan("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()).heldBack());
+        store().refresh();
         m->settle();
-        QVERIFY(store().isSignedIn());
+        m->release();
+        QVERIFY2(store().isSignedIn(), "the old session's end is not this one's");
+        store().refresh();
+        m->release();
+        QVERIFY(store().hasLoaded());
+        QCOMPARE(m->transport->count("GET", "/dashboard"), 2);
     }
 
     void aLateKeyringRestoresTheSession()
@@ -187,11 +172,8 @@ private slots:
         m->tokens->clear();
         m->start();
         QVERIFY(!store().isSignedIn());
-        m->tokens->save(QStringLiteral("token-1"));
-        m->transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
-        m->transport->always("GET", "/auth/user-data", ScriptedAnswer::noAnswer());
-        m->transport->always("POST", "/devices", ScriptedAnswer::noAnswer());
-        m->transport->always("GET", "/invites", ScriptedAnswer::noAnswer());
+        m->tokens->save(u"token-1"_s);
+        letLoopsFail();
         m->tokens->onBecameReadable();
         m->settle();
         QVERIFY(store().isSignedIn());

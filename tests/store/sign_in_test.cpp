@@ -9,16 +9,12 @@
 
 using namespace pingwell;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 const QByteArray exchange = "/auth/native/token";
 const QByteArray session = R"({"token":"fresh","user":{"name":"Ada","provider":"github"}})";
-
-QUrl callback(const QString &query)
-{
-    return QUrl(QStringLiteral("pingwell://auth/callback") + query);
-}
 
 } // namespace
 
@@ -33,12 +29,10 @@ class SignInTest : public QObject
 
     AppStore &store() { return *m->store; }
 
-    void serveAnyPoll()
+    void comeBack(const QString &query)
     {
-        m->transport->always("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()));
-        m->transport->always("GET", "/auth/user-data", ScriptedAnswer::raw(200, session));
-        m->transport->always("POST", "/devices", ScriptedAnswer::noAnswer());
-        m->transport->always("GET", "/invites", ScriptedAnswer::data("[]"));
+        m_browser->handleCallback(QUrl(u"pingwell://auth/callback"_s + query));
+        m->settle();
     }
 
 private slots:
@@ -46,6 +40,10 @@ private slots:
     {
         m = std::make_unique<StoreFixture>();
         m->tokens->clear();
+        m->transport->always("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()));
+        m->transport->always("GET", "/auth/user-data", ScriptedAnswer::raw(200, session));
+        m->transport->always("POST", "/devices", ScriptedAnswer::noAnswer());
+        m->transport->always("GET", "/invites", ScriptedAnswer::data("[]"));
         m_opened.clear();
         m_browserWorks = true;
         const auto open = [this](const QUrl &url) {
@@ -68,40 +66,34 @@ private slots:
 
     void theWholeFlow()
     {
-        serveAnyPoll();
         m->start();
-        store().signIn(QStringLiteral("github"));
-        store().signIn(QStringLiteral("google"));
+        store().signIn(u"github"_s);
+        store().signIn(u"google"_s);
         QCOMPARE(m_opened.size(), 1);
         const QUrl page = m_opened.first();
-        QCOMPARE(page.path(), QStringLiteral("/auth/github"));
+        QCOMPARE(page.path(), u"/auth/github"_s);
         QStringList names;
         for (const auto &[name, value] : QUrlQuery(page).queryItems())
             names << name;
-        QCOMPARE(names.join(u' '), QStringLiteral("redirect_uri code_challenge code_challenge_method"));
+        QCOMPARE(names.join(u' '), u"redirect_uri code_challenge code_challenge_method"_s);
         QVERIFY(store().isSigningIn());
-        QCOMPARE(store().property("signInHost").toString(), QStringLiteral("pingwell.test"));
 
         m->transport->plan("POST", exchange, ScriptedAnswer::raw(200, session));
-        m_browser->handleCallback(callback(QStringLiteral("?code=abc&scope=all")));
-        m_browser->handleCallback(callback(QStringLiteral("?code=abc&scope=all")));
-        m->settle();
-
+        comeBack(u"?code=abc&scope=all"_s);
+        comeBack(u"?code=abc&scope=all"_s);
         const HTTPRequest sent = m->transport->lastRequest("POST", exchange);
         QCOMPARE(headerOf(sent, "Authorization"), QByteArray());
         const QJsonObject body = QJsonDocument::fromJson(*sent.body).object();
-        QCOMPARE(body.value(QStringLiteral("code")).toString(), QStringLiteral("abc"));
-        const QByteArray verifier = body.value(QStringLiteral("code_verifier")).toString().toLatin1();
+        QCOMPARE(body.value(u"code"_s).toString(), u"abc"_s);
+        const QByteArray verifier = body.value(u"code_verifier"_s).toString().toLatin1();
         QCOMPARE(verifier.size(), 43);
-        QCOMPARE(QUrlQuery(page).queryItemValue(QStringLiteral("code_challenge")).toLatin1(),
+        QCOMPARE(QUrlQuery(page).queryItemValue(u"code_challenge"_s).toLatin1(),
                  QCryptographicHash::hash(verifier, QCryptographicHash::Sha256)
                      .toBase64(QByteArray::Base64UrlEncoding | QByteArray::OmitTrailingEquals));
-        QVERIFY(!store().isSigningIn());
-        QCOMPARE(store().account()->name, QStringLiteral("Ada"));
-        QVERIFY(store().hasLoaded());
-        QCOMPARE(m->tokens->load(), std::optional(QStringLiteral("fresh")));
-        QCOMPARE(m->preferences->string(preference_keys::sessionBaseURL),
-                 std::optional(QStringLiteral("https://pingwell.test")));
+        QVERIFY(!store().isSigningIn() && store().hasLoaded());
+        QCOMPARE(store().account()->name, u"Ada"_s);
+        QCOMPARE(m->tokens->load(), std::optional(u"fresh"_s));
+        QCOMPARE(m->preferences->string(preference_keys::sessionBaseURL), std::optional(u"https://pingwell.test"_s));
     }
 
     void unsuccessfulEnds_data()
@@ -109,22 +101,20 @@ private slots:
         QTest::addColumn<QString>("query");
         QTest::addColumn<ScriptedAnswer>("answer");
         QTest::addColumn<QString>("message");
-        const QString unfinished = QStringLiteral("Sign-in didn't finish. Try again.");
+        const QString unfinished = u"Sign-in didn't finish. Try again."_s;
+        const QString cancelled = u"Sign-in was cancelled."_s;
         const ScriptedAnswer none = ScriptedAnswer::noAnswer();
-        QTest::newRow("denied") << "?error=access_denied" << none << "Sign-in was cancelled.";
-        QTest::newRow("an empty code falls through")
-            << "?code=&error=access_denied" << none << "Sign-in was cancelled.";
-        QTest::newRow("not offered") << "?error=provider_unavailable" << none
-                                     << "That sign-in option isn't available on this server.";
-        QTest::newRow("another error") << "?error=server_error" << none << unfinished;
-        QTest::newRow("an error without a value") << "?error" << none << unfinished;
-        QTest::newRow("no query") << "" << none << unfinished;
-        QTest::newRow("exchange offline")
-            << "?code=abc" << none << "Can't reach the Pingwell server. Check your connection.";
+        QTest::newRow("denied") << u"?error=access_denied"_s << none << cancelled;
+        QTest::newRow("an empty code falls through") << u"?code=&error=access_denied"_s << none << cancelled;
+        QTest::newRow("not offered") << u"?error=provider_unavailable"_s << none
+                                     << u"That sign-in option isn't available on this server."_s;
+        QTest::newRow("another error") << u"?error=server_error"_s << none << unfinished;
+        QTest::newRow("an error without a value") << u"?error"_s << none << unfinished;
+        QTest::newRow("no query") << u""_s << none << unfinished;
         QTest::newRow("exchange refused")
-            << "?code=abc" << ScriptedAnswer::failure(400, "expired", "That code is old.") << "That code is old.";
-        QTest::newRow("no token") << "?code=abc" << ScriptedAnswer::raw(200, R"({"user":{}})") << unfinished;
-        QTest::newRow("an empty token") << "?code=abc" << ScriptedAnswer::raw(200, R"({"token":"","user":{}})")
+            << u"?code=abc"_s << ScriptedAnswer::failure(400, "old", "That code is old.") << u"That code is old."_s;
+        QTest::newRow("no token") << u"?code=abc"_s << ScriptedAnswer::raw(200, R"({"user":{}})") << unfinished;
+        QTest::newRow("an empty token") << u"?code=abc"_s << ScriptedAnswer::raw(200, R"({"token":"","user":{}})")
                                         << unfinished;
     }
 
@@ -133,11 +123,10 @@ private slots:
         QFETCH(QString, query);
         QFETCH(ScriptedAnswer, answer);
         m->start();
-        store().signIn(QStringLiteral("google"));
-        if (query.contains(QStringLiteral("code=a")))
+        store().signIn(u"google"_s);
+        if (query.contains(u"code=a"_s))
             m->transport->plan("POST", exchange, answer);
-        m_browser->handleCallback(callback(query));
-        m->settle();
+        comeBack(query);
         QTEST(store().signInError().value_or(QString()), "message");
         QVERIFY(!store().isSigningIn() && !store().isSignedIn());
         QVERIFY(m->preferences->keys().isEmpty());
@@ -146,11 +135,11 @@ private slots:
     void foreignCallbacksAreIgnored()
     {
         m->start();
-        m_browser->handleCallback(callback(QStringLiteral("?code=early")));
-        store().signIn(QStringLiteral("google"));
-        for (const auto *url : {"https://auth/callback?code=x", "pingwell://other/callback?code=x",
-                                "pingwell://auth/elsewhere?code=x", "pingwell:"})
-            m_browser->handleCallback(QUrl(QString::fromLatin1(url)));
+        comeBack(u"?code=early"_s);
+        store().signIn(u"google"_s);
+        for (const QString &url : {u"https://auth/callback?code=x"_s, u"pingwell://other/callback?code=x"_s,
+                                   u"pingwell://auth/elsewhere?code=x"_s, u"pingwell:"_s})
+            m_browser->handleCallback(QUrl(url));
         m->settle();
         QVERIFY(store().isSigningIn());
     }
@@ -158,11 +147,11 @@ private slots:
     void givingUpSaysNothing()
     {
         m->start();
-        store().signIn(QStringLiteral("google"));
+        store().signIn(u"google"_s);
         store().cancelSignIn();
         m->settle();
         QVERIFY(!store().isSigningIn() && !store().signInError());
-        store().signIn(QStringLiteral("google"));
+        store().signIn(u"google"_s);
         m->clock->advance(9min);
         QVERIFY(store().isSigningIn());
         m->clock->advance(1min);
@@ -170,13 +159,25 @@ private slots:
         QVERIFY(!store().isSigningIn() && !store().signInError());
     }
 
+    void aSessionThatComesLateWaitsForTheSignIn()
+    {
+        m->start();
+        store().signIn(u"google"_s);
+        m->tokens->save(u"token-1"_s);
+        m->tokens->onBecameReadable();
+        QVERIFY2(!store().isSignedIn(), "the person is about to choose another one");
+        store().cancelSignIn();
+        m->settle();
+        QVERIFY(store().isSignedIn() && store().hasLoaded());
+    }
+
     void noBrowser()
     {
         m_browserWorks = false;
         m->start();
-        store().signIn(QStringLiteral("google"));
+        store().signIn(u"google"_s);
         m->settle();
-        QCOMPARE(store().signInError(), std::optional(QStringLiteral("Couldn't open the sign-in window.")));
+        QCOMPARE(store().signInError(), std::optional(u"Couldn't open the sign-in window."_s));
         QVERIFY(!store().isSigningIn());
     }
 
@@ -185,8 +186,8 @@ private slots:
         m->backend->baseURLOverride.reset();
         m->start();
         store().setServer(ServerKind::selfHosted);
-        store().signIn(QStringLiteral("google"));
-        QVERIFY(store().signInError()->startsWith(QStringLiteral("Enter your server's address, like ")));
+        store().signIn(u"google"_s);
+        QVERIFY(store().signInError()->startsWith(u"Enter your server's address, like "_s));
         QVERIFY(!store().isSigningIn() && m_opened.isEmpty());
     }
 
@@ -194,41 +195,24 @@ private slots:
     {
         m->backend->baseURLOverride.reset();
         m->start();
-        m->transport->plan("GET", "/auth/providers",
-                           ScriptedAnswer::data(R"({"providers":["gitlab","github","github"]})").heldBack());
+        const auto answerWith = [](const QByteArray &providers) {
+            return ScriptedAnswer::data("{\"providers\":" + providers + '}').heldBack();
+        };
+        m->transport->plan("GET", "/auth/providers", answerWith(R"(["gitlab","github","github"])"));
         store().setServer(ServerKind::selfHosted);
-        store().setSelfHostedURL(QStringLiteral("a.test"));
+        store().setSelfHostedURL(u"a.test"_s);
         m->clock->advance(500ms);
         m->settle();
         QCOMPARE(m->transport->count("GET", "/auth/providers"), 1);
-        store().setSelfHostedURL(QStringLiteral("b.test"));
-        m->transport->release();
-        m->settle();
+        store().setSelfHostedURL(u"b.test"_s);
+        m->release();
         QCOMPARE(store().availableProviders().size(), 2);
-        m->transport->plan("GET", "/auth/providers", ScriptedAnswer::data(R"({"providers":["github","gitlab"]})"));
+        m->transport->plan("GET", "/auth/providers", answerWith(R"(["github","gitlab"])"));
         m->clock->advance(500ms);
         m->settle();
+        m->release();
         QCOMPARE(store().availableProviders(), QList<AuthProvider>{AuthProvider::github});
-        QCOMPARE(m->transport->requests().last().url.host(), QStringLiteral("b.test"));
-    }
-
-    void thePromptIsOfferedOnceAnAccount()
-    {
-        m->tokens->save(QStringLiteral("token-1"));
-        m->start();
-        store().considerNotificationPrompt(NotificationPermission::allowed);
-        QVERIFY(!store().showsNotificationPrompt());
-        store().considerNotificationPrompt(NotificationPermission::denied);
-        QVERIFY(store().showsNotificationPrompt());
-        store().dismissNotificationPrompt();
-        store().considerNotificationPrompt(NotificationPermission::notAsked);
-        QVERIFY(!store().showsNotificationPrompt());
-        store().signOut();
-        store().considerNotificationPrompt(NotificationPermission::notAsked);
-        QVERIFY(!store().showsNotificationPrompt());
-        store().persistSession(QStringLiteral("next"), QUrl(QStringLiteral("https://pingwell.test")), Account());
-        store().considerNotificationPrompt(NotificationPermission::notAsked);
-        QVERIFY(store().showsNotificationPrompt());
+        QCOMPARE(m->transport->requests().last().url.host(), u"b.test"_s);
     }
 };
 

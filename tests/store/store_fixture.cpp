@@ -7,6 +7,8 @@
 
 namespace pingwell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QJsonObject with(QJsonObject base, const QJsonObject &more)
@@ -20,38 +22,35 @@ QJsonObject with(QJsonObject base, const QJsonObject &more)
 
 QJsonObject alertJSON(const QString &id, double secondsAgo, const QJsonObject &more)
 {
-    return with({{QStringLiteral("id"), id},
-                 {QStringLiteral("workspaceId"), QStringLiteral("w1")},
-                 {QStringLiteral("title"), QString(QStringLiteral("Alert ") + id)},
-                 {QStringLiteral("at"), millisecondsFromInstant(testStart - Seconds(secondsAgo))}},
+    return with({{u"id"_s, id},
+                 {u"workspaceId"_s, u"w1"_s},
+                 {u"title"_s, QString(u"Alert "_s + id)},
+                 {u"at"_s, millisecondsFromInstant(testStart - Seconds(secondsAgo))}},
                 more);
 }
 
 QJsonObject askJSON(const QString &id, double secondsAgo, const QJsonObject &more)
 {
-    return with(alertJSON(id, secondsAgo,
-                          {{QStringLiteral("kind"), QStringLiteral("ask")},
-                           {QStringLiteral("actions"), QJsonArray{QStringLiteral("Approve"), QStringLiteral("Deny")}}}),
-                more);
+    const QJsonObject ask{{u"kind"_s, u"ask"_s}, {u"actions"_s, QJsonArray{u"Approve"_s, u"Deny"_s}}};
+    return alertJSON(id, secondsAgo, with(ask, more));
 }
 
 QJsonObject workspaceJSON(const QString &id, const QString &role)
 {
-    return {{QStringLiteral("id"), id},
-            {QStringLiteral("name"), QString(QStringLiteral("Workspace ") + id)},
-            {QStringLiteral("kind"), QStringLiteral("team")},
-            {QStringLiteral("role"), role}};
+    return {{u"id"_s, id}, {u"name"_s, QString(u"Workspace "_s + id)}, {u"kind"_s, u"team"_s}, {u"role"_s, role}};
 }
 
 QByteArray DashboardJSON::body() const
 {
-    const QJsonObject data{{QStringLiteral("workspaces"), workspaces},
-                           {QStringLiteral("members"), members},
-                           {QStringLiteral("devices"), devices},
-                           {QStringLiteral("topics"), topics},
-                           {QStringLiteral("alerts"), alerts},
-                           {QStringLiteral("settings"), settings},
-                           {QStringLiteral("plan"), QJsonObject{{QStringLiteral("name"), QStringLiteral("Pro")}}}};
+    const QJsonObject data{
+        {u"workspaces"_s, workspaces},
+        {u"members"_s, members},
+        {u"devices"_s, devices},
+        {u"topics"_s, topics},
+        {u"alerts"_s, alerts},
+        {u"settings"_s, settings},
+        {u"plan"_s, QJsonObject{{u"name"_s, u"Pro"_s}}},
+    };
     return QJsonDocument(data).toJson(QJsonDocument::Compact);
 }
 
@@ -60,9 +59,9 @@ StoreFixture::StoreFixture()
     backend->tokenStore = tokens;
     backend->transport = transport;
     backend->notifier = notifier;
-    backend->baseURLOverride = QUrl(QStringLiteral("https://pingwell.test"));
-    backend->deviceName = QStringLiteral("Desk");
-    backend->appVersion = QStringLiteral("1.2");
+    backend->baseURLOverride = QUrl(u"https://pingwell.test"_s);
+    backend->deviceName = u"Desk"_s;
+    backend->appVersion = u"1.2"_s;
     transport->always("GET", "/auth/providers", ScriptedAnswer::noAnswer());
 }
 
@@ -95,6 +94,18 @@ void StoreFixture::refreshWith(const DashboardJSON &dashboard)
     settle();
 }
 
+void StoreFixture::changeSession()
+{
+    store->signOut();
+    store->persistSession(u"token-2"_s, QUrl(u"https://pingwell.test"_s), Account());
+}
+
+void StoreFixture::release(const QByteArray &method, const QByteArray &path)
+{
+    QVERIFY(transport->release(method, path));
+    settle();
+}
+
 void StoreFixture::settle()
 {
     // An answer passes through the event loop and the thread pool a bounded number of times.
@@ -107,8 +118,7 @@ void StoreFixture::settle()
 
 Alert StoreFixture::alert(const QString &id) const
 {
-    const auto found = store->alertWithID(id);
-    return found.value_or(Alert());
+    return store->alertWithID(id).value_or(Alert());
 }
 
 } // namespace pingwell

@@ -24,12 +24,12 @@ inline constexpr Instant testStart{Seconds(1'700'000'000)};
 /// A dashboard of one or more workspaces, as the service sends it.
 struct DashboardJSON
 {
-    QJsonArray alerts;
+    QJsonArray alerts = {};
     QJsonArray workspaces{workspaceJSON(QStringLiteral("w1"))};
-    QJsonArray members;
-    QJsonArray topics;
-    QJsonArray devices;
-    QJsonObject settings;
+    QJsonArray members = {};
+    QJsonArray topics = {};
+    QJsonArray devices = {};
+    QJsonObject settings = {};
 
     [[nodiscard]] QByteArray body() const;
 };
@@ -47,6 +47,10 @@ public:
     void startWith(const DashboardJSON &dashboard);
     /// Runs one refresh that answers with that dashboard, and waits for its end.
     void refreshWith(const DashboardJSON &dashboard);
+    /// Ends the session and begins that of another token.
+    void changeSession();
+    /// Lets the oldest held answer go, of that route where one is given, and waits for what follows.
+    void release(const QByteArray &method = {}, const QByteArray &path = {});
     /// Waits until no request of the program is outstanding but the held ones.
     void settle();
 

@@ -1,0 +1,175 @@
+#include "store/preference_keys.h"
+#include "store_fixture.h"
+
+#include <QJsonDocument>
+#include <QTest>
+
+using namespace pingwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString a1 = u"a1"_s;
+const QByteArray answerPath = "/workspaces/w1/alerts/a1/answer";
+const ScriptedAnswer refusal = ScriptedAnswer::failure(409, "closed", "Somebody was faster.");
+
+DashboardJSON textAsk()
+{
+    return {.alerts = {askJSON(a1, 60, {{u"answerType"_s, u"text"_s}})}};
+}
+
+DashboardJSON readAlerts(const QStringList &ids)
+{
+    DashboardJSON dashboard;
+    for (const QString &id : ids)
+        dashboard.alerts << alertJSON(id, 60, {{u"read"_s, true}});
+    return dashboard;
+}
+
+} // namespace
+
+/// What belongs to an alert on this machine alone: drafts, banners and unread marks.
+class AlertsTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<StoreFixture> m;
+
+    AppStore &store() { return *m->store; }
+
+    std::optional<QStringList> unreadMarks() const { return m->preferences->strings(preference_keys::unreadAlerts); }
+
+private slots:
+    void init() { m = std::make_unique<StoreFixture>(); }
+    void cleanup() { m.reset(); }
+
+    void anAnswerTakesItsDraftAndBannerAlong()
+    {
+        m->startWith(textAsk());
+        m->transport->plan("POST", answerPath, refusal.heldBack());
+        m->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        store().setReplyDraft(u"  yes "_s, a1);
+        store().answer(a1, store().replyDraft(a1));
+        QCOMPARE(store().replyDraft(a1), QString());
+        QCOMPARE(store().needsReplyCount(), 0);
+        QCOMPARE(m->notifier->removed, QStringList{a1});
+        m->settle();
+        m->release();
+        QCOMPARE(store().replyDraft(a1), u"yes"_s);
+        QCOMPARE(store().needsReplyCount(), 1);
+        QVERIFY2(m->notifier->refused.isEmpty(), "it was given in a window");
+    }
+
+    void draftsAreCutByCharacter()
+    {
+        m->start();
+        store().setReplyDraft(QString(999, u'x') + u"😀"_s, a1);
+        QCOMPARE(store().replyDraft(a1).size(), 999);
+    }
+
+    void aRefusalOfABannersAnswerIsToldInABanner()
+    {
+        m->startWith({.alerts = {askJSON(a1, 60)}});
+        m->transport->plan("POST", answerPath, refusal);
+        m->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        store().answerFromNotification(a1, u"Approve"_s);
+        m->settle();
+        QCOMPARE(m->notifier->refused, QStringList{u"a1 in Workspace w1: Somebody was faster."_s});
+    }
+
+    void aBannersAnswerThatMayNotBeGivenIsToldToo()
+    {
+        m->startWith(textAsk());
+        store().answerFromNotification(a1, QString(1001, u'x'));
+        QCOMPARE(m->notifier->refused, QStringList{u"a1 in Workspace w1: An answer has 1 to 1000 characters."_s});
+        QCOMPARE(store().replyDraft(a1).size(), 1000);
+        QVERIFY(!store().toast());
+        store().answerFromNotification(u"deleted"_s, u"x"_s);
+        QCOMPARE(m->notifier->refused.size(), 1);
+        QCOMPARE(store().toast()->message, u"This question can't be answered any more."_s);
+    }
+
+    void deletingClearsWhatShowsIt()
+    {
+        m->startWith(textAsk());
+        m->transport->plan("DELETE", "/workspaces/w1/alerts/a1", ScriptedAnswer::raw(204, ""));
+        store().selectAlert(a1);
+        store().deleteAlert(a1);
+        QVERIFY(!store().selectedAlertID());
+        QCOMPARE(m->notifier->removed, QStringList{a1});
+        m->settle();
+    }
+
+    void unreadStaysOnThisMachine()
+    {
+        m->startWith(readAlerts({a1}));
+        store().toggleRead(a1);
+        m->refreshWith(readAlerts({a1}));
+        QVERIFY(!m->alert(a1).read);
+        // A restart: another store on the same preferences.
+        m->startWith(readAlerts({a1}));
+        QVERIFY(!m->alert(a1).read);
+        m->transport->plan("POST", "/workspaces/w1/alerts/a1/read", ScriptedAnswer::raw(204, ""));
+        store().setRead(a1, true);
+        QCOMPARE(unreadMarks(), std::optional(QStringList()));
+        m->settle();
+    }
+
+    void unreadMarksOfVanishedAlertsAreDropped()
+    {
+        m->preferences->setStrings(preference_keys::unreadAlerts, {a1, u"gone"_s});
+        m->startWith(readAlerts({a1}));
+        QCOMPARE(unreadMarks()->size(), 2);
+        m->refreshWith(readAlerts({a1, u"a2"_s}));
+        QCOMPARE(unreadMarks(), std::optional(QStringList{a1}));
+    }
+
+    void readingAllLeavesNoMarks_data()
+    {
+        QTest::addColumn<ScriptedAnswer>("answer");
+        QTest::addColumn<int>("unread");
+        QTest::newRow("taken") << ScriptedAnswer::raw(204, "") << 0;
+        QTest::newRow("refused") << refusal << 1;
+    }
+
+    void readingAllLeavesNoMarks()
+    {
+        QFETCH(ScriptedAnswer, answer);
+        m->startWith(readAlerts({a1, u"a2"_s}));
+        store().setRead(a1, false);
+        m->transport->plan("POST", "/workspaces/w1/alerts/read-all", answer);
+        m->transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        store().markAllRead();
+        m->settle();
+        QTEST(int(store().unreadCount()), "unread");
+        QCOMPARE(unreadMarks(), std::optional(QStringList()));
+    }
+
+    void aTestAlertIsAnnouncedOnce()
+    {
+        m->startWith({});
+        const QJsonObject created = alertJSON(u"t1"_s, -5);
+        m->transport->plan("POST", "/workspaces/w1/alerts/test", ScriptedAnswer::data(QJsonDocument(created).toJson()));
+        store().sendTestAlert();
+        m->settle();
+        QCOMPARE(m->notifier->delivered, QStringList{u"t1 in Workspace w1, sounds"_s});
+        m->changeSession();
+        m->refreshWith({.alerts = {created}});
+        QCOMPARE(m->notifier->delivered.size(), 1);
+    }
+
+    void whatCannotBeKeptHereIsToldOnce()
+    {
+        m->preferences->keepsThem = false;
+        m->startWith(readAlerts({a1}));
+        store().setRead(a1, false);
+        QCOMPARE(store().toast()->message,
+                 u"Pingwell couldn't save this on your computer. It holds until you quit Pingwell."_s);
+        store().showToast(u"Later."_s, false);
+        store().updateSettings([](auto &settings) { settings.quietHoursEnabled = true; });
+        QCOMPARE(store().toast()->message, u"Later."_s);
+    }
+};
+
+QTEST_GUILESS_MAIN(AlertsTest)
+#include "alerts_test.moc"

@@ -1,0 +1,173 @@
+#include "store/preference_keys.h"
+#include "store_fixture.h"
+
+#include <QTest>
+
+using namespace pingwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString a1 = u"a1"_s;
+const QByteArray answerPath = "/workspaces/w1/alerts/a1/answer";
+const QByteArray readPath = "/workspaces/w1/alerts/a1/read";
+const QByteArray topicPath = "/workspaces/w1/topics/t1";
+const QByteArray settingsPath = "/auth/settings";
+const ScriptedAnswer refusal = ScriptedAnswer::failure(409, "no", "No.");
+const ScriptedAnswer alertAnswer = ScriptedAnswer::data(R"({"id":"a1","workspaceId":"w1","title":"x","at":1})");
+const ScriptedAnswer nothing = ScriptedAnswer::raw(204, "");
+
+DashboardJSON oneAsk()
+{
+    return {.alerts = {askJSON(a1, 60)}};
+}
+
+DashboardJSON oneTopic(const QString &priority)
+{
+    return {
+        .topics = {QJsonObject{
+            {u"id"_s, u"t1"_s}, {u"workspaceId"_s, u"w1"_s}, {u"name"_s, u"deploys"_s}, {u"minPriority"_s, priority}}}};
+}
+
+} // namespace
+
+/// What becomes of changes under way: among each other, beside the dashboards, and at the end of a session.
+class MutationsTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<StoreFixture> m;
+
+    AppStore &store() { return *m->store; }
+
+private slots:
+    void init() { m = std::make_unique<StoreFixture>(); }
+    void cleanup() { m.reset(); }
+
+    void noDashboardIsMergedAcrossOne()
+    {
+        m->startWith(oneAsk());
+        // It begins and ends while a dashboard is on its way.
+        m->transport->plan("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()).heldBack());
+        store().refresh();
+        m->transport->plan("POST", readPath, nothing);
+        store().setRead(a1, true);
+        m->settle();
+        m->release();
+        QVERIFY(m->alert(a1).read);
+        // A dashboard comes and goes while two of them are on their way; they end in any order.
+        m->transport->plan("POST", answerPath, alertAnswer.heldBack());
+        m->transport->plan("PUT", settingsPath, ScriptedAnswer::data("{}").heldBack());
+        store().answer(a1, u"Approve"_s);
+        store().updateSettings([](auto &settings) { settings.digest = false; });
+        m->settle();
+        m->refreshWith(oneAsk());
+        m->release("PUT", settingsPath);
+        m->refreshWith(oneAsk());
+        QCOMPARE(m->alert(a1).answer, std::optional(u"Approve"_s));
+        m->release("POST", answerPath);
+        m->refreshWith(oneAsk());
+        QVERIFY(!m->alert(a1).answer);
+    }
+
+    /// Two quick changes of one thing: said in order, and whatever becomes of them, what the service holds is shown.
+    void quickChangesConverge_data()
+    {
+        QTest::addColumn<bool>("firstRefused");
+        QTest::addColumn<bool>("secondRefused");
+        QTest::newRow("both taken") << false << false;
+        QTest::newRow("the first refused") << true << false;
+        QTest::newRow("the second refused") << false << true;
+        QTest::newRow("both refused") << true << true;
+    }
+
+    void quickChangesConverge()
+    {
+        QFETCH(bool, firstRefused);
+        QFETCH(bool, secondRefused);
+        m->startWith(oneTopic(u"normal"_s));
+        const ScriptedAnswer taken = ScriptedAnswer::data(R"({"id":"t1","workspaceId":"w1","name":"deploys"})");
+        m->transport->plan("PATCH", topicPath, (firstRefused ? refusal : taken).heldBack());
+        m->transport->plan("PATCH", topicPath, (secondRefused ? refusal : taken).heldBack());
+        const QString held = !secondRefused ? u"critical"_s : !firstRefused ? u"high"_s : u"normal"_s;
+        // One fetched in between, and one that may count.
+        m->transport->always("GET", "/dashboard", ScriptedAnswer::data(oneTopic(held).body()));
+        store().setTopicMinPriority(u"t1"_s, Priority::high);
+        store().setTopicMinPriority(u"t1"_s, Priority::critical);
+        m->settle();
+        QCOMPARE(m->transport->count("PATCH", topicPath), 1);
+        store().refresh();
+        m->settle();
+        m->release();
+        QCOMPARE(m->transport->lastRequest("PATCH", topicPath).body, QByteArray(R"({"minPriority":"critical"})"));
+        m->release();
+        QCOMPARE(QString(rawValue(store().topics().first().minPriority)), held);
+        QCOMPARE(store().toast().has_value(), firstRefused || secondRefused);
+    }
+
+    void onlyWhatWasRefusedIsUndone()
+    {
+        m->startWith({});
+        m->transport->plan("PUT", settingsPath, refusal.heldBack());
+        m->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        store().updateSettings([](auto &settings) { settings.digest = false; });
+        // Quiet hours are this machine's own: the service is not told.
+        store().updateSettings([](auto &settings) { settings.quietHoursEnabled = true; });
+        m->settle();
+        m->release();
+        QVERIFY(store().settings().quietHoursEnabled && store().settings().digest);
+        QCOMPARE(m->transport->count("PUT", settingsPath), 1);
+        QCOMPARE(m->preferences->boolean(preference_keys::quietHoursEnabled), std::optional(true));
+    }
+
+    void whatWaitedIsNotSaidForTheNextSession()
+    {
+        m->startWith({});
+        m->transport->plan("PUT", settingsPath, ScriptedAnswer::data("{}").heldBack());
+        store().updateSettings([](auto &settings) { settings.digest = false; });
+        store().updateSettings([](auto &settings) { settings.sound = false; });
+        m->settle();
+        m->changeSession();
+        m->transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        m->release();
+        QCOMPARE(m->transport->count("PUT", settingsPath), 1);
+    }
+
+    void aRefusedSessionEndsAmongOtherChanges()
+    {
+        m->startWith({.alerts = {askJSON(a1, 60), alertJSON(u"b"_s, 60), alertJSON(u"c"_s, 60)}});
+        m->transport->plan("POST", answerPath, refusal.heldBack());
+        m->transport->plan("DELETE", "/workspaces/w1/alerts/c", ScriptedAnswer::noAnswer().heldBack());
+        m->transport->plan("POST", "/workspaces/w1/alerts/b/read", ScriptedAnswer::raw(401, ""));
+        store().answer(a1, u"Deny"_s);
+        store().deleteAlert(u"c"_s);
+        store().setRead(u"b"_s, true);
+        m->settle();
+        QVERIFY(!store().isSignedIn() && store().hasMutationsInFlight());
+        m->release();
+        m->release();
+        // What the others come back with is nothing to the next person at this screen.
+        QVERIFY(store().alerts().isEmpty() && !store().toast() && !store().hasMutationsInFlight());
+        QCOMPARE(store().signInError(), std::optional(u"Your session has ended. Sign in again."_s));
+        QCOMPARE(m->transport->count("GET", "/dashboard"), 1);
+    }
+
+    void anAnswerOfAnEarlierSessionTouchesNothing()
+    {
+        m->startWith(oneAsk());
+        m->transport->plan("POST", answerPath, refusal.heldBack());
+        store().answer(a1, u"Deny"_s);
+        m->settle();
+        m->changeSession();
+        m->transport->always("GET", "/dashboard", ScriptedAnswer::data(oneAsk().body()));
+        store().refresh();
+        m->settle();
+        QVERIFY2(!store().hasLoaded(), "a dashboard fetched across a mutation is not merged");
+        m->release();
+        QVERIFY2(store().hasLoaded(), "the new session must not wait for the next poll");
+        QVERIFY(!store().toast() && !m->alert(a1).answer);
+    }
+};
+
+QTEST_GUILESS_MAIN(MutationsTest)
+#include "mutations_test.moc"
