@@ -110,7 +110,7 @@ LoginItemStatus AutostartLoginItem::status() const
 
 bool AutostartLoginItem::isProgramInstalled() const
 {
-    static const QStringList folders{QStringLiteral("/usr/"), QStringLiteral("/usr/local/"), QStringLiteral("/opt/")};
+    static const QStringList folders{QStringLiteral("/usr/"), QStringLiteral("/opt/")};
     const QString path = QDir::cleanPath(m_programPath);
     return std::any_of(folders.begin(), folders.end(), [&](const QString &folder) { return path.startsWith(folder); });
 }

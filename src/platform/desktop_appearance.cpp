@@ -1,5 +1,7 @@
 #include "platform/desktop_appearance.h"
 
+#include "platform/key_file.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -48,22 +50,12 @@ QString plasmaSettingsPath()
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/kdeglobals"_s;
 }
 
-/// Whether Plasma's animations last any time, as its configuration file has it: AnimationDurationFactor in [KDE].
-bool plasmaAnimates(QFile &settings)
+/// Whether Plasma's animations last any time, as its configuration file has it.
+bool plasmaAnimates(const QByteArray &settings)
 {
-    bool inGroup = false;
-    while (!settings.atEnd()) {
-        const QByteArray line = settings.readLine().trimmed();
-        if (line.startsWith('['))
-            inGroup = line == "[KDE]";
-        const qsizetype equals = line.indexOf('=');
-        if (!inGroup || equals < 0 || line.first(equals).trimmed() != "AnimationDurationFactor")
-            continue;
-        bool isNumber = false;
-        const double factor = line.sliced(equals + 1).trimmed().toDouble(&isNumber);
-        return !isNumber || factor > 0;
-    }
-    return true;
+    bool isNumber = false;
+    const double factor = keyFileGroup(settings, u"[KDE]"_s).value(u"AnimationDurationFactor"_s).toDouble(&isNumber);
+    return !isNumber || factor > 0;
 }
 
 } // namespace
@@ -122,7 +114,7 @@ void DesktopAppearance::readPlasmaSettings()
     QFile settings(plasmaSettingsPath());
     if (!settings.open(QIODevice::ReadOnly))
         return;
-    m_plasmaAnimates = plasmaAnimates(settings);
+    m_plasmaAnimates = plasmaAnimates(settings.readAll());
     if (!m_plasmaSettings) {
         m_plasmaSettings = std::make_unique<QFileSystemWatcher>();
         connect(m_plasmaSettings.get(), &QFileSystemWatcher::fileChanged, this, [this] {

@@ -107,14 +107,8 @@ void FreedesktopNotificationCenter::listen()
         std::make_unique<QDBusServiceWatcher>(notificationService, m_bus, QDBusServiceWatcher::WatchForOwnerChange);
     connect(m_ownerWatch.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
             &FreedesktopNotificationCenter::noteOwner);
-    // From the service only: GNOME sends every signal from a second place too.
-    const auto subscribe = [this](const QString &signal, const char *slot) {
-        m_bus.connect(notificationService, notificationPath, notificationService, signal, this, slot);
-    };
-    subscribe(QStringLiteral("ActionInvoked"), SLOT(noteAction(uint, QString, QDBusMessage)));
-    subscribe(QStringLiteral("NotificationReplied"), SLOT(noteReply(uint, QString, QDBusMessage)));
-    subscribe(QStringLiteral("NotificationClosed"), SLOT(noteClosed(uint, uint, QDBusMessage)));
-    subscribe(QStringLiteral("ActivationToken"), SLOT(noteToken(uint, QString, QDBusMessage)));
+    m_events = std::make_unique<BannerEventSource>(m_bus);
+    connect(m_events.get(), &BannerEventSource::told, this, &FreedesktopNotificationCenter::handle);
 }
 
 void FreedesktopNotificationCenter::noteOwner(const QString &, const QString &, const QString &newOwner)
@@ -230,26 +224,6 @@ void FreedesktopNotificationCenter::close(Banner &banner) const
     QDBusMessage call = notificationCall(QStringLiteral("CloseNotification"), banner.server);
     call << banner.number;
     m_bus.send(call);
-}
-
-void FreedesktopNotificationCenter::noteAction(uint number, const QString &key, const QDBusMessage &signal)
-{
-    handle({BannerEvent::Kind::action, signal.service(), number, key, 0});
-}
-
-void FreedesktopNotificationCenter::noteReply(uint number, const QString &text, const QDBusMessage &signal)
-{
-    handle({BannerEvent::Kind::reply, signal.service(), number, text, 0});
-}
-
-void FreedesktopNotificationCenter::noteClosed(uint number, uint reason, const QDBusMessage &signal)
-{
-    handle({BannerEvent::Kind::closed, signal.service(), number, {}, reason});
-}
-
-void FreedesktopNotificationCenter::noteToken(uint number, const QString &token, const QDBusMessage &signal)
-{
-    handle({BannerEvent::Kind::activationToken, signal.service(), number, token, 0});
 }
 
 void FreedesktopNotificationCenter::handle(const BannerEvent &event)

@@ -2,7 +2,7 @@
 
 #include "notify/notification_center.h"
 #include "platform/banner.h"
-#include "platform/banner_event.h"
+#include "platform/banner_event_source.h"
 #include "platform/notification_server.h"
 
 #include <QDBusConnection>
@@ -42,15 +42,9 @@ public:
     void removeAll() override;
     void setResponseHandler(ResponseHandler handler) override;
 
-private slots:
-    void noteAction(uint number, const QString &key, const QDBusMessage &signal);
-    void noteReply(uint number, const QString &text, const QDBusMessage &signal);
-    void noteClosed(uint number, uint reason, const QDBusMessage &signal);
-    void noteToken(uint number, const QString &token, const QDBusMessage &signal);
-    void noteOwner(const QString &service, const QString &oldOwner, const QString &newOwner);
-
 private:
     void listen();
+    void noteOwner(const QString &service, const QString &oldOwner, const QString &newOwner);
     void sendWaiting();
     void send(Banner &banner);
     void noteSent(const NotificationRequest &request, const QDBusMessage &reply);
@@ -66,6 +60,7 @@ private:
 
     QDBusConnection m_bus;
     std::unique_ptr<QDBusServiceWatcher> m_ownerWatch;
+    std::unique_ptr<BannerEventSource> m_events;
     /// As last announced; none before anything was.
     std::optional<QString> m_owner;
     /// None until it was asked, and again when it is replaced.

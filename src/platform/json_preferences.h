@@ -51,7 +51,6 @@ private:
     bool writeChanges();
     bool readPresent(QJsonObject &present);
     [[nodiscard]] QJsonObject merged(QJsonObject present) const;
-    bool replace(const QJsonObject &content);
     bool fail(const QString &what, const QString &reason);
 
     QString m_path;

@@ -1,98 +1,29 @@
 // GLib names things "signals" and "slots", so this file is compiled with QT_NO_KEYWORDS.
 #include "platform/secret_service_keychain.h"
 
+#include "platform/glib_call.h"
+#include "platform/secret_service_start.h"
+
 #include <libsecret/secret.h>
 
-#include <chrono>
-#include <condition_variable>
-#include <mutex>
 #include <optional>
-#include <thread>
 #include <vector>
 
 namespace pingwell {
 
-using namespace std::chrono_literals;
-
 namespace {
 
-constexpr auto longestCall = 10s;
-constexpr auto longestStart = 2min;
-
-struct Unref
+struct UnrefSecret
 {
-    void operator()(GMainContext *context) const { g_main_context_unref(context); }
-    void operator()(void *object) const { g_object_unref(object); }
-    void operator()(GHashTable *table) const { g_hash_table_unref(table); }
     void operator()(SecretValue *value) const { secret_value_unref(value); }
-    void operator()(GVariant *value) const { g_variant_unref(value); }
 };
 
-template<typename Type>
-using Ref = std::unique_ptr<Type, Unref>;
+using SecretRef = std::unique_ptr<SecretValue, UnrefSecret>;
 
-/// Receives the error of one GLib call.
-class Error
+KeychainStatus statusOf(const GLibError &error)
 {
-public:
-    Error() = default;
-    ~Error() { g_clear_error(&m_error); }
-    Q_DISABLE_COPY_MOVE(Error)
-
-    /// Where the call puts it.
-    [[nodiscard]] GError **place() { return &m_error; }
-    [[nodiscard]] bool isSet() const { return m_error != nullptr; }
-    [[nodiscard]] KeychainStatus status() const
-    {
-        const bool locked = g_error_matches(m_error, SECRET_ERROR, SECRET_ERROR_IS_LOCKED);
-        return locked ? KeychainStatus::locked : KeychainStatus::unavailable;
-    }
-
-private:
-    GError *m_error = nullptr;
-};
-
-/// Cancels the calls it is handed to once they have taken too long: a service that hangs must not hang the caller.
-class Deadline
-{
-public:
-    explicit Deadline(std::chrono::milliseconds longest)
-        : m_watch([this, longest](const std::stop_token &done) {
-            std::unique_lock lock(m_mutex);
-            if (!m_changed.wait_for(lock, done, longest, [&done] { return done.stop_requested(); }))
-                g_cancellable_cancel(m_cancellable.get());
-        })
-    {
-    }
-
-    operator GCancellable *() const { return m_cancellable.get(); }
-
-private:
-    Ref<GCancellable> m_cancellable{g_cancellable_new()};
-    std::mutex m_mutex;
-    std::condition_variable_any m_changed;
-    // Last: it uses the others until it ends.
-    std::jthread m_watch;
-};
-
-/// Keeps what GLib delivers during a call on the calling thread: its default context may be the one the main thread
-/// runs.
-class Delivery
-{
-public:
-    explicit Delivery(GMainContext *context)
-        : m_context(context)
-    {
-        g_main_context_push_thread_default(m_context);
-        while (g_main_context_iteration(m_context, FALSE)) {
-        }
-    }
-    ~Delivery() { g_main_context_pop_thread_default(m_context); }
-    Q_DISABLE_COPY_MOVE(Delivery)
-
-private:
-    GMainContext *m_context;
-};
+    return error.is(SECRET_ERROR, SECRET_ERROR_IS_LOCKED) ? KeychainStatus::locked : KeychainStatus::unavailable;
+}
 
 /// Items are found by their attributes alone, whatever schema the service recorded with them.
 const SecretSchema *schema()
@@ -114,62 +45,6 @@ Ref<GHashTable> attributesOf(const QString &service, const QString &account)
                                                    qUtf8Printable(account), nullptr));
 }
 
-/// The session bus; it may close without ending the program, which GLib would otherwise do.
-Ref<GDBusConnection> sessionBus(GCancellable *cancellable)
-{
-    Ref<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, nullptr));
-    if (bus)
-        g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
-    return bus;
-}
-
-bool isAnswering(GDBusConnection *bus)
-{
-    const Deadline deadline(longestCall);
-    const Ref<GVariant> reply(
-        g_dbus_connection_call_sync(bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-                                    "NameHasOwner", g_variant_new("(s)", "org.freedesktop.secrets"),
-                                    G_VARIANT_TYPE("(b)"), G_DBUS_CALL_FLAGS_NONE, -1, deadline, nullptr));
-    gboolean owned = FALSE;
-    if (reply)
-        g_variant_get(reply.get(), "(b)", &owned);
-    return owned;
-}
-
-/// Asks the bus to start `name`, where it knows how to.
-void start(GDBusConnection *bus, const char *name)
-{
-    const Deadline deadline(longestCall);
-    const Ref<GVariant> reply(g_dbus_connection_call_sync(
-        bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "StartServiceByName",
-        g_variant_new("(su)", name, 0U), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, deadline, nullptr));
-}
-
-/// Waits for `duration`; false as soon as `stop` is requested.
-bool pause(std::chrono::milliseconds duration, const std::stop_token &stop)
-{
-    std::mutex mutex;
-    std::condition_variable_any changed;
-    std::unique_lock lock(mutex);
-    changed.wait_for(lock, stop, duration, [] { return false; });
-    return !stop.stop_requested();
-}
-
-/// Waits for a service that comes up later than this program, as at login. KWallet is one that no call starts.
-KeychainStatus waitUntilAnswering(GDBusConnection *bus, const std::stop_token &stop)
-{
-    for (const char *name : {"org.freedesktop.secrets", "org.kde.kwalletd6", "org.kde.kwalletd5"}) {
-        if (!isAnswering(bus) && !stop.stop_requested())
-            start(bus, name);
-    }
-    const auto end = std::chrono::steady_clock::now() + longestStart;
-    for (auto wait = 1s; !isAnswering(bus); wait *= 2) {
-        if (std::chrono::steady_clock::now() + wait > end || !pause(wait, stop))
-            return KeychainStatus::unavailable;
-    }
-    return KeychainStatus::success;
-}
-
 } // namespace
 
 struct SecretServiceKeychain::State
@@ -178,7 +53,7 @@ struct SecretServiceKeychain::State
     std::optional<std::vector<Ref<SecretItem>>> search(const QString &service, const QString &account);
     KeychainStatus unlockCollection(GCancellable *cancellable);
     KeychainStatus unlockItems(GCancellable *cancellable);
-    KeychainStatus noteFailure(const Error &error);
+    KeychainStatus noteFailure(const GLibError &error);
 
     // Before what is delivered through it.
     Ref<GMainContext> context{g_main_context_new()};
@@ -196,9 +71,9 @@ struct SecretServiceKeychain::State
     }
 };
 
-KeychainStatus SecretServiceKeychain::State::noteFailure(const Error &error)
+KeychainStatus SecretServiceKeychain::State::noteFailure(const GLibError &error)
 {
-    const KeychainStatus status = error.status();
+    const KeychainStatus status = statusOf(error);
     if (status == KeychainStatus::unavailable) {
         secretService.reset();
         lockedItems.clear();
@@ -210,11 +85,11 @@ KeychainStatus SecretServiceKeychain::State::noteFailure(const Error &error)
 std::optional<std::vector<Ref<SecretItem>>> SecretServiceKeychain::State::search(const QString &service,
                                                                                  const QString &account)
 {
-    const Deadline deadline(longestCall);
+    const Deadline deadline;
     const Ref<GHashTable> attributes = attributesOf(service, account);
     const auto flags = SecretSearchFlags(SECRET_SEARCH_ALL | SECRET_SEARCH_LOAD_SECRETS);
     lockedItems.clear();
-    Error error;
+    GLibError error;
     GList *found = nullptr;
     if (SecretService *const secrets = this->service(deadline))
         found = secret_service_search_sync(secrets, schema(), attributes.get(), flags, deadline, error.place());
@@ -252,7 +127,7 @@ KeychainItem SecretServiceKeychain::copyMatching(const QString &service, const Q
     if (!items)
         return {.status = KeychainStatus::unavailable, .data = {}};
     for (const Ref<SecretItem> &item : *items) {
-        const Ref<SecretValue> value(secret_item_get_secret(item.get()));
+        const SecretRef value(secret_item_get_secret(item.get()));
         if (!value)
             continue;
         gsize length = 0;
@@ -268,11 +143,11 @@ KeychainItem SecretServiceKeychain::copyMatching(const QString &service, const Q
 KeychainStatus SecretServiceKeychain::store(const QString &service, const QString &account, const QByteArray &data)
 {
     const Delivery delivery(m_state->context.get());
-    const Deadline deadline(longestCall);
+    const Deadline deadline;
     SecretService *const secrets = m_state->service(deadline);
     if (!secrets)
         return KeychainStatus::unavailable;
-    Error error;
+    GLibError error;
     // Storing where there is no default collection would ask the person to make one, which is unlock's part.
     const Ref<SecretCollection> collection(secret_collection_for_alias_sync(
         secrets, SECRET_COLLECTION_DEFAULT, SECRET_COLLECTION_NONE, deadline, error.place()));
@@ -282,7 +157,7 @@ KeychainStatus SecretServiceKeychain::store(const QString &service, const QStrin
     if (!collection || secret_collection_get_locked(collection.get()))
         return KeychainStatus::locked;
     const Ref<GHashTable> attributes = attributesOf(service, account);
-    const Ref<SecretValue> value(secret_value_new(data.constData(), data.size(), "text/plain"));
+    const SecretRef value(secret_value_new(data.constData(), data.size(), "text/plain"));
     secret_service_store_sync(secrets, schema(), attributes.get(), SECRET_COLLECTION_DEFAULT, "Pingwell session",
                               value.get(), deadline, error.place());
     return error.isSet() ? m_state->noteFailure(error) : KeychainStatus::success;
@@ -294,9 +169,9 @@ KeychainStatus SecretServiceKeychain::remove(const QString &service, const QStri
     const auto items = m_state->search(service, account);
     if (!items)
         return KeychainStatus::unavailable;
-    const Deadline deadline(longestCall);
+    const Deadline deadline;
     for (const Ref<SecretItem> &item : *items) {
-        Error error;
+        GLibError error;
         secret_item_delete_sync(item.get(), deadline, error.place());
         if (error.isSet())
             return m_state->noteFailure(error);
@@ -315,7 +190,7 @@ KeychainStatus SecretServiceKeychain::unlock(std::stop_token stop)
     if (!bus)
         return KeychainStatus::unavailable;
     if (!m_state->answered)
-        return waitUntilAnswering(bus.get(), stop);
+        return startSecretService(bus.get(), stop) ? KeychainStatus::success : KeychainStatus::unavailable;
     if (!m_state->lockedItems.empty())
         return m_state->unlockItems(cancellable.get());
     return m_state->unlockCollection(cancellable.get());
@@ -326,7 +201,7 @@ KeychainStatus SecretServiceKeychain::State::unlockItems(GCancellable *cancellab
     GList *items = nullptr;
     for (const Ref<SecretItem> &item : lockedItems)
         items = g_list_prepend(items, item.get());
-    Error error;
+    GLibError error;
     const gint opened = secret_service_unlock_sync(service(cancellable), items, cancellable, nullptr, error.place());
     g_list_free(items);
     if (error.isSet())
@@ -339,7 +214,7 @@ KeychainStatus SecretServiceKeychain::State::unlockCollection(GCancellable *canc
     SecretService *const secrets = service(cancellable);
     if (!secrets)
         return KeychainStatus::unavailable;
-    Error error;
+    GLibError error;
     const Ref<SecretCollection> collection(secret_collection_for_alias_sync(
         secrets, SECRET_COLLECTION_DEFAULT, SECRET_COLLECTION_NONE, cancellable, error.place()));
     if (error.isSet())
