@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Pingwell
 
 /** A row of a form that does something when it is pressed. */
-T.AbstractButton {
+Pressable {
     id: root
 
     required property string label
@@ -14,12 +13,6 @@ T.AbstractButton {
     implicitHeight: 40
     leftPadding: Theme.gap4
     rightPadding: Theme.gap4
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
-    opacity: enabled ? 1 : Theme.disabledOpacity
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
-    Accessible.role: Accessible.Button
     Accessible.name: root.label
 
     background: Item {

@@ -1,24 +1,20 @@
 import QtQuick
-import QtQuick.Templates as T
 import Pingwell
 
-/** A button that is only a symbol; `label` is what it is called. */
-T.AbstractButton {
+/** A button that is only a symbol. `label` is what it is called, and what its tool tip says unless `help` says more. */
+Pressable {
     id: root
 
     required property string label
     required property string symbolName
+    property string help: root.label
+    property bool showsHelp: root.hovered || root.visualFocus
     property color color: Theme.textSecondary
 
     implicitWidth: 24
     implicitHeight: 24
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
-    opacity: enabled ? 1 : Theme.disabledOpacity
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
-    Accessible.role: Accessible.Button
     Accessible.name: root.label
+    Accessible.description: root.help === root.label ? "" : root.help
 
     background: PressFill {
         control: root
@@ -30,5 +26,10 @@ T.AbstractButton {
             name: root.symbolName
             color: root.color
         }
+    }
+
+    PlainToolTip {
+        help: root.help
+        visible: root.showsHelp
     }
 }

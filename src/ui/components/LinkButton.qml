@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Pingwell
 
 /** A button drawn as a link. */
-T.AbstractButton {
+Pressable {
     id: root
 
     required property string label
@@ -13,12 +12,6 @@ T.AbstractButton {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     topPadding: 2
     bottomPadding: 2
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
-    opacity: enabled ? 1 : Theme.disabledOpacity
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
-    Accessible.role: Accessible.Button
     Accessible.name: root.label
 
     contentItem: PlainText {

@@ -9,11 +9,7 @@ IconButton {
     property bool open: false
 
     symbolName: "ellipsis.circle"
+    showsHelp: root.hovered && !root.open
     color: root.open ? Theme.accent : Theme.textSecondary
     Accessible.role: Accessible.ButtonMenu
-
-    PlainToolTip {
-        help: root.label
-        visible: root.hovered && !root.open
-    }
 }

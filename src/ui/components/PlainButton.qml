@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Pingwell
 
 /** A button with words, and a symbol where it has one. Filled when prominent, outlined otherwise. */
-T.AbstractButton {
+Pressable {
     id: root
 
     required property string label
@@ -19,12 +18,6 @@ T.AbstractButton {
     implicitHeight: 28
     leftPadding: Theme.gap3
     rightPadding: Theme.gap3
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
-    opacity: enabled ? 1 : Theme.disabledOpacity
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
-    Accessible.role: Accessible.Button
     Accessible.name: root.label
 
     background: ButtonFill {

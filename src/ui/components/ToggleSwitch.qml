@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Pingwell
 
 /** A switch at the end of its words. It follows `on` and asks for a change; it never changes by itself. */
-T.AbstractButton {
+Pressable {
     id: root
 
     required property string label
@@ -15,14 +14,11 @@ T.AbstractButton {
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: 20
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
     onClicked: {
         root.toggleRequested(!root.on)
         // A press moves what assistive technology is told, whether or not the request was heard.
         root.checked = Qt.binding(() => root.on)
     }
-    Keys.onReturnPressed: root.clicked()
     // What makes it a check box to assistive technology: the control sets its own role.
     checkable: true
     checked: root.on

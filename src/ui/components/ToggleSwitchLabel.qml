@@ -13,7 +13,6 @@ Item {
     required property color color
 
     implicitWidth: Math.ceil(words.implicitWidth) + 6 + track.width
-    opacity: root.control.enabled ? 1 : Theme.disabledOpacity
 
     PlainText {
         id: words

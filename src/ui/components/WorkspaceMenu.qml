@@ -6,7 +6,7 @@ import QtQuick.Templates as T
 import Pingwell
 
 /** Shows the active workspace, and opens the choice of all of them. */
-T.AbstractButton {
+Pressable {
     id: root
 
     required property AppStore store
@@ -23,10 +23,7 @@ T.AbstractButton {
     implicitHeight: root.compact ? 28 : 40
     leftPadding: Theme.gap2
     rightPadding: Theme.gap2
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
     onClicked: menu.visible ? menu.close() : menu.open()
-    Keys.onReturnPressed: root.clicked()
     Keys.onDownPressed: menu.open()
     Accessible.role: Accessible.ButtonMenu
     Accessible.name: root.compact ? root.active.name : root.active.name + ", " + root.subtitle

@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Pingwell
 
 /** One choice of what the inbox shows, and how much that is. */
-T.AbstractButton {
+Pressable {
     id: root
 
     required property filterChip chip
@@ -19,10 +18,6 @@ T.AbstractButton {
     bottomPadding: Theme.gap1
     // The chips are one stop; the arrow keys move among them.
     focusPolicy: Qt.NoFocus
-    hoverEnabled: true
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
-    Accessible.role: Accessible.Button
     Accessible.name: root.chip.label + ", " + root.chip.count
     Accessible.description: root.chip.selected ? "selected" : "not selected"
     Accessible.selectable: true

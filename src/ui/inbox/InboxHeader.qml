@@ -43,15 +43,8 @@ Item {
         enabled: root.canSendTestAlert
         label: "Send test alert"
         symbolName: "paperplane"
+        help: "Sends an alert to this workspace so you can check notifications work."
         onClicked: root.store.sendTestAlert()
-        Accessible.description: explanation.help
-
-        PlainToolTip {
-            id: explanation
-
-            visible: testAlert.hovered || testAlert.visualFocus
-            help: "Sends an alert to this workspace so you can check notifications work."
-        }
     }
 
     LinkButton {

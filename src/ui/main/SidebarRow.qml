@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Pingwell
 
 /** One section of the main screen, to choose. */
-T.AbstractButton {
+Pressable {
     id: root
 
     required property AppStore store
@@ -20,11 +19,7 @@ T.AbstractButton {
     // The rows are one stop; the arrow keys go through them, and the section follows.
     focusPolicy: root.selected || root.activeFocus ? Qt.TabFocus : Qt.NoFocus
     onVisualFocusChanged: if (root.visualFocus && !root.selected) root.clicked()
-    hoverEnabled: true
     onClicked: root.store.section = root.section
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
-    Accessible.role: Accessible.Button
     Accessible.name: root.badge > 0 ? root.title + ", " + root.badge : root.title
     Accessible.description: root.selected ? "selected" : "not selected"
     Accessible.selectable: true

@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Pingwell
 
 /** A row of the panel's foot, with its shortcut. */
-T.AbstractButton {
+Pressable {
     id: root
 
     required property string label
@@ -14,10 +13,6 @@ T.AbstractButton {
     rightPadding: Theme.gap3 - 1
     topPadding: 7
     bottomPadding: 7
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
-    Keys.onReturnPressed: root.clicked()
-    Accessible.role: Accessible.Button
     Accessible.name: root.label + ", " + root.hint
 
     background: Item {

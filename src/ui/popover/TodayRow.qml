@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Pingwell
 
 /** One of today's alerts: how old, what, and what became of it. */
-T.AbstractButton {
+Pressable {
     id: root
 
     required property alertRow alert
@@ -19,10 +18,6 @@ T.AbstractButton {
     rightPadding: 6
     topPadding: 5
     bottomPadding: 5
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
-    Keys.onReturnPressed: root.clicked()
-    Accessible.role: Accessible.Button
     Accessible.name: root.age + ", " + root.alert.title + ", " + root.line
     Accessible.description: root.alert.read ? "read" : "unread"
 

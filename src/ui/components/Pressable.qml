@@ -1,0 +1,19 @@
+import QtQuick
+import QtQuick.Templates as T
+import Pingwell
+
+/** What the buttons have in common, whatever they look like. Return presses them as Space does, once for a key held. */
+T.AbstractButton {
+    id: root
+
+    function press(event: KeyEvent) {
+        if (!event.isAutoRepeat)
+            root.clicked()
+    }
+
+    focusPolicy: Qt.TabFocus
+    hoverEnabled: true
+    opacity: enabled ? 1 : Theme.disabledOpacity
+    Keys.onReturnPressed: event => root.press(event)
+    Keys.onEnterPressed: event => root.press(event)
+}
