@@ -3,6 +3,7 @@
 #include "store/app_store.h"
 #include "time_format/time_format.h"
 #include "ui/appearance.h"
+#include "ui/display_text.h"
 
 #include <QJSEngine>
 #include <QObject>
@@ -30,6 +31,19 @@ struct AppearanceForQml
 
 public:
     static Appearance *create(QQmlEngine *engine, QJSEngine *scriptEngine);
+};
+
+/// Makes a message safe to show that may hold words of others, a server's refusal for one.
+class ShownText : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+public:
+    using QObject::QObject;
+
+    Q_INVOKABLE QString line(const QString &raw) const { return displayLine(raw); }
 };
 
 /// The time texts for QML, with instants in milliseconds since 1970.

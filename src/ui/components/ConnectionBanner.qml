@@ -6,13 +6,14 @@ Rectangle {
     id: root
 
     required property AppStore store
+    readonly property string problem: ShownText.line(root.store.connectionProblem)
 
     objectName: "connection.problem"
     implicitHeight: visible ? Math.max(message.height, retry.height) + 2 * Theme.gap2 : 0
-    visible: root.store.connectionProblem.length > 0
+    visible: root.problem.length > 0
     color: Theme.warningFill
     Accessible.role: Accessible.AlertMessage
-    Accessible.name: root.store.connectionProblem
+    Accessible.name: root.problem
 
     SymbolLabel {
         id: message
@@ -21,7 +22,7 @@ Rectangle {
         width: retry.x - x - Theme.gap3
         anchors.verticalCenter: parent.verticalCenter
         symbolName: "wifi.exclamationmark"
-        text: root.store.connectionProblem
+        text: root.problem
         textSize: Theme.sizeBody
         color: Theme.timedOut
         Accessible.ignored: true

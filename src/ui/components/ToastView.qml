@@ -6,17 +6,9 @@ Rectangle {
     id: root
 
     required property AppStore store
-    readonly property bool shown: root.store.toastMessage.length > 0
-    // Kept while the toast fades, when the store has none any more.
-    property string message
-    property bool isError: false
-
-    function take() {
-        if (!root.shown)
-            return
-        root.message = root.store.toastMessage
-        root.isError = root.store.toastIsError
-    }
+    readonly property string message: ShownText.line(root.store.toastMessage)
+    readonly property bool isError: root.store.toastIsError
+    readonly property bool shown: root.message.length > 0
 
     objectName: "toast"
     implicitWidth: content.width + 2 * Theme.gap3
@@ -28,15 +20,6 @@ Rectangle {
     border.color: Theme.controlBorder
     Accessible.role: Accessible.AlertMessage
     Accessible.name: root.message
-    Component.onCompleted: root.take()
-
-    Connections {
-        target: root.store
-
-        function onToastChanged() {
-            root.take()
-        }
-    }
 
     Row {
         id: content

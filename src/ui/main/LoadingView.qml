@@ -6,11 +6,13 @@ Item {
     id: root
 
     required property AppStore store
-    readonly property bool hasProblem: root.store.connectionProblem.length > 0
+    readonly property string problem: ShownText.line(root.store.connectionProblem)
+    readonly property bool hasProblem: root.problem.length > 0
+    readonly property string message: root.hasProblem ? root.problem : "Loading your alerts…"
 
     objectName: "loading"
     Accessible.role: Accessible.Pane
-    Accessible.name: root.hasProblem ? root.store.connectionProblem : "Loading your alerts…"
+    Accessible.name: root.message
 
     Column {
         anchors.centerIn: parent
@@ -33,7 +35,7 @@ Item {
             width: parent.width
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
-            text: root.hasProblem ? root.store.connectionProblem : "Loading your alerts…"
+            text: root.message
             size: Theme.sizeTitle
             color: Theme.textSecondary
         }

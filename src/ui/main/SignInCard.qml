@@ -65,7 +65,7 @@ Rectangle {
             width: parent.width
             visible: root.store.signInError.length > 0
             symbolName: "exclamationmark.triangle.fill"
-            text: root.store.signInError
+            text: ShownText.line(root.store.signInError)
             textSize: Theme.sizeBody
             color: Theme.danger
         }
