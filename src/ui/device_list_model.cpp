@@ -25,10 +25,9 @@ QString symbolOf(DevicePlatform platform)
 
 DeviceRow deviceRow(const Device &device, const QString &thisComputer)
 {
-    const QString name = displayName(device.name);
     DeviceRow row;
     row.id = device.id;
-    row.name = name.isEmpty() ? QStringLiteral("(no name)") : name;
+    row.name = visibleName(device.name);
     row.version = displayLine(device.version);
     row.symbolName = symbolOf(device.platform);
     row.lastSeen = millisecondsFromInstant(device.lastSeen);

@@ -141,4 +141,10 @@ QString displayName(const QString &raw)
     return QChar(firstStrongIsolate) + line + QChar(popIsolate);
 }
 
+QString visibleName(const QString &raw)
+{
+    const QString name = displayName(raw);
+    return name.isEmpty() ? QStringLiteral("(no name)") : name;
+}
+
 } // namespace pingwell

@@ -35,4 +35,7 @@ struct DisplayText
 /// that it cannot reorder the words around it.
 [[nodiscard]] QString displayName(const QString &raw);
 
+/// The same for what has to be called somehow: "(no name)" where nothing of it can be seen.
+[[nodiscard]] QString visibleName(const QString &raw);
+
 } // namespace pingwell

@@ -8,10 +8,9 @@ namespace {
 
 InvitationRow invitationRow(const Invitation &invitation)
 {
-    const QString name = displayLine(invitation.workspaceName);
     InvitationRow row;
     row.token = invitation.token;
-    row.workspaceName = name.isEmpty() ? QStringLiteral("(no name)") : name;
+    row.workspaceName = visibleName(invitation.workspaceName);
     row.role = rawValue(invitation.role);
     row.invitedAt = invitation.invitedAt ? millisecondsFromInstant(*invitation.invitedAt) : -1;
     return row;

@@ -8,8 +8,6 @@ LoginItemAccess::LoginItemAccess(std::shared_ptr<LoginItem> item, QObject *paren
 {
 }
 
-LoginItemAccess::~LoginItemAccess() = default;
-
 void LoginItemAccess::refresh()
 {
     const LoginItemStatus status = m_item->status();

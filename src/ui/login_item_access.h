@@ -22,7 +22,6 @@ class LoginItemAccess : public QObject
 
 public:
     explicit LoginItemAccess(std::shared_ptr<LoginItem> item, QObject *parent = nullptr);
-    ~LoginItemAccess() override;
 
     [[nodiscard]] bool isEnabled() const { return m_status == LoginItemStatus::enabled; }
     [[nodiscard]] bool requiresApproval() const { return m_status == LoginItemStatus::requiresApproval; }

@@ -14,7 +14,7 @@ MemberRow memberRow(const Member &member, const AppStore &store)
     const bool isNamed = !name.isEmpty();
     MemberRow row;
     row.id = member.id;
-    row.title = isNamed ? name : email.isEmpty() ? QStringLiteral("(no name)") : email;
+    row.title = isNamed ? name : visibleName(member.email);
     row.email = isNamed ? email : QString();
     row.initials = initialsOf(isNamed ? name : email.section(u'@', 0, 0));
     row.role = rawValue(member.role);

@@ -10,8 +10,6 @@ NotificationAccess::NotificationAccess(std::shared_ptr<NotificationCenter> cente
 {
 }
 
-NotificationAccess::~NotificationAccess() = default;
-
 bool NotificationAccess::canOpenSettings() const
 {
     return m_center->canOpenSettings();

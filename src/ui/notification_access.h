@@ -26,7 +26,6 @@ class NotificationAccess : public QObject
 
 public:
     explicit NotificationAccess(std::shared_ptr<NotificationCenter> center, QObject *parent = nullptr);
-    ~NotificationAccess() override;
 
     [[nodiscard]] NotificationPermission permission() const { return m_permission; }
     [[nodiscard]] bool canOpenSettings() const;

@@ -79,12 +79,11 @@ TeamModel::State TeamModel::stateOf(const AppStore &store)
     const auto workspace = store.activeWorkspace();
     if (!workspace)
         return state;
-    const QString name = displayName(workspace->name);
     state.isTeam = workspace->kind == WorkspaceKind::team;
     state.isOwner = workspace->role == WorkspaceRole::owner;
     state.isViewer = workspace->role == WorkspaceRole::viewer;
     state.canManage = workspace->canManage();
-    state.workspaceName = name.isEmpty() ? QStringLiteral("(no name)") : name;
+    state.workspaceName = visibleName(workspace->name);
     state.editableName = displayLine(workspace->name);
     return state;
 }

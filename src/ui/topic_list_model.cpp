@@ -24,7 +24,7 @@ TopicRow topicRow(const Topic &topic, qsizetype alerts)
 {
     TopicRow row;
     row.id = topic.id;
-    row.name = displayName(topic.name);
+    row.name = visibleName(topic.name);
     row.summary = QString::number(alerts) + QStringLiteral(" alerts");
     if (topic.quietHours)
         row.summary += QStringLiteral(" · respects quiet hours");

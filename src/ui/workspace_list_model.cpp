@@ -8,10 +8,9 @@ namespace {
 
 WorkspaceRow workspaceRow(const Workspace &workspace, const QString &activeID)
 {
-    const QString name = displayName(workspace.name);
     WorkspaceRow row;
     row.id = workspace.id;
-    row.name = name.isEmpty() ? QStringLiteral("(no name)") : name;
+    row.name = visibleName(workspace.name);
     row.isTeam = workspace.kind == WorkspaceKind::team;
     row.role = rawValue(workspace.role);
     row.isActive = workspace.id == activeID;

@@ -48,6 +48,7 @@ signals:
 private:
     [[nodiscard]] QList<KeyedRow> rowsOf(const AppStore &store) override;
     void storeMoved() override;
+
     WorkspaceRow m_active;
 };
 

@@ -90,7 +90,6 @@ QtObject {
     readonly property int radiusPanel: 12
 
     readonly property int durationShort: DesktopAppearance.reducedMotion ? 0 : 120
-    readonly property int durationMedium: DesktopAppearance.reducedMotion ? 0 : 180
     readonly property int durationTurn: DesktopAppearance.reducedMotion ? 0 : 900
 
     /** The dot of a priority's raw word. */
