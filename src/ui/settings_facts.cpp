@@ -3,6 +3,10 @@
 #include "time_format/time_format.h"
 #include "ui/display_text.h"
 
+#include <QTime>
+
+#include <set>
+
 namespace pingwell {
 
 namespace {
@@ -33,6 +37,42 @@ QString actionDetail(TimeoutAction action)
     return QStringLiteral("The agent is told nobody answered and decides what to do.");
 }
 
+Choices timeoutChoices(std::int64_t inForce)
+{
+    std::set<std::int64_t> all{5, 15, 30, 60, 240, 1440};
+    all.insert(inForce);
+    Choices choices;
+    for (const std::int64_t minutes : all) {
+        choices.values << QString::number(minutes);
+        choices.labels << minutesText(minutes);
+    }
+    return choices;
+}
+
+Choices actionChoices(WorkspaceKind kind)
+{
+    Choices choices;
+    for (const TimeoutAction action : allCases<TimeoutAction>()) {
+        if (!isAllowed(action, kind))
+            continue;
+        choices.values << rawValue(action);
+        choices.labels << actionLabel(action);
+    }
+    return choices;
+}
+
+Choices hourChoices(const QString &inForce)
+{
+    Choices choices{hourLabels(), hourLabels()};
+    if (inForce.isEmpty() || choices.values.contains(inForce))
+        return choices;
+    const QTime time = QTime::fromString(inForce, QStringLiteral("H:m"));
+    const qsizetype place = time.isValid() ? time.hour() + 1 : choices.values.size();
+    choices.values.insert(place, inForce);
+    choices.labels.insert(place, displayLine(inForce));
+    return choices;
+}
+
 } // namespace
 
 AccountFacts accountFacts(const AppStore &store)
@@ -59,14 +99,9 @@ ResponseTimeFacts responseTimeFacts(const AppStore &store)
     facts.workspace = displayName(workspace->name);
     facts.canManage = workspace->canManage();
     facts.timeout = QString::number(workspace->responseTimeoutMinutes);
-    facts.timeoutLabel = minutesText(workspace->responseTimeoutMinutes);
+    facts.timeouts = timeoutChoices(workspace->responseTimeoutMinutes);
     facts.action = rawValue(workspace->effectiveTimeoutAction());
-    for (const TimeoutAction action : allCases<TimeoutAction>()) {
-        if (!isAllowed(action, workspace->kind))
-            continue;
-        facts.actions << rawValue(action);
-        facts.actionLabels << actionLabel(action);
-    }
+    facts.actions = actionChoices(workspace->kind);
     facts.actionDetail = actionDetail(workspace->effectiveTimeoutAction());
     return facts;
 }
@@ -77,9 +112,9 @@ NotificationFacts notificationFacts(const AppStore &store)
     NotificationFacts facts;
     facts.quietHours = settings.quietHoursEnabled;
     facts.quietFrom = settings.quietFrom;
-    facts.quietFromLabel = displayLine(settings.quietFrom);
+    facts.quietFromChoices = hourChoices(settings.quietFrom);
     facts.quietTo = settings.quietTo;
-    facts.quietToLabel = displayLine(settings.quietTo);
+    facts.quietToChoices = hourChoices(settings.quietTo);
     facts.digest = settings.digest;
     facts.sound = settings.sound;
     return facts;

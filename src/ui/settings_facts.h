@@ -9,6 +9,21 @@
 
 namespace pingwell {
 
+/// What a picker offers: the words of the choices, and as many labels in the same order.
+struct Choices
+{
+    Q_GADGET
+    QML_VALUE_TYPE(choices)
+    Q_PROPERTY(QList<QString> values MEMBER values FINAL)
+    Q_PROPERTY(QList<QString> labels MEMBER labels FINAL)
+
+public:
+    QStringList values;
+    QStringList labels;
+
+    friend bool operator==(const Choices &, const Choices &) = default;
+};
+
 /// Whose settings they are, cleaned for display.
 struct AccountFacts
 {
@@ -40,10 +55,9 @@ struct ResponseTimeFacts
     Q_PROPERTY(QString workspace MEMBER workspace FINAL)
     Q_PROPERTY(bool canManage MEMBER canManage FINAL)
     Q_PROPERTY(QString timeout MEMBER timeout FINAL)
-    Q_PROPERTY(QString timeoutLabel MEMBER timeoutLabel FINAL)
+    Q_PROPERTY(pingwell::Choices timeouts MEMBER timeouts FINAL)
     Q_PROPERTY(QString action MEMBER action FINAL)
-    Q_PROPERTY(QList<QString> actions MEMBER actions FINAL)
-    Q_PROPERTY(QList<QString> actionLabels MEMBER actionLabels FINAL)
+    Q_PROPERTY(pingwell::Choices actions MEMBER actions FINAL)
     Q_PROPERTY(QString actionDetail MEMBER actionDetail FINAL)
 
 public:
@@ -51,13 +65,12 @@ public:
     bool isPresent = false;
     QString workspace;
     bool canManage = false;
-    /// Minutes, as a decimal; the label spells them out.
+    /// Minutes, as a decimal. What the service holds is among the choices, however unusual it is.
     QString timeout;
-    QString timeoutLabel;
-    /// The action in force, the ones that the workspace may choose from, and what they are called.
+    Choices timeouts;
+    /// The action in force, and the ones that the workspace may choose from.
     QString action;
-    QStringList actions;
-    QStringList actionLabels;
+    Choices actions;
     QString actionDetail;
 
     friend bool operator==(const ResponseTimeFacts &, const ResponseTimeFacts &) = default;
@@ -70,19 +83,19 @@ struct NotificationFacts
     QML_VALUE_TYPE(notificationFacts)
     Q_PROPERTY(bool quietHours MEMBER quietHours FINAL)
     Q_PROPERTY(QString quietFrom MEMBER quietFrom FINAL)
-    Q_PROPERTY(QString quietFromLabel MEMBER quietFromLabel FINAL)
+    Q_PROPERTY(pingwell::Choices quietFromChoices MEMBER quietFromChoices FINAL)
     Q_PROPERTY(QString quietTo MEMBER quietTo FINAL)
-    Q_PROPERTY(QString quietToLabel MEMBER quietToLabel FINAL)
+    Q_PROPERTY(pingwell::Choices quietToChoices MEMBER quietToChoices FINAL)
     Q_PROPERTY(bool digest MEMBER digest FINAL)
     Q_PROPERTY(bool sound MEMBER sound FINAL)
 
 public:
     bool quietHours = false;
-    /// As the service holds them; the labels are cleaned for display.
+    /// As the service holds them; each is among its choices, besides the full hours.
     QString quietFrom;
-    QString quietFromLabel;
+    Choices quietFromChoices;
     QString quietTo;
-    QString quietToLabel;
+    Choices quietToChoices;
     bool digest = false;
     bool sound = false;
 

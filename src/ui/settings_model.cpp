@@ -1,22 +1,8 @@
 #include "ui/settings_model.h"
 
-#include "time_format/time_format.h"
 #include "ui/replace_store.h"
 
-#include <array>
-
 namespace pingwell {
-
-namespace {
-
-constexpr std::array<std::int64_t, 6> timeoutChoices{5, 15, 30, 60, 240, 1440};
-
-} // namespace
-
-SettingsModel::SettingsModel(QObject *parent)
-    : QObject(parent)
-{
-}
 
 void SettingsModel::setStore(AppStore *store)
 {
@@ -39,27 +25,6 @@ void SettingsModel::setStore(AppStore *store)
 double SettingsModel::lastSyncedAt() const
 {
     return m_store && m_store->lastSyncedAt() ? millisecondsFromInstant(*m_store->lastSyncedAt()) : -1;
-}
-
-QStringList SettingsModel::timeouts() const
-{
-    QStringList words;
-    for (const std::int64_t minutes : timeoutChoices)
-        words << QString::number(minutes);
-    return words;
-}
-
-QStringList SettingsModel::timeoutLabels() const
-{
-    QStringList labels;
-    for (const std::int64_t minutes : timeoutChoices)
-        labels << minutesText(minutes);
-    return labels;
-}
-
-QStringList SettingsModel::hours() const
-{
-    return hourLabels();
 }
 
 void SettingsModel::setTimeout(const QString &minutes)

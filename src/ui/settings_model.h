@@ -19,13 +19,9 @@ class SettingsModel : public QObject
     Q_PROPERTY(pingwell::NotificationFacts notifications READ notifications NOTIFY notificationsChanged)
     /// Milliseconds since 1970; negative while nothing came from the service yet.
     Q_PROPERTY(double lastSyncedAt READ lastSyncedAt NOTIFY lastSyncedAtChanged)
-    Q_PROPERTY(QList<QString> timeouts READ timeouts CONSTANT)
-    Q_PROPERTY(QList<QString> timeoutLabels READ timeoutLabels CONSTANT)
-    /// The hours of a day, which are their own labels.
-    Q_PROPERTY(QList<QString> hours READ hours CONSTANT)
 
 public:
-    explicit SettingsModel(QObject *parent = nullptr);
+    using QObject::QObject;
 
     [[nodiscard]] AppStore *store() const { return m_store; }
     void setStore(AppStore *store);
@@ -33,9 +29,6 @@ public:
     [[nodiscard]] const ResponseTimeFacts &responseTime() const { return m_responseTime; }
     [[nodiscard]] const NotificationFacts &notifications() const { return m_notifications; }
     [[nodiscard]] double lastSyncedAt() const;
-    [[nodiscard]] QStringList timeouts() const;
-    [[nodiscard]] QStringList timeoutLabels() const;
-    [[nodiscard]] QStringList hours() const;
 
     Q_INVOKABLE void setTimeout(const QString &minutes);
     Q_INVOKABLE void setTimeoutAction(const QString &action);

@@ -56,6 +56,7 @@ private slots:
         QCOMPARE(displayName(u"Bot"_s), u"Bot"_s);
         QCOMPARE(displayName(u"בוט"_s), u"\u2068בוט\u2069"_s);
         QCOMPARE(displayName(u"\u202E\u200B"_s), QString());
+        QCOMPARE(visibleName(u"\u202E\u200B"_s), u"(no name)"_s);
     }
 };
 

@@ -1,13 +1,10 @@
 #include "screen_fixture.h"
 #include "ui/alert_list_model.h"
 #include "ui/list_steps.h"
-#include "ui/workspace_list_model.h"
 
 #include <QAbstractItemModelTester>
 #include <QRandomGenerator>
 #include <QTest>
-
-#include <numeric>
 
 using namespace pingwell;
 using namespace Qt::StringLiterals;
@@ -63,13 +60,12 @@ QStringList applied(QStringList list, const QList<ListStep> &steps, const QStrin
     return list;
 }
 
-/// An empty store and a model that shows one of its lists.
+/// A store with those alerts and a model that shows one of its lists.
 struct Listed
 {
-    explicit Listed(AlertListModel::List list, int limit = 0)
+    explicit Listed(AlertListModel::List list, int limit = 0, const QList<Alert> &alerts = {})
         : tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest)
-        , announced(model)
-        , store(makeSeed({}), true, nullptr, dayEnd, nullptr, nullptr)
+        , store(makeSeed(alerts), true, nullptr, dayEnd, nullptr, nullptr)
     {
         model.setStore(&store);
         model.setList(list);
@@ -84,7 +80,7 @@ struct Listed
 
     AlertListModel model;
     QAbstractItemModelTester tester;
-    Announcements announced;
+    Announcements announced{model};
     AppStore store;
 };
 
@@ -107,10 +103,8 @@ private slots:
         QCOMPARE(count("", "abc"), 1);
         QCOMPARE(count("abc", ""), 1);
         QCOMPARE(count("abcd", "xabycd"), 2);
-        QCOMPARE(count("abcdef", "af"), 1);
         QCOMPARE(count("abcdef", "ade"), 2);
         QCOMPARE(count("abcdef", "bcdefa"), 1);
-        QCOMPARE(count("abcdef", "fabcde"), 1);
         QCOMPARE(count("abcdef", "fbcdea"), 2);
         QCOMPARE(count("abcdef", "xfcyad"), 6);
         QCOMPARE(count("abcde", "edcba"), 4);
@@ -133,8 +127,6 @@ private slots:
     {
         Listed listed(AlertListModel::List::Inbox);
         AppStore &store = listed.store;
-        QCOMPARE(listed.announced.take(), QString());
-
         store.sendTestAlert();
         QCOMPARE(listed.announced.take(), u"insert 0-0"_s);
         store.sendTestAlert();
@@ -162,7 +154,6 @@ private slots:
         for (int count = 0; count < 10; ++count)
             listed.store.sendTestAlert();
         QCOMPARE(listed.announced.take(), u"insert 0-5"_s);
-        QCOMPARE(listed.model.count(), 6);
         QCOMPARE(listed.model.total(), 10);
         listed.model.setLimit(8);
         QCOMPARE(listed.announced.take(), u"insert 6-7"_s);
@@ -170,18 +161,12 @@ private slots:
 
     void repeatedIdentifiersAreOneRow()
     {
-        AppStore store(makeSeed({makeChoice(u"a"_s, u"First"_s, 5), makeChoice(u"a"_s, u"Again"_s, 5),
-                                 makeChoice(QString(), u"Nameless"_s, 5)}),
-                       true, nullptr, dayEnd, nullptr, nullptr);
-        AlertListModel model;
-        const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-        model.setStore(&store);
-        model.setList(AlertListModel::List::NeedsReply);
-        model.componentComplete();
-        QCOMPARE(model.count(), 2);
-        store.answer(u"a"_s, u"Hold"_s);
-        QCoreApplication::sendPostedEvents();
-        QCOMPARE(model.count(), 2);
+        Listed listed(AlertListModel::List::NeedsReply, 0,
+                      {makeChoice(u"a"_s, u"First"_s, 5), makeChoice(u"a"_s, u"Again"_s, 5),
+                       makeChoice(QString(), u"Nameless"_s, 5)});
+        QCOMPARE(listed.announced.take(), u"insert 0-1"_s);
+        listed.store.answer(u"a"_s, u"Hold"_s);
+        QCOMPARE(listed.announced.take(), u"change 0-0 roles 1"_s);
     }
 
     void rowsTellTheStateOfTheirAlert()
@@ -189,28 +174,13 @@ private slots:
         Alert ask = makeChoice(u"a1"_s, u"Ship\nit?\u202E"_s, 5);
         ask.actions << u"\u200B"_s;
         ask.expiresAt = dayEnd + Seconds(60);
-        const AppStore store(makeSeed({ask}), true, nullptr, dayEnd, nullptr, nullptr);
-        const AlertRow row = alertRow(snapshotOf(ask, store));
+        const AlertRow row = Listed(AlertListModel::List::NeedsReply, 0, {ask}).row(0);
         QCOMPARE(row.title, u"Ship it?"_s);
         QCOMPARE(row.state, u"waiting"_s);
         QVERIFY(row.canAnswer);
         QCOMPARE(row.actions, ask.actions);
         QCOMPARE(row.actionLabels, (QStringList{u"Hold"_s, u"Approve"_s, u"(no text)"_s}));
         QCOMPARE(row.expiresAt - row.at, 360'000.0);
-    }
-
-    void workspacesTellWhichIsActive()
-    {
-        AppStore store(makeSeed({}), true, nullptr, dayEnd, nullptr, nullptr);
-        WorkspaceListModel model;
-        QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-        Announcements announced(model);
-        model.setStore(&store);
-        QCOMPARE(announced.take(), u"insert 0-1"_s);
-        QCOMPARE(model.active().name, u"Platform"_s);
-        store.selectWorkspace(u"w2"_s);
-        QCOMPARE(announced.take(), u"change 0-1 roles 1"_s);
-        QVERIFY(!model.active().isTeam);
     }
 };
 

@@ -1,18 +1,42 @@
 #include "../notify/fake_notification_center.h"
 #include "screen_fixture.h"
 #include "store/preference_keys.h"
-#include "store_fixture.h"
 #include "ui/notification_access.h"
 
 #include <QTest>
 
 using namespace pingwell;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString enable = QStringLiteral("notificationPrompt.enable");
-const QString notNow = QStringLiteral("notificationPrompt.notNow");
-const QString blocked = QStringLiteral("notificationPrompt.blocked");
+const QString enable = u"notificationPrompt.enable"_s;
+const QString notNow = u"notificationPrompt.notNow"_s;
+const QString blocked = u"notificationPrompt.blocked"_s;
+
+/// The main window of a session that has just begun, on a desktop with that permission.
+struct PromptScreen
+{
+    explicit PromptScreen(AuthorizationStatus status, bool hasSettings = true)
+        : access(center)
+    {
+        center->status = status;
+        center->hasSettings = hasSettings;
+        live.startWith({});
+        screen.emplace(u"RootView"_s, *live.store, QVariantMap{{u"notifications"_s, QVariant::fromValue(&access)}});
+        screen->settle();
+    }
+
+    [[nodiscard]] bool wasDismissed() const
+    {
+        return live.preferences->boolean(preference_keys::promptDismissed).value_or(false);
+    }
+
+    std::shared_ptr<FakeNotificationCenter> center = std::make_shared<FakeNotificationCenter>();
+    NotificationAccess access;
+    StoreFixture live;
+    std::optional<Screen> screen;
+};
 
 } // namespace
 
@@ -20,144 +44,96 @@ class NotificationPromptTest : public QObject
 {
     Q_OBJECT
 
-    std::unique_ptr<StoreFixture> m;
-    std::shared_ptr<FakeNotificationCenter> m_center;
-    std::unique_ptr<NotificationAccess> m_access;
-    std::unique_ptr<Screen> m_screen;
-
-    Screen &show()
-    {
-        m->startWith(DashboardJSON());
-        m_screen = std::make_unique<Screen>(
-            QStringLiteral("RootView"), *m->store,
-            QVariantMap{{QStringLiteral("notifications"), QVariant::fromValue(m_access.get())}});
-        m_screen->settle();
-        return *m_screen;
-    }
-
-    bool wasDismissed() const { return m->preferences->boolean(preference_keys::promptDismissed).value_or(false); }
-
 private slots:
-    void init()
-    {
-        m = std::make_unique<StoreFixture>();
-        m_center = std::make_shared<FakeNotificationCenter>();
-        m_access = std::make_unique<NotificationAccess>(m_center);
-    }
-
-    void cleanup()
-    {
-        m_screen.reset();
-        m_access.reset();
-        m.reset();
-    }
-
     void saysWhatCanBeDone_data()
     {
         QTest::addColumn<AuthorizationStatus>("status");
         QTest::addColumn<bool>("hasSettings");
         QTest::addColumn<bool>("opens");
         QTest::addColumn<QString>("button");
-        QTest::addColumn<bool>("warns");
-        const QString settings = QStringLiteral("Open System Settings…");
-        const QString ask = QStringLiteral("Enable notifications");
-        QTest::newRow("on") << AuthorizationStatus::authorized << true << false << QString() << false;
-        QTest::newRow("on for a trial") << AuthorizationStatus::provisional << true << false << QString() << false;
-        QTest::newRow("not asked yet") << AuthorizationStatus::notDetermined << true << true << ask << false;
-        QTest::newRow("nobody knows") << AuthorizationStatus::other << true << true << ask << false;
-        QTest::newRow("off") << AuthorizationStatus::denied << true << true << settings << true;
-        QTest::newRow("off, no page") << AuthorizationStatus::denied << false << true << QString() << true;
+        const QString ask = u"Enable notifications"_s;
+        QTest::newRow("on") << AuthorizationStatus::authorized << true << false << QString();
+        QTest::newRow("on for a trial") << AuthorizationStatus::provisional << true << false << QString();
+        QTest::newRow("not asked yet") << AuthorizationStatus::notDetermined << true << true << ask;
+        QTest::newRow("nobody knows") << AuthorizationStatus::other << true << true << ask;
+        QTest::newRow("off") << AuthorizationStatus::denied << true << true << u"Open System Settings…"_s;
+        QTest::newRow("off, no page") << AuthorizationStatus::denied << false << true << QString();
     }
 
     void saysWhatCanBeDone()
     {
         QFETCH(AuthorizationStatus, status);
         QFETCH(bool, hasSettings);
-        QFETCH(bool, opens);
-        QFETCH(QString, button);
-        QFETCH(bool, warns);
-        m_center->status = status;
-        m_center->hasSettings = hasSettings;
-        Screen &screen = show();
-        QCOMPARE(screen.shows(notNow), opens);
-        QCOMPARE(screen.shows(enable) ? screen.name(enable) : QString(), button);
-        QCOMPARE(screen.shows(blocked), warns);
+        const PromptScreen m(status, hasSettings);
+        QTEST(m.screen->shows(notNow), "opens");
+        QTEST(m.screen->name(enable), "button");
+        QCOMPARE(m.screen->shows(blocked), status == AuthorizationStatus::denied);
     }
 
     void buttonAsksAndSaysThatTheyAreOn()
     {
-        m_center->status = AuthorizationStatus::notDetermined;
-        Screen &screen = show();
-        screen.click(enable);
-        QCOMPARE(m_center->requests, 1);
-        QVERIFY(!screen.shows(notNow));
-        QVERIFY(wasDismissed());
-        QCOMPARE(screen.name(QStringLiteral("toast")), QStringLiteral("Notifications are on."));
-        QVERIFY(!screen.store().toast()->isError);
+        PromptScreen m(AuthorizationStatus::notDetermined);
+        m.screen->click(enable);
+        QCOMPARE(m.center->requests, 1);
+        QVERIFY(!m.screen->shows(notNow) && m.wasDismissed());
+        QCOMPARE(m.screen->name(u"toast"_s), u"Notifications are on."_s);
     }
 
     void refusedRequestLeavesTheWayToTheSettings()
     {
-        m_center->status = AuthorizationStatus::notDetermined;
-        m_center->statusAfterRequest = AuthorizationStatus::denied;
-        m_center->requestFails = true;
-        Screen &screen = show();
-        screen.click(enable);
-        QVERIFY(screen.shows(blocked));
-        screen.click(enable);
-        QCOMPARE(m_center->settingsOpened, 1);
-        QCOMPARE(m_center->requests, 1);
-        QVERIFY(!wasDismissed());
+        PromptScreen m(AuthorizationStatus::notDetermined);
+        m.center->statusAfterRequest = AuthorizationStatus::denied;
+        m.center->requestFails = true;
+        m.screen->click(enable);
+        QVERIFY(m.screen->shows(blocked));
+        m.screen->click(enable);
+        QCOMPARE(m.center->settingsOpened, 1);
+        QCOMPARE(m.center->requests, 1);
+        QVERIFY(!m.wasDismissed());
     }
 
     void comingBackFromTheSettingsIsNoticed()
     {
-        m_center->status = AuthorizationStatus::denied;
-        Screen &screen = show();
-        QVERIFY(screen.shows(blocked));
+        PromptScreen m(AuthorizationStatus::denied);
         QWindow settings;
         settings.show();
         settings.requestActivate();
         QVERIFY(QTest::qWaitForWindowActive(&settings));
-        m_center->status = AuthorizationStatus::authorized;
-        screen.view().requestActivate();
-        QVERIFY(QTest::qWaitForWindowActive(&screen.view()));
-        QTRY_VERIFY(!screen.shows(notNow));
-        QVERIFY(wasDismissed());
-        QCOMPARE(screen.name(QStringLiteral("toast")), QStringLiteral("Notifications are on."));
+        m.center->status = AuthorizationStatus::authorized;
+        m.screen->view().requestActivate();
+        QTRY_VERIFY(!m.screen->shows(notNow));
+        QVERIFY(m.wasDismissed());
+        QCOMPARE(m.screen->name(u"toast"_s), u"Notifications are on."_s);
+    }
+
+    void declinedIsForThisAccount_data()
+    {
+        QTest::addColumn<bool>("byKey");
+        QTest::newRow("button") << false;
+        QTest::newRow("escape") << true;
     }
 
     void declinedIsForThisAccount()
     {
-        m_center->status = AuthorizationStatus::denied;
-        Screen &screen = show();
-        screen.click(notNow);
-        QVERIFY(!screen.shows(notNow));
-        QVERIFY(wasDismissed());
-        m_access->considerPrompt(m->store.get());
-        screen.settle();
-        QVERIFY(!screen.shows(notNow));
-    }
-
-    void escapeDeclines()
-    {
-        m_center->status = AuthorizationStatus::denied;
-        Screen &screen = show();
-        screen.press(Qt::Key_Escape);
-        QVERIFY(!screen.shows(notNow));
-        QVERIFY(wasDismissed());
+        QFETCH(bool, byKey);
+        PromptScreen m(AuthorizationStatus::denied);
+        if (byKey)
+            m.screen->press(Qt::Key_Escape);
+        else
+            m.screen->click(notNow);
+        QVERIFY(m.wasDismissed());
+        m.access.considerPrompt(m.live.store.get());
+        m.screen->settle();
+        QVERIFY(!m.screen->shows(notNow));
     }
 
     void endOfTheSessionDeclinesNothing()
     {
-        m_center->status = AuthorizationStatus::denied;
-        Screen &screen = show();
-        QVERIFY(screen.shows(notNow));
-        m->store->endSession(std::nullopt);
-        screen.settle();
-        QVERIFY(screen.shows(QStringLiteral("signin")));
-        QVERIFY(!screen.shows(notNow));
-        QVERIFY(!wasDismissed());
+        PromptScreen m(AuthorizationStatus::denied);
+        m.live.store->endSession(std::nullopt);
+        m.screen->settle();
+        QVERIFY(m.screen->shows(u"signin"_s) && !m.screen->shows(notNow));
+        QVERIFY(!m.wasDismissed());
     }
 };
 

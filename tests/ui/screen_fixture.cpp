@@ -1,7 +1,5 @@
 #include "screen_fixture.h"
 
-#include "support/manual_clock.h"
-
 #include <QAccessible>
 #include <QRegularExpression>
 #include <QTest>
@@ -22,6 +20,12 @@ void visit(QQuickItem *item, const std::function<void(QQuickItem *)> &visitor)
     const QList<QQuickItem *> children = item->childItems();
     for (QQuickItem *child : children)
         visit(child, visitor);
+}
+
+QString accessibleText(QQuickItem *item, QAccessible::Text kind)
+{
+    auto *const accessible = QAccessible::queryAccessibleInterface(item);
+    return accessible ? accessible->text(kind) : QString();
 }
 
 } // namespace
@@ -71,6 +75,20 @@ SeedData makeSeed(const QList<Alert> &alerts, WorkspaceRole role)
     return seed;
 }
 
+DashboardJSON dashboardOf(const QJsonArray &alerts)
+{
+    DashboardJSON dashboard;
+    dashboard.alerts = alerts;
+    return dashboard;
+}
+
+void loseConnection(StoreFixture &live)
+{
+    live.transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
+    live.store->refresh();
+    live.settle();
+}
+
 Screen::Screen(const QString &component, const SeedData &seed, bool signedIn, const QVariantMap &properties)
     : m_ownStore(
           std::make_unique<AppStore>(seed, signedIn, nullptr, dayEnd, nullptr, std::make_shared<ManualClock>(dayEnd)))
@@ -113,10 +131,32 @@ QQuickItem *Screen::find(const QString &identifier) const
     return found;
 }
 
+bool Screen::canUse(const QString &identifier) const
+{
+    const QQuickItem *const item = find(identifier);
+    return item && item->isEnabled();
+}
+
 QString Screen::name(const QString &identifier) const
 {
-    auto *const accessible = QAccessible::queryAccessibleInterface(find(identifier));
-    return accessible ? accessible->text(QAccessible::Name) : QString();
+    return accessibleText(find(identifier), QAccessible::Name);
+}
+
+QString Screen::value(const QString &identifier) const
+{
+    return accessibleText(find(identifier), QAccessible::Description);
+}
+
+QString Screen::text(const QString &identifier) const
+{
+    const QQuickItem *const item = find(identifier);
+    return item ? item->property("text").toString() : QString();
+}
+
+QPointF Screen::place(const QString &identifier, const QPointF &within) const
+{
+    const QQuickItem *const item = find(identifier);
+    return item ? item->mapToScene(within) : QPointF(-1e6, -1e6);
 }
 
 int Screen::count(const QString &pattern) const
@@ -140,6 +180,12 @@ void Screen::click(const QString &identifier)
     }
     const QPointF middle = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
     QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, middle.toPoint());
+    settle();
+}
+
+void Screen::rightClick(const QString &identifier, const QPointF &within)
+{
+    QTest::mouseClick(m_view.get(), Qt::RightButton, {}, place(identifier, within).toPoint());
     settle();
 }
 

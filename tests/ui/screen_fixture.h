@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/app_store.h"
+#include "store_fixture.h"
 #include "ui/appearance.h"
 #include "ui/engine.h"
 
@@ -36,6 +36,11 @@ inline constexpr Instant dayEnd{Seconds(1'800'000'000)};
 /// A team workspace "w1" in which the person has `role`, and a personal one, "w2".
 [[nodiscard]] SeedData makeSeed(const QList<Alert> &alerts, WorkspaceRole role = WorkspaceRole::member);
 
+/// What the service sends: those alerts in workspace "w1".
+[[nodiscard]] DashboardJSON dashboardOf(const QJsonArray &alerts);
+/// One refresh that gets no answer.
+void loseConnection(StoreFixture &live);
+
 /// A screen in a window of its own, with a store without a service.
 class Screen
 {
@@ -51,11 +56,17 @@ public:
     /// The visible element with that identifier; null when there is none.
     [[nodiscard]] QQuickItem *find(const QString &identifier) const;
     [[nodiscard]] bool shows(const QString &identifier) const { return find(identifier) != nullptr; }
-    /// What a screen reader reads.
+    [[nodiscard]] bool canUse(const QString &identifier) const;
+    /// What a screen reader reads, its value, and the text that a field holds; empty for what is not shown.
     [[nodiscard]] QString name(const QString &identifier) const;
+    [[nodiscard]] QString value(const QString &identifier) const;
+    [[nodiscard]] QString text(const QString &identifier) const;
+    /// A place of the element in the window; far outside for what is not shown.
+    [[nodiscard]] QPointF place(const QString &identifier, const QPointF &within = {}) const;
     /// How many visible elements have an identifier that matches.
     [[nodiscard]] int count(const QString &pattern) const;
     void click(const QString &identifier);
+    void rightClick(const QString &identifier, const QPointF &within);
     void type(const QString &text);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     /// The element that has the keyboard's focus; empty when none does.

@@ -222,6 +222,7 @@ void drawTeam(const Gallery &gallery)
         screen.click(u"team.member.m2.changeRole"_s);
     });
     draw(u"invitee-menu"_s, many, [](Screen &screen) { screen.click(u"team.member.m3.menu"_s); });
+    draw(u"menu-at-pointer"_s, many, [](Screen &screen) { screen.rightClick(u"team.member.m2"_s, {200, 30}); });
     draw(u"focus"_s, many, [](Screen &screen) {
         screen.find(u"team.member.m1"_s)->forceActiveFocus(Qt::TabFocusReason);
         screen.press(Qt::Key_End);
@@ -298,6 +299,7 @@ void drawTopics(const Gallery &gallery)
     draw(u"day"_s, day, [](Screen &) {});
     draw(u"many"_s, many, [](Screen &) {});
     draw(u"smallest"_s, many, [](Screen &screen) { screen.click(u"topic.t1.menu"_s); }, {880, 560});
+    draw(u"menu-at-pointer"_s, many, [](Screen &screen) { screen.rightClick(u"topic.t2"_s, {200, 30}); });
     draw(u"picker"_s, many, [](Screen &screen) { screen.click(u"topic.t2.minPriority"_s); });
     draw(u"keyboard"_s, many, [](Screen &screen) {
         screen.click(u"topics.new.name"_s);

@@ -8,15 +8,19 @@ MoreButton {
 
     default property alias entries: menu.contentData
 
+    /** Opens the menu at a place of `item`, where the pointer is. */
+    function openAt(item: Item, x: real, y: real) {
+        const place = root.mapFromItem(item, x, y)
+        menu.openAt(root, place.x, place.y)
+    }
+
     open: menu.visible
-    onClicked: menu.visible ? menu.close() : menu.open()
-    Keys.onDownPressed: menu.open()
+    onClicked: menu.visible ? menu.close() : menu.openBelow(root)
+    Keys.onDownPressed: menu.openBelow(root)
 
     PopupMenu {
         id: menu
 
-        x: root.width - width
-        y: root.height + 4
         closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
     }
 }

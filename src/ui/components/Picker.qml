@@ -9,20 +9,17 @@ import Pingwell
  * A button that shows the current one of several choices and opens the menu of all. It follows `current` and asks for a
  * change; it never changes by itself. The entries are "<objectName>.<value>".
  */
-T.AbstractButton {
+Pressable {
     id: root
 
     required property string label
     /** The words of the choices, and as many labels in the same order. */
     required property list<string> values
     required property list<string> labels
+    /** The word of the choice that holds. */
     required property string current
-    /** What the current value is called when it is none of the choices; it is offered as one more then. */
-    property string currentLabel: root.current
     property real textSize: Theme.sizeBody
-    readonly property bool isUnusual: root.current.length > 0 && !root.values.includes(root.current)
-    readonly property string shownLabel: root.isUnusual ? root.currentLabel
-                                                        : root.labels[root.values.indexOf(root.current)] ?? ""
+    readonly property string shownLabel: root.labels[root.values.indexOf(root.current)] ?? ""
     // What the menu offers while it is open: a choice or a refresh must not take entries away under the pointer.
     property list<string> openValues
     property list<string> openLabels
@@ -30,8 +27,8 @@ T.AbstractButton {
     signal chosen(value: string)
 
     function open() {
-        root.openValues = root.isUnusual ? [...root.values, root.current] : root.values
-        root.openLabels = root.isUnusual ? [...root.labels, root.currentLabel] : root.labels
+        root.openValues = root.values
+        root.openLabels = root.labels
         // The keyboard goes on from here, also when a pointer opened the menu.
         if (!root.activeFocus)
             root.forceActiveFocus(Qt.MouseFocusReason)
@@ -42,12 +39,7 @@ T.AbstractButton {
     implicitHeight: 28
     leftPadding: Theme.gap2 + 2
     rightPadding: Theme.gap2
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
-    opacity: enabled ? 1 : Theme.disabledOpacity
     onClicked: menu.visible ? menu.close() : root.open()
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
     Keys.onUpPressed: root.open()
     Keys.onDownPressed: root.open()
     Accessible.role: Accessible.ComboBox

@@ -18,6 +18,8 @@ T.MenuItem {
     width: ListView.view?.width ?? implicitWidth
     implicitWidth: implicitContentWidth
     implicitHeight: 28
+    // The keyboard passes over what cannot be chosen.
+    activeFocusOnTab: enabled && visible
     hoverEnabled: true
     opacity: enabled ? 1 : Theme.disabledOpacity
     Accessible.role: Accessible.MenuItem

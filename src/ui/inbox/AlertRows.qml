@@ -18,7 +18,6 @@ ListView {
     property double now
 
     signal opened
-    signal menuRequested
 
     function moveTo(row: int) {
         root.usesKeyboard = true
@@ -67,12 +66,7 @@ ListView {
     T.ScrollBar.vertical: SlimScrollBar {}
     Keys.onReturnPressed: root.opened()
     Keys.onEnterPressed: root.opened()
-    Keys.onMenuPressed: root.menuRequested()
     Keys.onPressed: event => {
-        if (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier) {
-            root.menuRequested()
-            event.accepted = true
-        }
         const row = root.destination(event.key)
         if (row < 0 || event.modifiers & ~Qt.KeypadModifier)
             return

@@ -93,8 +93,7 @@ Item {
         model: alerts
         Accessible.name: "Alerts"
         onOpened: if (root.currentRow) root.store.selectedAlertID = root.currentID
-        onMenuRequested: root.openMenu(root.currentRow, width / 3,
-                                       (root.currentRow?.y ?? 0) - contentY + rowHeight - Theme.gap2)
+        Keys.forwardTo: [menuArea]
 
         delegate: InboxRow {
             id: row
@@ -119,12 +118,15 @@ Item {
         }
     }
 
-    MouseArea {
+    MenuArea {
+        id: menuArea
+
         anchors.fill: list
-        acceptedButtons: Qt.RightButton
-        onPressed: mouse => {
+        onMenuRequested: root.openMenu(root.currentRow, width / 3,
+                                       (root.currentRow?.y ?? 0) - list.contentY + list.rowHeight - Theme.gap2)
+        onMenuRequestedAt: (x, y) => {
             list.usesKeyboard = false
-            root.openMenu(list.itemAt(mouse.x + list.contentX, mouse.y + list.contentY) as InboxRow, mouse.x, mouse.y)
+            root.openMenu(list.itemAt(x + list.contentX, y + list.contentY) as InboxRow, x, y)
         }
     }
 

@@ -14,7 +14,7 @@ PopupMenu {
     function openFor(alert: alertRow, x: real, y: real) {
         root.alertID = alert.id
         root.alertRead = alert.read
-        root.popup(x, y)
+        root.openAt(root.parent, x, y)
         root.currentIndex = 0
     }
 

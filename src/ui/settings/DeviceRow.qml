@@ -13,29 +13,23 @@ Item {
 
     signal removeRequested
 
-    function openMenu() {
-        if (more.visible)
-            more.clicked()
-    }
-
     objectName: "settings.device." + root.device.id
     width: parent?.width ?? 0
     implicitHeight: 52
-    Keys.onPressed: event => {
-        const asksForMenu = event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)
-        if (asksForMenu)
-            root.openMenu()
-        event.accepted = asksForMenu
-    }
+    Keys.forwardTo: [menuArea]
     Accessible.role: Accessible.ListItem
     Accessible.name: root.device.name + ", " + root.detail
     Accessible.description: root.device.isThisComputer ? "this computer" : ""
 
     FormDivider {}
 
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: root.openMenu()
+    MenuArea {
+        id: menuArea
+
+        anchors.fill: parent
+        enabled: more.visible
+        onMenuRequested: more.clicked()
+        onMenuRequestedAt: (x, y) => more.openAt(menuArea, x, y)
     }
 
     Symbol {

@@ -23,10 +23,9 @@ FormSection {
         Picker {
             objectName: "settings.quietFrom"
             label: "From"
-            values: root.settings.hours
-            labels: root.settings.hours
+            values: root.facts.quietFromChoices.values
+            labels: root.facts.quietFromChoices.labels
             current: root.facts.quietFrom
-            currentLabel: root.facts.quietFromLabel
             onChosen: value => root.settings.setQuietFrom(value)
         }
     }
@@ -38,10 +37,9 @@ FormSection {
         Picker {
             objectName: "settings.quietTo"
             label: "To"
-            values: root.settings.hours
-            labels: root.settings.hours
+            values: root.facts.quietToChoices.values
+            labels: root.facts.quietToChoices.labels
             current: root.facts.quietTo
-            currentLabel: root.facts.quietToLabel
             onChosen: value => root.settings.setQuietTo(value)
         }
     }

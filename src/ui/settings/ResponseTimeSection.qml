@@ -27,10 +27,9 @@ FormSection {
             objectName: "settings.responseTimeout"
             enabled: root.facts.canManage
             label: "Max response time"
-            values: root.settings.timeouts
-            labels: root.settings.timeoutLabels
+            values: root.facts.timeouts.values
+            labels: root.facts.timeouts.labels
             current: root.facts.timeout
-            currentLabel: root.facts.timeoutLabel
             onChosen: value => root.settings.setTimeout(value)
         }
     }
@@ -42,8 +41,8 @@ FormSection {
             objectName: "settings.timeoutAction"
             enabled: root.facts.canManage
             label: "When time runs out"
-            values: root.facts.actions
-            labels: root.facts.actionLabels
+            values: root.facts.actions.values
+            labels: root.facts.actions.labels
             current: root.facts.action
             onChosen: value => root.settings.setTimeoutAction(value)
         }

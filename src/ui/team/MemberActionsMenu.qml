@@ -11,14 +11,6 @@ PopupMenu {
     readonly property string memberID: root.row?.member.id ?? ""
     readonly property string idPrefix: "team.member." + root.memberID
 
-    function openAt(row: MemberRow, button: Item) {
-        root.row = row
-        root.parent = button
-        root.x = button.width - root.width
-        root.y = button.height + Theme.gap1
-        root.open()
-    }
-
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
     onRowChanged: if (!root.row) root.close()
 }

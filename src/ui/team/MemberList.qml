@@ -14,12 +14,18 @@ Item {
     required property ScrollArea area
     readonly property real rowHeight: 52
 
-    function openMenu(row: MemberRow, button: Item) {
+    /** The menu of what can be done with that member, made ready to open. */
+    function menuOf(row: MemberRow): MemberActionsMenu {
         const menu = row.member.isInvited ? inviteeMenu : memberMenu
-        if (menu.visible)
-            menu.close()
+        menu.row = row
+        return menu
+    }
+
+    function toggleMenu(row: MemberRow, button: Item) {
+        if (row.menuOpen)
+            root.menuOf(row).close()
         else
-            menu.openAt(row, button)
+            root.menuOf(row).openBelow(button)
     }
 
     function revealCurrent() {
@@ -72,7 +78,8 @@ Item {
             // One stop for the whole list; the arrow keys move within it.
             activeFocusOnTab: list.currentIndex < 0 || list.currentIndex === index
             onActiveFocusChanged: if (activeFocus) list.currentIndex = index
-            onMenuRequested: button => root.openMenu(row, button)
+            onMenuRequested: button => root.toggleMenu(row, button)
+            onMenuRequestedAt: (button, x, y) => root.menuOf(row).openAt(button, x, y)
         }
     }
 

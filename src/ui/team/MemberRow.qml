@@ -16,6 +16,8 @@ Item {
         + root.member.role
 
     signal menuRequested(button: Item)
+    /** By the pointer, at that place of the button, far outside of it. */
+    signal menuRequestedAt(button: Item, x: real, y: real)
 
     function requestMenu() {
         if (root.member.hasActions)
@@ -27,12 +29,24 @@ Item {
     Keys.onReturnPressed: root.requestMenu()
     Keys.onEnterPressed: root.requestMenu()
     Keys.onSpacePressed: root.requestMenu()
-    Keys.onMenuPressed: root.requestMenu()
+    Keys.forwardTo: [menuArea]
     Accessible.role: Accessible.ListItem
     Accessible.name: root.member.title + (root.member.email ? ", " + root.member.email : "") + ", " + root.state
     Accessible.focusable: true
     Accessible.focused: root.activeFocus
     Accessible.onPressAction: root.requestMenu()
+
+    MenuArea {
+        id: menuArea
+
+        anchors.fill: parent
+        enabled: root.member.hasActions
+        onMenuRequested: root.requestMenu()
+        onMenuRequestedAt: (x, y) => {
+            const place = mapToItem(actions, x, y)
+            root.menuRequestedAt(actions, place.x, place.y)
+        }
+    }
 
     Divider {
         x: words.x

@@ -17,19 +17,17 @@ Item {
     objectName: "topic." + root.topic.id
     implicitHeight: 56
     activeFocusOnTab: root.isCurrent
-    Keys.onPressed: event => {
-        const asksForMenu = event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)
-        if (asksForMenu)
-            more.clicked()
-        event.accepted = asksForMenu
-    }
+    Keys.forwardTo: [menuArea]
     Accessible.role: Accessible.ListItem
     Accessible.name: root.topic.name + ", " + root.topic.summary
     Accessible.description: root.topic.muted ? "muted" : ""
 
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: more.clicked()
+    MenuArea {
+        id: menuArea
+
+        anchors.fill: parent
+        onMenuRequested: more.clicked()
+        onMenuRequestedAt: (x, y) => more.openAt(menuArea, x, y)
     }
 
     Divider {
