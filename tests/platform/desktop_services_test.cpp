@@ -5,7 +5,9 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QGuiApplication>
+#include <QSaveFile>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTestEventLoop>
 
@@ -123,6 +125,24 @@ private slots:
         set(u"org.freedesktop.appearance"_s, u"color-scheme"_s, 2U);
         QTRY_VERIFY(!appearance.isDark());
         QCOMPARE(changed.size(), 3);
+    }
+
+    void followsPlasmasAnimations()
+    {
+        const QTemporaryDir home;
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.path()));
+        const auto write = [&home](const QByteArray &content) {
+            QSaveFile file(home.filePath(u"kdeglobals"_s));
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit());
+        };
+        write("[General]\nAnimationDurationFactor=1\n[KDE]\nAnimationDurationFactor[$i]=0\n");
+        const DesktopAppearance appearance;
+        QVERIFY(appearance.isMotionReduced());
+        // Plasma replaces its file each time.
+        for (const bool isReduced : {false, true}) {
+            write(isReduced ? "[KDE]\nAnimationDurationFactor=0\n" : "[KDE]\nAnimationDurationFactor=0.5\n");
+            QTRY_COMPARE(appearance.isMotionReduced(), isReduced);
+        }
     }
 
     void badgeIsAnnouncedToEveryDock()

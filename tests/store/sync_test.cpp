@@ -29,8 +29,6 @@ class SyncTest : public QObject
 
     AppStore &store() { return *m->store; }
 
-    std::optional<double> mark() const { return m->preferences->number(preference_keys::lastNotifiedAt); }
-
     void startLoop()
     {
         m->transport->always("GET", "/dashboard", ScriptedAnswer::data(withAlerts({alertJSON(a1, 60)}).body()));
@@ -98,19 +96,6 @@ private slots:
         QCOMPARE(m->transport->count("GET", "/dashboard"), 3);
     }
 
-    void refreshesNeverOverlap()
-    {
-        m->start();
-        m->transport->plan("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()).heldBack());
-        store().refresh();
-        store().refresh();
-        m->settle();
-        QCOMPARE(m->transport->count("GET", "/dashboard"), 1);
-        m->release();
-        m->refreshWith({});
-        QCOMPARE(m->transport->count("GET", "/dashboard"), 2);
-    }
-
     void theSameBytesAgainChangeNothing()
     {
         const DashboardJSON dashboard = withAlerts({alertJSON(a1, 60)});
@@ -130,47 +115,38 @@ private slots:
         QCOMPARE(workspaces.size(), 0);
     }
 
-    void problemsShowAndClear_data()
-    {
-        QTest::addColumn<ScriptedAnswer>("answer");
-        QTest::addColumn<QString>("problem");
-        QTest::newRow("offline") << ScriptedAnswer::noAnswer()
-                                 << u"Can't reach the Pingwell server. Check your connection."_s;
-        QTest::newRow("down") << ScriptedAnswer::failure(503, {}, "Back at noon.") << u"Back at noon."_s;
-        QTest::newRow("garbage")
-            << ScriptedAnswer::raw(200, "<html>")
-            << u"The server sent something this app doesn't understand. Update the app and try again."_s;
-    }
-
     void problemsShowAndClear()
     {
-        QFETCH(ScriptedAnswer, answer);
         m->startWith(withAlerts({alertJSON(a1, 60)}));
-        m->transport->plan("GET", "/dashboard", answer);
-        store().refresh();
-        m->settle();
-        QTEST(store().connectionProblem().value_or(QString()), "problem");
-        QCOMPARE(store().alerts().size(), 1);
-        m->refreshWith(withAlerts({alertJSON(a1, 60)}));
-        QVERIFY(!store().connectionProblem());
+        for (const auto &[answer, problem] :
+             {std::pair(ScriptedAnswer::noAnswer(), u"Can't reach the Pingwell server. Check your connection."_s),
+              std::pair(ScriptedAnswer::failure(503, {}, "Back at noon."), u"Back at noon."_s)}) {
+            m->transport->plan("GET", "/dashboard", answer);
+            store().refresh();
+            m->settle();
+            QCOMPARE(store().connectionProblem(), std::optional(problem));
+            QCOMPARE(store().alerts().size(), 1);
+            m->refreshWith(withAlerts({alertJSON(a1, 60)}));
+            QVERIFY(!store().connectionProblem());
+        }
     }
 
-    void theMarkOnlyAdvances()
+    void whatIsNewIsAnnouncedOnce()
     {
+        const auto isAt = [this](double secondsAgo) {
+            return m->preferences->number(preference_keys::lastNotifiedAt) ==
+                   millisecondsFromInstant(testStart - Seconds(secondsAgo));
+        };
+        // An installation's first dashboard is no news.
         m->startWith({});
-        QCOMPARE(mark(), std::optional(millisecondsFromInstant(testStart)));
+        QVERIFY(isAt(0));
+        m->preferences->remove(preference_keys::lastNotifiedAt);
+        m->refreshWith(withAlerts({alertJSON(a1, 60), alertJSON(u"a2"_s, 30)}));
+        QVERIFY(isAt(30) && m->notifier->delivered.isEmpty());
         m->refreshWith(withAlerts({alertJSON(a1, 60)}));
-        QCOMPARE(mark(), std::optional(millisecondsFromInstant(testStart)));
-        m->refreshWith(withAlerts({alertJSON(a1, 60), alertJSON(u"a2"_s, -60)}));
-        QCOMPARE(mark(), std::optional(millisecondsFromInstant(testStart + Seconds(60))));
-        QCOMPARE(m->notifier->delivered, QStringList{u"a2, sounds"_s});
-    }
-
-    void theFirstSyncOfAnInstallationIsSilent()
-    {
-        m->startWith(withAlerts({alertJSON(a1, 60), alertJSON(u"a2"_s, 30)}));
-        QVERIFY(m->notifier->delivered.isEmpty());
-        QCOMPARE(mark(), std::optional(millisecondsFromInstant(testStart - Seconds(30))));
+        QVERIFY2(isAt(30), "the mark never goes back");
+        m->refreshWith(withAlerts({alertJSON(u"a2"_s, 30), alertJSON(u"a3"_s, -60)}));
+        QCOMPARE(m->notifier->delivered, QStringList{u"a3, sounds"_s});
     }
 
     void theActiveWorkspaceSurvivesAndMoves()
