@@ -74,7 +74,7 @@ private:
         if (script.dripMilliseconds > 0) {
             auto *drip = new QTimer(socket);
             connect(drip, &QTimer::timeout, socket, [socket, rest = script.bytes]() mutable {
-                socket->write(rest.first(std::min<qsizetype>(1, rest.size())));
+                socket->write(rest.left(1));
                 rest = rest.mid(1);
             });
             drip->start(script.dripMilliseconds);

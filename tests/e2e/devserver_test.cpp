@@ -1,11 +1,7 @@
 #include "service_process.h"
 
 #include <QCryptographicHash>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QTest>
-
-#include <algorithm>
 
 using namespace pingwell;
 using namespace Qt::StringLiterals;
@@ -58,53 +54,16 @@ private slots:
 
     void keepsChanges()
     {
-        const auto check = [&](const char *method, const char *path, const char *body, const char *list,
-                               const char *expected) {
-            QCOMPARE(m_service.request(method, QString::fromLatin1(path), body).status, 200);
-            const QJsonObject dashboard = m_service.request("GET", u"/dashboard"_s).data();
-            const QJsonArray records = dashboard.value(QLatin1String(list)).toArray();
-            const QVariantMap wanted = QJsonDocument::fromJson(expected).object().toVariantMap();
-            QVERIFY2(std::any_of(records.cbegin(), records.cend(),
-                                 [&wanted](const QJsonValue &record) {
-                                     QVariantMap merged = record.toObject().toVariantMap();
-                                     merged.insert(wanted);
-                                     return merged == record.toObject().toVariantMap();
-                                 }),
-                     path);
+        const auto check = [&](const QString &path, const QByteArray &body, const QByteArray &trace) {
+            QVERIFY2(!m_service.request("GET", u"/dashboard"_s).body.contains(trace), trace);
+            QCOMPARE(m_service.request("POST", path, body).status, 200);
+            QVERIFY2(m_service.request("GET", u"/dashboard"_s).body.contains(trace), trace);
         };
-        check("PATCH", "/workspaces/w1", R"({"responseTimeoutMinutes":5})", "workspaces",
-              R"({"id":"w1","responseTimeoutMinutes":5})");
-        check("POST", "/workspaces", R"({"name":"Quay"})", "workspaces",
-              R"({"name":"Quay","kind":"team","role":"owner"})");
-        check("POST", "/invites/invite-observatory/accept", "", "workspaces",
-              R"({"name":"Observatory","role":"member"})");
-        check("POST", "/workspaces/w2/members", R"({"email":" Ada@Example.com ","role":"viewer"})", "members",
-              R"({"email":"ada@example.com","status":"invited","role":"viewer"})");
-        check("PATCH", "/workspaces/w1/topics/t1", R"({"muted":true})", "topics",
-              R"({"id":"t1","muted":true,"quietHours":true})");
-        check("POST", "/workspaces/w1/alerts/a1/read", "", "alerts", R"({"id":"a1","read":true})");
-        check("POST", "/workspaces/w1/alerts/a2/answer", R"({"answer":" Sheet "})", "alerts",
-              R"({"id":"a2","answer":"Sheet","read":true})");
-        check("POST", "/agent/alerts", R"({"title":"t","topic":"night"})", "topics",
-              R"({"workspaceId":"w1","name":"night"})");
-        check("POST", "/devices", R"({"name":"Desk","version":"1.0","platform":"macos"})", "devices",
-              R"({"name":"Desk","platform":"macos"})");
-    }
-
-    void agentWaitsForTheAnswer()
-    {
-        const QString id = post(R"({"title":"Deploy?","actions":["Wait","Deploy"]})");
-        const auto waiting = m_service.send("GET", u"/agent/alerts/%1?wait=8"_s.arg(id));
-        // Answered on the same thread of the service: had it not been held open, it would have come by now.
-        QCOMPARE(m_service.request("GET", u"/agent/alerts/%1"_s.arg(id)).data().value(u"state"_s), u"waiting"_s);
-        QVERIFY(!waiting->isFinished());
-
-        const QString path = u"/workspaces/w1/alerts/%1/answer"_s.arg(id);
-        QCOMPARE(m_service.request("POST", path, R"({"answer":"Deploy"})").status, 200);
-        const QJsonObject told = ServiceProcess::finished(waiting.get()).data();
-        QCOMPARE(told.value(u"state"_s), u"answered"_s);
-        QCOMPARE(told.value(u"answer"_s), u"Deploy"_s);
-        QVERIFY(m_service.request("POST", path, R"({"answer":"Wait"})").message().contains(u"“Deploy”"));
+        check(u"/workspaces"_s, R"({"name":"Quay"})", R"("kind":"team","name":"Quay")");
+        check(u"/invites/invite-observatory/accept"_s, {}, R"("name":"Observatory")");
+        check(u"/agent/alerts"_s, R"({"title":"t","topic":"night"})", R"("name":"night")");
+        check(u"/devices"_s, R"({"name":"Desk","version":"1.0","platform":"macos"})",
+              R"("name":"Desk","platform":"macos")");
     }
 
     void agentIsToldOfTheTimeOut()
@@ -136,14 +95,6 @@ private slots:
             QCOMPARE(m_service.request("GET", u"/auth/user-data"_s, {}, token).status, token.isEmpty() ? 401 : 200);
             QCOMPARE(m_service.request("POST", u"/auth/native/token"_s, body, {}).status, 400);
         }
-    }
-
-    void signInPageOffersBothWays()
-    {
-        const QByteArray shown = m_service.request("GET", u"/auth/google?"_s + signInQuery(), {}, {}).body;
-        QVERIFY(shown.contains("Continue as Robin Vale"));
-        QVERIFY(shown.contains("pingwell://auth/callback?error=access_denied"));
-        QCOMPARE(m_service.request("GET", u"/auth/google?redirect_uri=https://example.com"_s, {}, {}).status, 400);
     }
 
     void faults()
