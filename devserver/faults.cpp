@@ -48,6 +48,14 @@ Reply statusReply(const Fault &fault)
     return reply;
 }
 
+QJsonObject toJson(const Fault &fault)
+{
+    QJsonObject object{{u"route"_s, fault.route}, {u"mode"_s, rawValue(fault.mode)}};
+    if (fault.times)
+        object[u"times"_s] = *fault.times;
+    return object;
+}
+
 } // namespace
 
 bool Fault::carriesOut() const
@@ -80,14 +88,6 @@ Fault faultFromJson(const QJsonObject &body)
     fault.bytes = static_cast<qint64>(numberField(body, u"bytes"_s, 0, 1e9).value_or(static_cast<double>(fault.bytes)));
     fault.applied = flagField(body, u"applied"_s).value_or(false);
     return fault;
-}
-
-QJsonObject toJson(const Fault &fault)
-{
-    QJsonObject object{{u"route"_s, fault.route}, {u"mode"_s, rawValue(fault.mode)}};
-    if (fault.times)
-        object[u"times"_s] = *fault.times;
-    return object;
 }
 
 void FaultTable::add(const Fault &fault)

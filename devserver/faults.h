@@ -54,7 +54,6 @@ struct Fault
 
 /// Reads a fault from what a test posted; throws a 400 `Refusal`.
 Fault faultFromJson(const QJsonObject &body);
-QJsonObject toJson(const Fault &fault);
 
 /// The faults in force, oldest first.
 class FaultTable

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QHash>
 #include <QString>
 
 namespace pingwell {
@@ -22,10 +21,6 @@ public:
     [[nodiscard]] const QString &topicName() const { return m_topicName; }
 
     friend bool operator==(const InboxFilter &, const InboxFilter &) = default;
-    friend size_t qHash(const InboxFilter &filter, size_t seed = 0)
-    {
-        return qHashMulti(seed, static_cast<int>(filter.m_kind), filter.m_topicName);
-    }
 
 private:
     InboxFilter(Kind kind, const QString &topicName)

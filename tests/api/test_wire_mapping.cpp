@@ -213,6 +213,7 @@ private slots:
         Dashboard empty;
         empty.plan = u"Cloud"_s;
         QVERIFY(isReadAs(body, empty));
+        QVERIFY(isReadAs(QByteArray(body).replace("}}", R"(,"devices":{},"settings":5,"plan":[]}})"), empty));
         for (const QByteArray list : {"workspaces", "members", "topics", "alerts"}) {
             const QByteArray whole = '"' + list + "\":[]";
             for (const QByteArray &unfit : QByteArrayList{R"("x":0)", whole.chopped(1) + "5]"})

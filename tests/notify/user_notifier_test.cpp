@@ -178,6 +178,8 @@ private slots:
         m_responses.reset();
         QVERIFY2(watched.expired(), "the notifier keeps the store alive");
         m_center->responseHandler({{u"a-1"_s, u"w-1"_s, {}}, u"default"_s, {}, {}});
+        m_notifier->removeAll();
+        QCOMPARE(m_center->removedAll, 1);
         m_notifier.reset();
         QVERIFY2(!m_center->responseHandler, "the center would call a notifier that is gone");
     }
