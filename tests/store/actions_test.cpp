@@ -24,7 +24,7 @@ DashboardJSON team(const QString &role, const QString &kind = u"team"_s)
     QJsonObject workspace = workspaceJSON(u"w1"_s, role);
     workspace[u"kind"_s] = kind;
     DashboardJSON dashboard;
-    dashboard.workspaces = {workspace, workspaceJSON(u"w2"_s)};
+    dashboard.workspaces = {workspace, workspaceJSON(u"w2"_s), workspaceJSON(u"w3"_s)};
     dashboard.members = {member(u"own"_s, u"owner"_s, u"active"_s, role == u"owner"),
                          member(u"adm"_s, u"admin"_s, u"active"_s, role == u"admin"),
                          member(u"ann"_s, u"member"_s, u"active"_s, role == u"member"),
@@ -296,15 +296,17 @@ private slots:
     void leavingTakesItsThingsAlong()
     {
         begin(team(u"owner"_s));
-        m->transport->plan("POST", "/workspaces/w1/leave", ScriptedAnswer::raw(200, {}));
-        store().selectAlert(u"a1"_s);
+        m->transport->plan("POST", "/workspaces/w1/leave", ScriptedAnswer::raw(200, {}).heldBack());
         store().leaveWorkspace();
         m->settle();
-        QCOMPARE(store().activeWorkspaceID(), u"w2"_s);
-        QVERIFY(!store().selectedAlertID() && store().topics().isEmpty());
+        // The person looks at another one meanwhile, and still does afterwards.
+        store().selectWorkspace(u"w3"_s);
+        m->release();
+        QCOMPARE(store().activeWorkspaceID(), u"w3"_s);
+        QVERIFY(store().topics().isEmpty());
         QCOMPARE(alertWords(store()), QStringList{u"q9:unread"_s});
         QCOMPARE(m->notifier->removed, (QStringList{u"a1"_s, u"q1"_s, u"q2"_s}));
-        QCOMPARE(m->preferences->string(preference_keys::activeWorkspace), std::optional(u"w2"_s));
+        QCOMPARE(m->preferences->string(preference_keys::activeWorkspace), std::optional(u"w3"_s));
     }
 
     /// Whether the person deletes it or somebody else does.

@@ -43,14 +43,16 @@ private slots:
     void init() { m = std::make_unique<StoreFixture>(); }
     void cleanup() { m.reset(); }
 
-    void anAnswerTakesItsDraftAndBannerAlong()
+    void anAnswerTakesDraftBannerAndMarkAlong()
     {
+        m->preferences->setStrings(preference_keys::unreadAlerts, {a1});
         m->startWith(textAsk());
         m->transport->plan("POST", answerPath, refusal.heldBack());
         m->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
         store().setReplyDraft(u"  yes "_s, a1);
         store().answer(a1, store().replyDraft(a1));
         QCOMPARE(store().replyDraft(a1), QString());
+        QCOMPARE(unreadMarks(), std::optional(QStringList()));
         QCOMPARE(store().needsReplyCount(), 0);
         QCOMPARE(m->notifier->removed, QStringList{a1});
         m->settle();
@@ -109,10 +111,12 @@ private slots:
         // A restart: another store on the same preferences.
         m->startWith(readAlerts({a1}));
         QVERIFY(!m->alert(a1).read);
-        m->transport->plan("POST", "/workspaces/w1/alerts/a1/read", ScriptedAnswer::raw(204, ""));
+        m->transport->plan("POST", "/workspaces/w1/alerts/a1/read", refusal);
+        m->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
         store().setRead(a1, true);
         QCOMPARE(unreadMarks(), std::optional(QStringList()));
         m->settle();
+        QCOMPARE(unreadMarks(), std::optional(QStringList{a1}));
     }
 
     void unreadMarksOfVanishedAlertsAreDropped()
@@ -162,11 +166,11 @@ private slots:
     {
         m->preferences->keepsThem = false;
         m->startWith(readAlerts({a1}));
-        store().setRead(a1, false);
+        store().updateSettings([](auto &settings) { settings.quietHoursEnabled = true; });
         QCOMPARE(store().toast()->message,
                  u"Pingwell couldn't save this on your computer. It holds until you quit Pingwell."_s);
         store().showToast(u"Later."_s, false);
-        store().updateSettings([](auto &settings) { settings.quietHoursEnabled = true; });
+        store().setRead(a1, false);
         QCOMPARE(store().toast()->message, u"Later."_s);
     }
 };

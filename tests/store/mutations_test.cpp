@@ -107,14 +107,21 @@ private slots:
 
     void onlyWhatWasRefusedIsUndone()
     {
-        m->startWith({});
+        m->startWith(oneTopic(u"normal"_s));
+        m->transport->plan("PATCH", topicPath, refusal.heldBack());
+        m->transport->plan("PATCH", topicPath, ScriptedAnswer::noAnswer().heldBack());
+        store().setTopicMuted(u"t1"_s, true);
+        store().setTopicQuietHours(u"t1"_s, true);
+        m->settle();
+        m->release();
+        QVERIFY(!store().topics().first().muted && store().topics().first().quietHours);
         m->transport->plan("PUT", settingsPath, refusal.heldBack());
-        m->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        m->transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
         store().updateSettings([](auto &settings) { settings.digest = false; });
         // Quiet hours are this machine's own: the service is not told.
         store().updateSettings([](auto &settings) { settings.quietHoursEnabled = true; });
         m->settle();
-        m->release();
+        m->release("PUT", settingsPath);
         QVERIFY(store().settings().quietHoursEnabled && store().settings().digest);
         QCOMPARE(m->transport->count("PUT", settingsPath), 1);
         QCOMPARE(m->preferences->boolean(preference_keys::quietHoursEnabled), std::optional(true));

@@ -91,9 +91,13 @@ private slots:
         poll(1);
         QCOMPARE(m->transport->count("GET", "/dashboard"), 3);
         m->transport->plan("DELETE", "/devices/d7", ScriptedAnswer::raw(204, ""));
-        store().signOut();
+        m->changeSession();
         poll(2);
         QCOMPARE(m->transport->count("GET", "/dashboard"), 3);
+        store().startSync();
+        m->settle();
+        poll(1);
+        QCOMPARE(m->transport->count("GET", "/dashboard"), 5);
     }
 
     void theSameBytesAgainChangeNothing()
@@ -157,6 +161,8 @@ private slots:
         m->refreshWith({});
         QCOMPARE(store().activeWorkspaceID(), u"w1"_s);
         QCOMPARE(m->preferences->string(preference_keys::activeWorkspace), std::optional(u"w2"_s));
+        m->refreshWith({.workspaces = {workspaceJSON(u"w3"_s), workspaceJSON(u"w2"_s)}});
+        QCOMPARE(store().activeWorkspaceID(), u"w2"_s);
         m->refreshWith({.workspaces = QJsonArray()});
         QCOMPARE(store().activeWorkspaceID(), QString());
     }

@@ -157,6 +157,7 @@ private slots:
         const auto store = storeWith({notice(u"a"_s, 60), notice(u"b"_s, 60, other)});
         store->selectAlert(u"a"_s);
         store->setFilter(InboxFilter::asks());
+        store->requestReply(u"a"_s);
         store->selectWorkspace(own);
         store->selectWorkspace(u"nowhere"_s);
         QCOMPARE(store->selectedAlertID(), std::optional(u"a"_s));
@@ -164,6 +165,7 @@ private slots:
         store->revealAlert(u"b"_s);
         QCOMPARE(store->activeWorkspaceID(), other);
         QCOMPARE(store->selectedAlert()->id, u"b"_s);
+        QVERIFY(store->requestedReplyID().isEmpty());
         QVERIFY(store->filter() == InboxFilter::all() && store->section() == SidebarSection::inbox);
     }
 };
