@@ -106,25 +106,19 @@ private slots:
         QCOMPARE(m.screen->name(u"toast"_s), u"Notifications are on."_s);
     }
 
-    void declinedIsForThisAccount_data()
-    {
-        QTest::addColumn<bool>("byKey");
-        QTest::newRow("button") << false;
-        QTest::newRow("escape") << true;
-    }
-
     void declinedIsForThisAccount()
     {
-        QFETCH(bool, byKey);
-        PromptScreen m(AuthorizationStatus::denied);
-        if (byKey)
-            m.screen->press(Qt::Key_Escape);
-        else
-            m.screen->click(notNow);
-        QVERIFY(m.wasDismissed());
-        m.access.considerPrompt(m.live.store.get());
-        m.screen->settle();
-        QVERIFY(!m.screen->shows(notNow));
+        for (const bool byKey : {false, true}) {
+            PromptScreen m(AuthorizationStatus::denied);
+            if (byKey)
+                m.screen->press(Qt::Key_Escape);
+            else
+                m.screen->click(notNow);
+            QVERIFY(m.wasDismissed());
+            m.access.considerPrompt(m.live.store.get());
+            m.screen->settle();
+            QVERIFY(!m.screen->shows(notNow));
+        }
     }
 
     void endOfTheSessionDeclinesNothing()

@@ -47,7 +47,7 @@ private slots:
         screen.type(u"  "_s);
         QVERIFY(!screen.canUse(send));
         screen.type(u"eu"_s);
-        screen.press(Qt::Key_Return, Qt::ShiftModifier);
+        screen.press(Qt::SHIFT | Qt::Key_Return);
         screen.type(u"west"_s);
         QCOMPARE(screen.store().replyDraft(u"a1"_s), u"  eu\nwest"_s);
         QVERIFY(screen.canUse(send));
@@ -63,11 +63,11 @@ private slots:
         const QString longest(maximumAnswerLength, u'x');
         screen.click(reply);
         screen.store().setReplyDraft(longest, u"a1"_s);
-        screen.press(Qt::Key_End, Qt::ControlModifier);
+        screen.press(Qt::CTRL | Qt::Key_End);
         screen.type(u"y"_s);
         QCOMPARE(screen.text(reply), longest);
         QCOMPARE(caretOf(screen.find(reply)), int(maximumAnswerLength));
-        screen.press(Qt::Key_Home, Qt::ControlModifier);
+        screen.press(Qt::CTRL | Qt::Key_Home);
         screen.type(u"z"_s);
         QCOMPARE(screen.text(reply), u'z' + longest.chopped(1));
         QCOMPARE(caretOf(screen.find(reply)), 1);
@@ -84,7 +84,7 @@ private slots:
         const QString reply = u"popover.ask.a1.reply"_s;
         screen.click(reply);
         screen.type(u"eu west"_s);
-        screen.press(Qt::Key_Left, Qt::ShiftModifier);
+        screen.press(Qt::SHIFT | Qt::Key_Left);
         const QQuickItem *const field = screen.find(reply);
 
         live.refreshWith(dashboardOf(
@@ -156,8 +156,7 @@ private slots:
     void viewerOnlyReads()
     {
         const Screen screen(panel, makeSeed({makeChoice(u"a1"_s, u"Ship it?"_s, 5)}, WorkspaceRole::viewer));
-        QCOMPARE(screen.name(u"popover.ask.a1.viewerNote"_s), u"Viewers can't reply to asks"_s);
-        QVERIFY(!screen.shows(u"popover.ask.a1.action.0"_s));
+        QVERIFY(screen.shows(u"popover.ask.a1.viewerNote"_s) && !screen.shows(u"popover.ask.a1.action.0"_s));
     }
 
     void todayShowsSixAlertsAndFocusFewer()
@@ -186,17 +185,15 @@ private slots:
         screen.click(u"popover.alert.n1"_s);
         QCOMPARE(screen.store().selectedAlertID(), u"n1"_s);
         screen.click(u"popover.open"_s);
-        screen.press(Qt::Key_O, Qt::ControlModifier);
+        screen.press(Qt::CTRL | Qt::Key_O);
         QCOMPARE(openings.count(), 3);
-        screen.click(u"popover.workspace"_s);
-        screen.click(u"popover.workspace.option.w2"_s);
+        screen.click({u"popover.workspace"_s, u"popover.workspace.option.w2"_s});
         QCOMPARE(screen.name(u"popover.workspace"_s), u"Personal"_s);
-        screen.click(u"popover.workspace"_s);
-        screen.click(u"popover.workspace.create"_s);
+        screen.click({u"popover.workspace"_s, u"popover.workspace.create"_s});
         QVERIFY(screen.store().isCreatingWorkspace());
         QCOMPARE(openings.count(), 4);
         screen.click(u"popover.quit"_s);
-        screen.press(Qt::Key_Q, Qt::ControlModifier);
+        screen.press(Qt::CTRL | Qt::Key_Q);
         QCOMPARE(quits.count(), 2);
     }
 
@@ -231,7 +228,7 @@ private slots:
         Screen screen(panel, makeSeed({makeChoice(u"a1"_s, u"Ship it?"_s, 5), makeAlert(u"n1"_s, u"Notice"_s, 1)}));
         QVERIFY(!screen.shows(shows));
         screen.find(control)->forceActiveFocus(Qt::TabFocusReason);
-        screen.press(Qt::Key_Enter, Qt::KeypadModifier);
+        screen.press(Qt::KeypadModifier | Qt::Key_Enter);
         QVERIFY(screen.shows(shows));
     }
 

@@ -70,18 +70,10 @@ private slots:
         }
     }
 
-    void previewShowsThePanelEvenSignedOut()
-    {
-        const Screen screen(root, makeSeed({}), false, {{u"popoverPreview"_s, true}});
-        QVERIFY(screen.shows(u"popover.preview"_s) && screen.shows(u"popover.signedOut"_s));
-        QVERIFY(!screen.shows(u"signin"_s));
-    }
-
     void sheetMakesAWorkspace()
     {
         Screen screen(root, makeSeed({}));
-        screen.click(u"sidebar.workspace"_s);
-        screen.click(u"sidebar.workspace.create"_s);
+        screen.click({u"sidebar.workspace"_s, u"sidebar.workspace.create"_s});
         QVERIFY(screen.shows(u"workspace.createSheet"_s));
         QCOMPARE(screen.focused(), u"workspace.create.name"_s);
         QVERIFY(!screen.canUse(u"workspace.create.submit"_s));

@@ -183,6 +183,12 @@ void Screen::click(const QString &identifier)
     settle();
 }
 
+void Screen::click(const QStringList &identifiers)
+{
+    for (const QString &identifier : identifiers)
+        click(identifier);
+}
+
 void Screen::rightClick(const QString &identifier, const QPointF &within)
 {
     QTest::mouseClick(m_view.get(), Qt::RightButton, {}, place(identifier, within).toPoint());
@@ -196,10 +202,16 @@ void Screen::type(const QString &text)
     settle();
 }
 
-void Screen::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
+void Screen::press(QKeyCombination key)
 {
-    QTest::keyClick(m_view.get(), key, modifiers);
+    QTest::keyClick(m_view.get(), key.key(), key.keyboardModifiers());
     settle();
+}
+
+void Screen::press(const QList<QKeyCombination> &keys)
+{
+    for (const QKeyCombination &key : keys)
+        press(key);
 }
 
 QString Screen::focused() const

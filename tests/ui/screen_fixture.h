@@ -66,9 +66,11 @@ public:
     /// How many visible elements have an identifier that matches.
     [[nodiscard]] int count(const QString &pattern) const;
     void click(const QString &identifier);
+    void click(const QStringList &identifiers);
     void rightClick(const QString &identifier, const QPointF &within);
     void type(const QString &text);
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void press(QKeyCombination key);
+    void press(const QList<QKeyCombination> &keys);
     /// The element that has the keyboard's focus; empty when none does.
     [[nodiscard]] QString focused() const;
     /// Lets everything asked for so far happen, drawing included.

@@ -99,14 +99,6 @@ private slots:
         QCOMPARE(screen.name(u"team.subtitle"_s), workspace == u"w1"_s ? u"4 members · 1 pending"_s : u"1 member"_s);
     }
 
-    void rowTellsWhoItIs()
-    {
-        TeamScreen screen(teamSeed(WorkspaceRole::admin));
-        QCOMPARE(screen.name(u"team.member.ann"_s), u"Name ann, ann@x.test, member"_s);
-        QCOMPARE(screen.name(u"team.member.new"_s), u"new@x.test, Invited, 2h ago, viewer"_s);
-        QCOMPARE(screen.standing(u"team.member."_s, {u"new.invited"_s, u"ann.invited"_s, u"ann.role"_s}), u"+-+"_s);
-    }
-
     void initials()
     {
         QCOMPARE(initialsOf(u"ann lee"_s), u"AL"_s);
@@ -135,8 +127,7 @@ private slots:
         screen.click(member + u".menu"_s);
         const QStringList entries{u".changeRole"_s, u".remove"_s, u".resend"_s, u".revoke"_s};
         QTEST(screen.standing(member, entries), "entries");
-        screen.press(Qt::Key_Down);
-        screen.press(Qt::Key_Right);
+        screen.press({Qt::Key_Down, Qt::Key_Right});
         const QStringList roles{u".role.owner"_s, u".role.admin"_s, u".role.member"_s, u".role.viewer"_s};
         QTRY_VERIFY(current.isEmpty() || screen.shows(member + current));
         QTEST(screen.standing(member, roles), "roles");
@@ -147,19 +138,14 @@ private slots:
     void menuDoesIt()
     {
         TeamScreen screen(teamSeed(WorkspaceRole::owner));
-        screen.click(u"team.member.ann.menu"_s);
-        screen.click(u"team.member.ann.changeRole"_s);
-        QTRY_VERIFY(screen.shows(u"team.member.ann.role.admin"_s));
-        screen.click(u"team.member.ann.role.admin"_s);
-        QCOMPARE(screen.name(u"team.member.ann.role"_s), u"admin"_s);
-        screen.click(u"team.member.new.menu"_s);
-        screen.click(u"team.member.new.resend"_s);
+        QCOMPARE(screen.name(u"team.member.ann"_s), u"Name ann, ann@x.test, member"_s);
+        QCOMPARE(screen.name(u"team.member.new"_s), u"new@x.test, Invited, 2h ago, viewer"_s);
+        QCOMPARE(screen.standing(u"team.member."_s, {u"new.invited"_s, u"ann.invited"_s}), u"+-"_s);
+        screen.click({u"team.member.new.menu"_s, u"team.member.new.resend"_s});
         QCOMPARE(screen.name(u"team.member.new"_s), u"new@x.test, Invited, just now, viewer"_s);
-        screen.click(u"team.member.new.menu"_s);
-        screen.click(u"team.member.new.revoke"_s);
+        screen.click({u"team.member.new.menu"_s, u"team.member.new.revoke"_s});
         QVERIFY(!screen.shows(u"team.member.new"_s));
-        screen.click(u"team.member.ann.menu"_s);
-        screen.click(u"team.member.ann.remove"_s);
+        screen.click({u"team.member.ann.menu"_s, u"team.member.ann.remove"_s});
         QVERIFY(!screen.shows(u"team.member.ann"_s) && !screen.shows(u"team.member.ann.remove"_s));
         QCOMPARE(screen.name(u"team.subtitle"_s), u"2 members"_s);
     }
@@ -168,20 +154,16 @@ private slots:
     {
         TeamScreen screen(teamSeed(WorkspaceRole::owner));
         screen.tabToTheList();
-        screen.press(Qt::Key_Down);
-        screen.press(Qt::Key_Down);
+        screen.press({Qt::Key_Down, Qt::Key_Down});
         QCOMPARE(screen.focused(), u"team.member.ann"_s);
-        screen.press(Qt::Key_F10, Qt::ShiftModifier);
-        screen.press(Qt::Key_Down);
-        screen.press(Qt::Key_Right);
+        screen.press({Qt::SHIFT | Qt::Key_F10, Qt::Key_Down, Qt::Key_Right});
         QTRY_VERIFY(screen.shows(u"team.member.ann.role.viewer"_s));
         screen.press(Qt::Key_Return);
         QCOMPARE(screen.name(u"team.member.ann.role"_s), u"admin"_s);
         QTRY_COMPARE(screen.focused(), u"team.member.ann"_s);
         screen.press(Qt::Key_Tab);
         QCOMPARE(screen.focused(), u"team.leave"_s);
-        screen.press(Qt::Key_Tab, Qt::ShiftModifier);
-        screen.press(Qt::Key_Tab, Qt::ShiftModifier);
+        screen.press({Qt::SHIFT | Qt::Key_Tab, Qt::SHIFT | Qt::Key_Tab});
         QCOMPARE(screen.focused(), u"team.menu"_s);
     }
 
@@ -206,42 +188,26 @@ private slots:
         QCOMPARE(screen.standing(u"team.member.m9"_s, entries), u"++"_s);
     }
 
-    void inviteTellsWhatIsWrong_data()
-    {
-        QTest::addColumn<QString>("email");
-        QTest::addColumn<QString>("error");
-        QTest::newRow("invalid") << u"ann@x"_s << u"Enter a valid email address."_s;
-        QTest::newRow("known") << u"NEW@x.test"_s << u"That email is already a member or has a pending invite."_s;
-        QTest::newRow("good") << u"eve@x.test"_s << QString();
-    }
-
     void inviteTellsWhatIsWrong()
     {
-        QFETCH(QString, email);
-        QFETCH(QString, error);
         TeamScreen screen(teamSeed(WorkspaceRole::owner));
         QQuickItem *const invite = screen.find(u"team.invite"_s);
         invite->forceActiveFocus(Qt::TabFocusReason);
         screen.press(Qt::Key_Return);
         QCOMPARE(screen.name(u"team.inviteSheet"_s), u"Invite to Platform"_s);
         QCOMPARE(screen.focused(), u"team.invite.email"_s);
-        screen.type(email);
-        screen.click(u"team.invite.role"_s);
-        screen.click(u"team.invite.role.admin"_s);
-        screen.click(u"team.invite.email"_s);
+        screen.type(u"NEW@x.test"_s);
         screen.press(Qt::Key_Return);
-        QCOMPARE(screen.name(u"team.invite.error"_s), error);
-        QCOMPARE(screen.shows(u"team.inviteSheet"_s), !error.isEmpty());
-        const QList<Member> members = screen.store().members().value(u"w1"_s);
-        if (error.isEmpty()) {
-            QCOMPARE(members.last().role, WorkspaceRole::admin);
-            return;
-        }
-        QCOMPARE(members.size(), 4);
+        QCOMPARE(screen.name(u"team.invite.error"_s), u"That email is already a member or has a pending invite."_s);
         QCOMPARE(screen.focused(), u"team.invite.email"_s);
         screen.type(u"x"_s);
         QVERIFY(!screen.shows(u"team.invite.error"_s));
-        screen.press(Qt::Key_Escape);
+        screen.click({u"team.invite.role"_s, u"team.invite.role.admin"_s, u"team.invite.send"_s});
+        QVERIFY(!screen.shows(u"team.inviteSheet"_s));
+        const Member invited = screen.store().members().value(u"w1"_s).last();
+        QCOMPARE(invited.email, u"new@x.testx"_s);
+        QCOMPARE(invited.role, WorkspaceRole::admin);
+        screen.press({Qt::Key_Return, Qt::Key_Escape});
         QVERIFY(!screen.shows(u"team.inviteSheet"_s));
         QVERIFY(invite->property("visualFocus").toBool());
     }
@@ -249,10 +215,7 @@ private slots:
     void renamesTheWorkspace()
     {
         TeamScreen screen(teamSeed(WorkspaceRole::owner));
-        const auto open = [&screen] {
-            screen.click(u"team.menu"_s);
-            screen.click(u"team.rename"_s);
-        };
+        const auto open = [&screen] { screen.click({u"team.menu"_s, u"team.rename"_s}); };
         open();
         QCOMPARE(screen.text(u"team.rename.name"_s), u"Platform"_s);
         screen.type(u" "_s);
@@ -306,8 +269,7 @@ private slots:
         QCOMPARE(screen.name(u"team.invitation.t2"_s), u"Docs, Join as viewer"_s);
         live.transport->plan("POST", "/invites/t1/accept", ScriptedAnswer::message("Welcome."));
         live.transport->plan("POST", "/invites/t2/reject", ScriptedAnswer::message("Declined."));
-        screen.click(u"team.invitation.t1.accept"_s);
-        screen.click(u"team.invitation.t2.reject"_s);
+        screen.click({u"team.invitation.t1.accept"_s, u"team.invitation.t2.reject"_s});
         live.settle();
         QCOMPARE(live.transport->plannedCount(), 0);
         QCOMPARE(screen.count(u"team\\.invitation\\..*"_s), 0);

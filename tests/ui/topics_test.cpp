@@ -48,15 +48,12 @@ private slots:
         screen.click(u"topic.t1.mute"_s);
         QVERIFY(!screen.shows(u"topic.t1.mutedBadge"_s));
 
-        screen.click(u"topic.t1.menu"_s);
-        screen.click(u"topic.t1.quietHours"_s);
+        screen.click({u"topic.t1.menu"_s, u"topic.t1.quietHours"_s});
         QCOMPARE(screen.name(u"topic.t1.count"_s), u"2 alerts · respects quiet hours"_s);
-        screen.click(u"topic.t1.minPriority"_s);
-        screen.click(u"topic.t1.minPriority.critical"_s);
+        screen.click({u"topic.t1.minPriority"_s, u"topic.t1.minPriority.critical"_s});
         QCOMPARE(screen.value(u"topic.t1.minPriority"_s), u"Critical"_s);
 
-        screen.click(u"topic.t1.menu"_s);
-        screen.click(u"topic.t1.delete"_s);
+        screen.click({u"topic.t1.menu"_s, u"topic.t1.delete"_s});
         QVERIFY(!screen.shows(u"topic.t1"_s) && screen.shows(u"topics.empty"_s) && screen.shows(u"topics.new.name"_s));
     }
 
@@ -110,20 +107,14 @@ private slots:
         QCOMPARE(screen.focused(), u"topic.t12.minPriority"_s);
         QVERIFY(screen.place(u"topic.t12"_s, {0, 56}).y() <= screen.view().height());
 
-        screen.press(Qt::Key_Space);
-        screen.press(Qt::Key_Down);
-        screen.press(Qt::Key_Return);
+        screen.press({Qt::Key_Space, Qt::Key_Down, Qt::Key_Return});
         QCOMPARE(screen.store().topics().at(12).minPriority, Priority::high);
         QCOMPARE(screen.focused(), u"topic.t12.minPriority"_s);
-        screen.press(Qt::Key_Tab);
-        screen.press(Qt::Key_Space);
+        screen.press({Qt::Key_Tab, Qt::Key_Space});
         QVERIFY(screen.store().topics().at(12).muted);
         screen.press(Qt::Key_Down);
         QCOMPARE(screen.focused(), u"topic.t13"_s);
-        screen.press(Qt::Key_Tab);
-        screen.press(Qt::Key_F10, Qt::ShiftModifier);
-        screen.press(Qt::Key_End);
-        screen.press(Qt::Key_Return);
+        screen.press({Qt::Key_Tab, Qt::SHIFT | Qt::Key_F10, Qt::Key_End, Qt::Key_Return});
         QVERIFY(!screen.shows(u"topic.t13"_s));
         screen.press(Qt::Key_Home);
         QCOMPARE(screen.focused(), u"topic.t0"_s);

@@ -218,8 +218,7 @@ void drawTeam(const Gallery &gallery)
         }
     });
     draw(u"menu"_s, many, [](Screen &screen) {
-        screen.click(u"team.member.m2.menu"_s);
-        screen.click(u"team.member.m2.changeRole"_s);
+        screen.click({u"team.member.m2.menu"_s, u"team.member.m2.changeRole"_s});
     });
     draw(u"invitee-menu"_s, many, [](Screen &screen) { screen.click(u"team.member.m3.menu"_s); });
     draw(u"menu-at-pointer"_s, many, [](Screen &screen) { screen.rightClick(u"team.member.m2"_s, {200, 30}); });
@@ -233,10 +232,7 @@ void drawTeam(const Gallery &gallery)
         screen.press(Qt::Key_Return);
     });
     draw(u"leave"_s, teamOf(5, WorkspaceRole::owner), [](Screen &screen) { screen.click(u"team.leave"_s); });
-    draw(u"rename"_s, many, [](Screen &screen) {
-        screen.click(u"team.menu"_s);
-        screen.click(u"team.rename"_s);
-    });
+    draw(u"rename"_s, many, [](Screen &screen) { screen.click({u"team.menu"_s, u"team.rename"_s}); });
 }
 
 void drawInbox(const Gallery &gallery)
@@ -247,9 +243,7 @@ void drawInbox(const Gallery &gallery)
     gallery.draw(
         u"inbox-menu"_s, root, day,
         [](Screen &screen) {
-            screen.press(Qt::Key_Down);
-            screen.press(Qt::Key_Down);
-            screen.press(Qt::Key_F10, Qt::ShiftModifier);
+            screen.press({Qt::Key_Down, Qt::Key_Down, Qt::SHIFT | Qt::Key_F10});
         },
         windowSize);
     gallery.draw(
@@ -304,9 +298,7 @@ void drawTopics(const Gallery &gallery)
     draw(u"keyboard"_s, many, [](Screen &screen) {
         screen.click(u"topics.new.name"_s);
         screen.type(u"Deploy Alerts"_s);
-        screen.press(Qt::Key_Tab);
-        screen.press(Qt::Key_Tab);
-        screen.press(Qt::Key_Down);
+        screen.press({Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Down});
     });
     draw(u"empty"_s, none, [](Screen &screen) {
         screen.click(u"topics.new.name"_s);
@@ -360,8 +352,7 @@ void drawSettings(const Gallery &gallery)
     draw(u"hours"_s, owner, 0.6, click(u"settings.quietFrom"_s));
     draw(u"delete"_s, owner, 1, click(u"settings.deleteAccount"_s));
     draw(u"remove"_s, owner, 1, [](Screen &screen) {
-        screen.click(u"settings.device.web.menu"_s);
-        screen.click(u"settings.device.web.remove"_s);
+        screen.click({u"settings.device.web.menu"_s, u"settings.device.web.remove"_s});
     });
     draw(u"menu"_s, owner, 1, click(u"settings.device.ios.menu"_s));
     draw(u"smallest"_s, owner, 0.4, {}, {880, 560});
