@@ -105,6 +105,20 @@ private slots:
         QCOMPARE(store().toast().has_value(), firstRefused || secondRefused);
     }
 
+    /// The service took the answer, but nobody heard it say so.
+    void aLostWordIsLookedUp()
+    {
+        m->startWith(oneAsk());
+        m->transport->plan("POST", answerPath, ScriptedAnswer::noAnswer());
+        const DashboardJSON answered{.alerts = {askJSON(a1, 60, {{u"answer"_s, u"Deny"_s}})}};
+        m->transport->plan("GET", "/dashboard", ScriptedAnswer::data(answered.body()));
+        store().answer(a1, u"Deny"_s);
+        m->settle();
+        QCOMPARE(store().toast()->message, u"Can't reach the Pingwell server. Check your connection."_s);
+        QCOMPARE(m->alert(a1).answer, std::optional(u"Deny"_s));
+        QCOMPARE(m->transport->plannedCount(), 0);
+    }
+
     void onlyWhatWasRefusedIsUndone()
     {
         m->startWith(oneTopic(u"normal"_s));
