@@ -20,7 +20,8 @@ def median: sort | .[length / 2 | floor];
     | ($states | map(select(.until > $pressed + 45)) | last) as $last
     | {
         serial: $n,
-        presses: length,
+        # Two keys are two answers where the first was refused before the second came.
+        presses: (map(if .keys == 2 and (.t as $t | any($messages[]; . >= $t and . <= $t + 2)) then 2 else 1 end) | add),
         answers: map(.answer),
         held: $holdings[$n].answer,
         known: ($holdings | has($n)),
