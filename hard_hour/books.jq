@@ -12,6 +12,7 @@ def median: sort | .[length / 2 | floor];
     | .rows | to_entries[] | {t: $t, until: $until, serial: .key, state: .value}] as $states
 | ($states | group_by(.serial) | map({key: .[0].serial, value: .}) | from_entries) as $statesOf
 | [($seen[] | select(.toast != null or .signIn) | .t), (ofKind("signing-in")[] | .t)] as $messages
+| [range(1; $seen | length) as $i | $seen[$i] | select(.toast != null and .toast != $seen[$i - 1].toast) | .t] as $newMessages
 # The last the service was known to hold: at the end, or just before the ask was removed.
 | ([$acts[] | select(.kind == ("held", "tidied", "deleted"))] | group_by(.serial)
     | map({key: (.[0].serial | tostring), value: last}) | from_entries) as $holdings
@@ -21,7 +22,7 @@ def median: sort | .[length / 2 | floor];
     | {
         serial: $n,
         # Two keys are two answers where the first was refused before the second came.
-        presses: (map(if .keys == 2 and (.t as $t | any($messages[]; . >= $t and . <= $t + 2)) then 2 else 1 end) | add),
+        presses: (map(if .keys == 2 and (.t as $t | any($newMessages[]; . >= $t and . <= $t + 2)) then 2 else 1 end) | add),
         answers: map(.answer),
         held: $holdings[$n].answer,
         known: ($holdings | has($n)),
