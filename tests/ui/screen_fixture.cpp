@@ -36,6 +36,12 @@ void FixedAppearance::setDark(bool dark)
     emit changed();
 }
 
+void FixedAppearance::setMotionReduced(bool reduced)
+{
+    m_motionReduced = reduced;
+    emit changed();
+}
+
 Alert makeAlert(const QString &id, const QString &title, double minutes)
 {
     Alert alert;

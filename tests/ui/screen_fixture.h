@@ -18,11 +18,13 @@ class FixedAppearance final : public Appearance
 
 public:
     [[nodiscard]] bool isDark() const override { return m_dark; }
-    [[nodiscard]] bool isMotionReduced() const override { return true; }
+    [[nodiscard]] bool isMotionReduced() const override { return m_motionReduced; }
     void setDark(bool dark);
+    void setMotionReduced(bool reduced);
 
 private:
     bool m_dark = false;
+    bool m_motionReduced = true;
 };
 
 /// The instant at which the tests' day ends.
