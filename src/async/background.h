@@ -4,53 +4,67 @@
 
 #include <QCoroFuture>
 #include <QCoroTask>
-#include <QFuture>
+#include <QPromise>
+#include <QRunnable>
 #include <QThreadPool>
-#include <QtConcurrentRun>
 
 #include <atomic>
 #include <memory>
 #include <optional>
 #include <utility>
-#include <variant>
 
 namespace pingwell {
 
-/// A piece of work on its way to another thread, and its result on the way back. Neither is copied; each is touched by
-/// one thread at a time, and what one wrote the other sees.
+/// A piece of work on its way to the thread pool, and its result on the way back. Neither is copied: a future would hand
+/// out copies of the result, and share with it what is only meant to be moved on. Each side touches them in its turn,
+/// which `m_turn` hands over; whichever is the last to hold the object destroys it.
 template<typename Work>
-class HandOver
+class BackgroundWork final : public QRunnable
 {
 public:
     using Result = std::invoke_result_t<Work>;
 
-    explicit HandOver(Work work)
+    explicit BackgroundWork(Work work)
         : m_work(std::move(work))
     {
-        m_state.store(State::waiting, std::memory_order_release);
+        setAutoDelete(false);
     }
 
-    /// Once, on the thread that works.
-    void run()
+    /// Once, on the thread that wants the work done. The future ends when the result may be taken.
+    static QFuture<void> start(const std::shared_ptr<BackgroundWork> &self)
     {
-        check(m_state.load(std::memory_order_acquire) == State::waiting, "a piece of work is done twice");
-        m_result.emplace((*m_work)());
-        m_work.reset();
-        m_state.store(State::done, std::memory_order_release);
+        QFuture<void> done = self->m_done.future();
+        self->m_done.start();
+        self->m_self = self;
+        self->m_turn.store(Turn::pool, std::memory_order_release);
+        QThreadPool::globalInstance()->start(self.get());
+        return done;
     }
 
-    /// Once, on the thread that asked for it, when it is done.
+    /// Once, on the thread that started it, when the future has ended.
     Result take()
     {
-        check(m_state.load(std::memory_order_acquire) == State::done, "a result is taken before it is there");
+        check(m_turn.load(std::memory_order_acquire) == Turn::owner, "a result is taken before it is there");
         return *std::exchange(m_result, std::nullopt);
     }
 
+    void run() override
+    {
+        check(m_turn.load(std::memory_order_acquire) == Turn::pool, "a piece of work is done twice");
+        const std::shared_ptr<BackgroundWork> self = std::move(m_self);
+        m_result.emplace((*m_work)());
+        m_work.reset();
+        m_turn.store(Turn::owner, std::memory_order_release);
+        m_done.finish();
+    }
+
 private:
-    enum class State { waiting, done };
+    enum class Turn { owner, pool };
+    std::atomic<Turn> m_turn = Turn::owner;
     std::optional<Work> m_work;
     std::optional<Result> m_result;
-    std::atomic<State> m_state;
+    QPromise<void> m_done;
+    std::shared_ptr<BackgroundWork> m_self;
 };
 
 /// Runs `work` in the thread pool and resumes the caller on its own thread with the result. `work` must not throw and
@@ -58,19 +72,18 @@ private:
 template<typename Work>
 QCoro::Task<std::invoke_result_t<Work>> inBackground(Work work)
 {
-    auto handOver = std::make_shared<HandOver<Work>>(std::move(work));
-    QFuture<void> done = QtConcurrent::run([handOver] { handOver->run(); });
+    auto background = std::make_shared<BackgroundWork<Work>>(std::move(work));
+    QFuture<void> done = BackgroundWork<Work>::start(background);
     co_await done;
-    co_return handOver->take();
+    co_return background->take();
 }
 
 /// Lets `value` be destroyed in the thread pool: freeing ten thousand records takes longer than a frame may.
 template<typename Value>
 void destroyInBackground(Value value)
 {
-    auto doom = [doomed = std::move(value)] { return std::monostate(); };
-    auto handOver = std::make_shared<HandOver<decltype(doom)>>(std::move(doom));
-    QThreadPool::globalInstance()->start([handOver] { handOver->run(); });
+    auto doom = [doomed = std::move(value)] { return true; };
+    BackgroundWork<decltype(doom)>::start(std::make_shared<BackgroundWork<decltype(doom)>>(std::move(doom)));
 }
 
 } // namespace pingwell
