@@ -42,7 +42,6 @@ SeedData demoData(Instant now)
                      .quietTo = QStringLiteral("07:30"),
                      .digest = true,
                      .sound = true},
-        .plan = QStringLiteral("Cloud"),
     };
 }
 

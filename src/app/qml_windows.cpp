@@ -40,6 +40,7 @@ QmlWindows::QmlWindows(AppStore *store, LaunchOptions options, std::shared_ptr<P
     chooseRenderer();
     m_letGo.setSingleShot(true);
     m_letGo.setInterval(keepClosed);
+    m_store->setWatched(false);
     connect(&m_letGo, &QTimer::timeout, this, &QmlWindows::letGo);
     // The start touches much that is never needed again, too.
     m_letGo.start();
@@ -52,17 +53,22 @@ QmlWindows::~QmlWindows()
 
 void QmlWindows::showMain(const QByteArray &activationToken)
 {
+    m_store->setWatched(true);
     raiseWindow(*mainWindow(), activationToken);
 }
 
 void QmlWindows::showPanel(QPoint position)
 {
+    m_store->setWatched(true);
     panelWindow()->open(position);
 }
 
 void QmlWindows::togglePanel(QPoint position)
 {
+    // The panel takes its height from what it shows, before it is shown.
+    m_store->setWatched(true);
     panelWindow()->toggle(position);
+    noteVisibility();
 }
 
 UiEngine *QmlWindows::engine()
@@ -101,7 +107,9 @@ void QmlWindows::showMainFromPanel()
 
 void QmlWindows::noteVisibility()
 {
-    if (isShown(m_mainWindow.get()) || isShown(m_panelWindow.get()))
+    const bool isAnyShown = isShown(m_mainWindow.get()) || isShown(m_panelWindow.get());
+    m_store->setWatched(isAnyShown);
+    if (isAnyShown)
         m_letGo.stop();
     else
         m_letGo.start();

@@ -18,14 +18,6 @@ struct AppStore::StartSteps
     static void restoreDemoWorkspaces(AppStore &store);
 };
 
-/// What waits for the clock.
-struct AppStore::ClockSteps
-{
-    static QCoro::Task<> runClock(QPointer<AppStore> store, std::shared_ptr<Clock> clock, std::stop_token stop);
-    static QCoro::Task<> hideToastLater(QPointer<AppStore> store, std::shared_ptr<Clock> clock, QUuid id,
-                                        std::chrono::milliseconds after, std::stop_token stop);
-};
-
 AppStore::AppStore(SeedData seed, bool signedIn, std::shared_ptr<Preferences> defaults, Instant now,
                    std::shared_ptr<Backend> backend, std::shared_ptr<Clock> clock, QObject *parent)
     : QObject(parent)
@@ -122,56 +114,12 @@ void AppStore::StartSteps::restoreDemoWorkspaces(AppStore &store)
     store.set(store.m_workspaces, workspaces, &AppStore::workspacesChanged);
 }
 
-void AppStore::startClock()
-{
-    checkMainThread();
-    m_clockTask.request_stop();
-    m_clockTask = std::stop_source();
-    launch("clock", ClockSteps::runClock(this, m_clock, m_clockTask.get_token()));
-}
-
-QCoro::Task<> AppStore::ClockSteps::runClock(QPointer<AppStore> store, std::shared_ptr<Clock> clock,
-                                             std::stop_token stop)
-{
-    while (true) {
-        const auto second = 1000ms;
-        co_await clock->sleep(second, stop);
-        if (stop.stop_requested() || !store)
-            co_return;
-        store->set(store->m_now, clock->now(), &AppStore::nowChanged);
-    }
-}
-
-void AppStore::showToast(const QString &message, bool isError)
-{
-    checkMainThread();
-    if (message.isEmpty())
-        return;
-    const Toast toast{.message = message, .isError = isError};
-    m_toast = toast;
-    emit toastChanged();
-    m_toastTask.request_stop();
-    m_toastTask = std::stop_source();
-    const auto shown = isError ? 6000ms : 3500ms;
-    launch("toast", ClockSteps::hideToastLater(this, m_clock, toast.id, shown, m_toastTask.get_token()));
-}
-
 void AppStore::tellIfForgotten()
 {
     if (m_toldOfForgetting || !m_defaults || m_defaults->lasts())
         return;
     m_toldOfForgetting = true;
     showToast(QStringLiteral("Pingwell couldn't save this on your computer. It holds until you quit Pingwell."), true);
-}
-
-QCoro::Task<> AppStore::ClockSteps::hideToastLater(QPointer<AppStore> store, std::shared_ptr<Clock> clock, QUuid id,
-                                                   std::chrono::milliseconds after, std::stop_token stop)
-{
-    co_await clock->sleep(after, stop);
-    if (stop.stop_requested() || !store)
-        co_return;
-    if (store->m_toast && store->m_toast->id == id)
-        store->set(store->m_toast, std::optional<Toast>(), &AppStore::toastChanged);
 }
 
 } // namespace pingwell

@@ -34,8 +34,7 @@ class AppStore : public QObject
 {
     Q_OBJECT
 
-    // What QML reads. Enumerations appear as their raw words, absent texts as empty ones, instants as milliseconds
-    // since 1970.
+    // What QML reads: enumerations as raw words, absent texts as empty ones, instants as milliseconds since 1970.
     Q_PROPERTY(double now READ nowMilliseconds NOTIFY nowChanged)
     Q_PROPERTY(bool isSignedIn READ isSignedIn NOTIFY accountChanged)
     Q_PROPERTY(bool hasLoaded READ hasLoaded NOTIFY hasLoadedChanged)
@@ -215,7 +214,9 @@ public:
     void endSession(const std::optional<QString> &message);
 
     // The live loop.
+    /// Lets `now` follow the clock: once a second, or while nobody looks at each poll and when an ask's time is up.
     void startClock();
+    void setWatched(bool watched);
     /// (Re)starts following the service; does nothing without a session or in demo mode.
     void startSync();
     /// Fetches the dashboard and merges it, unless a fetch is under way.
@@ -311,6 +312,8 @@ private:
     void checkMainThread() const;
 
     // What several subjects share.
+    /// Reads the clock, and reckons anew when it is to tick.
+    void takeTime();
     void fillFromSeed();
     void clearSelectionAndFilter();
     void replaceAlert(const Alert &alert);
@@ -357,6 +360,7 @@ private:
     bool m_focusMode = false;
     QString m_activeWorkspaceID;
     Instant m_now;
+    bool m_isWatched = true;
     bool m_hasLoaded = false;
     bool m_isSigningIn = false;
     std::optional<QString> m_signInError;

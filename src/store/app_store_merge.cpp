@@ -40,6 +40,8 @@ void AppStore::applyDashboard(FetchedDashboard fetched)
         MergeSteps::merge(*this, std::move(*fetched.dashboard));
         m_appliedBody = std::move(fetched.body);
         m_appliedEpoch = m_mutations.epoch();
+        // There may be a deadline before the next tick.
+        takeTime();
     }
     set(m_connectionProblem, std::optional<QString>(), &AppStore::connectionProblemChanged);
     set(m_lastSyncedAt, std::optional(m_clock->now()), &AppStore::lastSyncedAtChanged);

@@ -97,6 +97,7 @@ QCoro::Task<> AppStore::SyncSteps::runRefresh(QPointer<AppStore> store)
 {
     if (!store || !store->m_client || store->isRefreshing())
         co_return;
+    store->takeTime();
     std::optional<RefreshInProgress> inProgress(std::in_place, store);
     const APIClientPtr client = store->m_client;
     const qint64 epoch = store->m_mutations.epoch();

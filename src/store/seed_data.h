@@ -24,7 +24,6 @@ struct SeedData
     QList<Topic> topics;
     QList<Device> devices;
     NotificationSettings settings;
-    QString plan;
 };
 
 /// The person whom the demo shows.

@@ -124,6 +124,26 @@ private slots:
         QVERIFY(!store->alerts().first().answer);
     }
 
+    // Nobody looks: the computer is left to sleep, but the number in the status area stays true to the second.
+    void anUnwatchedClockTicksForDeadlines()
+    {
+        const auto store = storeWith({ask(u"soon"_s, 60, 20.25), ask(u"later"_s, 60, 600)});
+        store->startClock();
+        store->setWatched(false);
+        const QSignalSpy ticks(store.get(), &AppStore::nowChanged);
+        m_clock->advance(20s);
+        QCOMPARE(ticks.size(), 1);
+        QCOMPARE(store->needsReplyCount(), 2);
+        m_clock->advance(250ms);
+        QCOMPARE(ticks.size(), 2);
+        QCOMPARE(store->needsReplyCount(), 1);
+        m_clock->advance(3s);
+        store->setWatched(true);
+        QCOMPARE(store->now(), m_clock->now());
+        m_clock->advance(2s);
+        QCOMPARE(ticks.size(), 5);
+    }
+
     void aSetClockCountsFromTheNextSecond()
     {
         const auto store = storeWith({ask(u"a"_s, 60, 600)});
