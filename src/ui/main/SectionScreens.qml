@@ -5,7 +5,8 @@ import Pingwell
 
 /**
  * The screen of the section that is shown. The inbox stays once it was made, so that one comes back to the place where
- * one was; the others are made anew each time.
+ * one was; the others are made anew each time, and named by address: what they consist of is loaded when one of them is
+ * first shown, not with the window.
  */
 Item {
     id: root
@@ -25,12 +26,21 @@ Item {
         root.inbox?.shift(y - lastY)
         lastY = y
     }
-    onSectionChanged: root.noteInbox()
-    Component.onCompleted: root.noteInbox()
+    onSectionChanged: root.showSection()
+    Component.onCompleted: root.showSection()
 
-    function noteInbox() {
-        if (root.section === "inbox")
+    function showSection() {
+        if (root.section === "inbox") {
             root.inboxWasShown = true
+            others.source = ""
+        } else if (root.section === "topics") {
+            others.setSource(Qt.resolvedUrl("TopicsView.qml"), {store: root.store})
+        } else if (root.section === "team") {
+            others.setSource(Qt.resolvedUrl("TeamView.qml"), {store: root.store})
+        } else {
+            others.setSource(Qt.resolvedUrl("SettingsView.qml"),
+                             {store: root.store, notifications: root.notifications, loginItem: root.loginItem})
+        }
     }
 
     When {
@@ -44,29 +54,9 @@ Item {
         }
     }
 
-    When {
-        condition: root.section === "topics"
-        delegate: TopicsView {
-            anchors.fill: parent
-            store: root.store
-        }
-    }
+    Loader {
+        id: others
 
-    When {
-        condition: root.section === "team"
-        delegate: TeamView {
-            anchors.fill: parent
-            store: root.store
-        }
-    }
-
-    When {
-        condition: root.section === "settings"
-        delegate: SettingsView {
-            anchors.fill: parent
-            store: root.store
-            notifications: root.notifications
-            loginItem: root.loginItem
-        }
+        anchors.fill: parent
     }
 }
