@@ -47,7 +47,8 @@ std::optional<std::int64_t> Alert::responseWindowMinutes() const
         return std::nullopt;
     const double minutes = std::round((*expiresAt - at).count() / 60.0);
     // 2^63 is the first double beyond the range; -2^63 itself still fits.
-    check(std::isfinite(minutes) && minutes >= -0x1p63 && minutes < 0x1p63,
+    constexpr double beyond = 9'223'372'036'854'775'808.0;
+    check(std::isfinite(minutes) && minutes >= -beyond && minutes < beyond,
           "the response window is not a number of minutes");
     return static_cast<std::int64_t>(minutes);
 }

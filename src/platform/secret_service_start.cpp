@@ -33,8 +33,10 @@ void start(GDBusConnection *bus, const char *name)
 /// Waits for `duration`; false as soon as `stop` is requested.
 bool pause(std::chrono::milliseconds duration, const std::stop_token &stop)
 {
+    // They guard nothing; a wait that can be stopped needs them.
     std::mutex mutex;
     std::condition_variable_any changed;
+    // cppcheck-suppress localMutex
     std::unique_lock lock(mutex);
     changed.wait_for(lock, stop, duration, [] { return false; });
     return !stop.stop_requested();
@@ -58,7 +60,7 @@ bool startSecretService(GDBusConnection *bus, const std::stop_token &stop)
             start(bus, name);
     }
     const auto end = std::chrono::steady_clock::now() + longestStart;
-    for (auto wait = 1s; !isAnswering(bus); wait *= 2) {
+    for (std::chrono::seconds wait(1); !isAnswering(bus); wait *= 2) {
         if (std::chrono::steady_clock::now() + wait > end || !pause(wait, stop))
             return false;
     }
