@@ -1,5 +1,6 @@
 #include "measured_process.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QProcessEnvironment>
@@ -61,6 +62,8 @@ double MeasuredProcess::waitForFrame()
         seen += m_process.readAllStandardError();
         if (seen.contains("renderloop"))
             return static_cast<double>(waited.nsecsElapsed()) / 1e6;
+        // The program may have a question for the status area, which this process plays.
+        QCoreApplication::processEvents();
         m_process.waitForReadyRead(1);
     }
     return -1;

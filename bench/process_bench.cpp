@@ -93,7 +93,7 @@ Memory floorMemory(const QString &program, const QStringList &arguments)
 
 void measureStarts(StatusHost &host, const Programs &programs)
 {
-    constexpr int runs = 7;
+    constexpr int runs = 15;
     const double tray = medianOf(runs, [&] { return startToItem(host, programs.floor(QStringLiteral("tray")), {}); });
     const double item = medianOf(runs, [&] { return startToItem(host, programs.pingwell, programs.live()); });
     report("start to status item", "ms", item, tray, "F-tray", 1.5);
@@ -135,7 +135,6 @@ void measureResting(StatusHost &host, const Programs &programs)
     const Memory quick = floorMemory(programs.floor(QStringLiteral("quick")), {});
     reportMemory("(F-tray beside F-poll)", tray, poll, "F-poll", 0, 0);
 
-    host.waitForItem();
     MeasuredProcess ours(programs.pingwell, programs.live());
     host.waitForItem();
     settleForGood();
@@ -165,18 +164,25 @@ int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() != 4) {
-        std::fprintf(stderr, "usage: process_bench PINGWELL FLOORS-FOLDER SERVICE-ADDRESS\n");
+    if (arguments.size() < 4) {
+        std::fprintf(stderr,
+                     "usage: process_bench PINGWELL FLOORS-FOLDER SERVICE-ADDRESS [starts] [resting] [window]\n");
         return 2;
     }
+    const auto isWanted = [&arguments](const char *what) {
+        return arguments.size() == 4 || arguments.sliced(4).contains(QLatin1StringView(what));
+    };
     const Programs programs{.pingwell = arguments.at(1), .floors = arguments.at(2), .service = arguments.at(3)};
     StatusHost host;
     if (!host.serve()) {
         std::fprintf(stderr, "process_bench: needs a session bus without a status area\n");
         return 1;
     }
-    measureStarts(host, programs);
-    measureResting(host, programs);
-    measureWindow(programs);
+    if (isWanted("starts"))
+        measureStarts(host, programs);
+    if (isWanted("resting"))
+        measureResting(host, programs);
+    if (isWanted("window"))
+        measureWindow(programs);
     return 0;
 }

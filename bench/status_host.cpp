@@ -18,11 +18,13 @@ bool StatusHost::serve()
 
 bool StatusHost::waitForItem()
 {
+    // Nobody asked for the ones that came meanwhile.
+    m_isNew = false;
     QElapsedTimer waited;
     waited.start();
     while (!m_isNew && waited.elapsed() < 10'000)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 1);
-    return std::exchange(m_isNew, false);
+    return m_isNew;
 }
 
 void StatusHost::click()

@@ -87,7 +87,7 @@ QList<QUrl> ownURLs(const QStringList &arguments)
 
 std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstance *singleInstance)
 {
-    // The status item asks the desktop for its place while the rest is being made.
+    // The status item takes its place while the rest is being made.
     AppParts parts;
     parts.statusItem = std::make_unique<StatusNotifierItem>();
     parts.singleInstance = singleInstance;

@@ -5,6 +5,7 @@
 #include <QDBusConnection>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusReply>
 #include <QDBusServiceWatcher>
 #include <QGuiApplication>
 
@@ -17,6 +18,18 @@ namespace {
 const QString watcherService = u"org.kde.StatusNotifierWatcher"_s;
 const QString watcherPath = u"/StatusNotifierWatcher"_s;
 
+/// The bus, or the watcher on it, answers in a millisecond. One that hangs may not hold up the program's start.
+constexpr int longestFirstAnswer = 50;
+
+QDBusMessage hostQuestion()
+{
+    QDBusMessage question =
+        QDBusMessage::createMethodCall(watcherService, watcherPath, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    question << watcherService << u"IsStatusNotifierHostRegistered"_s;
+    question.setAutoStartService(false);
+    return question;
+}
+
 } // namespace
 
 StatusNotifierItem::StatusNotifierItem(QObject *parent)
@@ -28,7 +41,7 @@ StatusNotifierItem::StatusNotifierItem(QObject *parent)
     // From any sender: naming one would cost a call to the bus that blocks, and the answer is asked for anyway.
     for (const QString &signal : {u"StatusNotifierHostRegistered"_s, u"StatusNotifierHostUnregistered"_s})
         bus.connect({}, watcherPath, watcherService, signal, this, SLOT(askForHost()));
-    askForHost();
+    takeFirstAnswer();
 }
 
 StatusNotifierItem::~StatusNotifierItem() = default;
@@ -43,13 +56,20 @@ void StatusNotifierItem::setContent(const QIcon &icon, const QString &label)
     m_trayIcon->setToolTip(label);
 }
 
+/// Waits for it: the item takes its place while the rest of the program is being made.
+void StatusNotifierItem::takeFirstAnswer()
+{
+    const QDBusReply<QDBusVariant> reply =
+        QDBusConnection::sessionBus().call(hostQuestion(), QDBus::Block, longestFirstAnswer);
+    if (reply.isValid())
+        setAvailable(reply.value().variant().toBool());
+    else if (reply.error().type() == QDBusError::NoReply)
+        askForHost();
+}
+
 void StatusNotifierItem::askForHost()
 {
-    QDBusMessage question =
-        QDBusMessage::createMethodCall(watcherService, watcherPath, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
-    question << watcherService << u"IsStatusNotifierHostRegistered"_s;
-    question.setAutoStartService(false);
-    auto *const call = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
+    auto *const call = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(hostQuestion()), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, [this, call, number = ++m_question] {
         call->deleteLater();
         const QDBusPendingReply<QDBusVariant> reply = *call;

@@ -27,6 +27,7 @@ private slots:
     void askForHost();
 
 private:
+    void takeFirstAnswer();
     void setAvailable(bool available);
     void show();
     void fillMenu();

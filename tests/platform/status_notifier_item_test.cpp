@@ -123,6 +123,14 @@ private slots:
         QTRY_COMPARE(activated, (QList<QVariantList>{{QPoint(40, 30)}, {QPoint(40, 30)}}));
     }
 
+    // A later start finds the status area there: the item doesn't wait for the event loop.
+    void isThereAtOnce()
+    {
+        const StatusNotifierItem second;
+        QVERIFY(second.isAvailable());
+        QTRY_COMPARE(m_area->items(), 2);
+    }
+
     void comesBackWhenTheStatusAreaRestarts()
     {
         QSignalSpy changed(&m_item, &StatusItem::availabilityChanged);
