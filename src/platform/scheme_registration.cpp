@@ -92,10 +92,10 @@ QString SchemeRegistration::programForEntry() const
 
 bool SchemeRegistration::writeOwnEntry() const
 {
-    const QString program = programForEntry();
-    if (entryIn(m_ownFile).value(QStringLiteral("Exec")).startsWith(program + u' '))
+    const QStringList entry = entryFor(programForEntry());
+    if (entry.contains(QString(QStringLiteral("Exec=") + entryIn(m_ownFile).value(QStringLiteral("Exec")))))
         return false;
-    if (const auto problem = writeDesktopEntry(m_ownFile, entryFor(program))) {
+    if (const auto problem = writeDesktopEntry(m_ownFile, entry)) {
         report(*problem);
         return false;
     }

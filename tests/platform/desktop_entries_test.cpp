@@ -107,6 +107,20 @@ private slots:
         const QString link = at(u"own/pingwell/pingwell"_s);
         QCOMPARE(QFile::symLinkTarget(link), u"/my builds/pingwell"_s);
         QVERIFY(contents(schemeFile()).contains(QByteArray("Exec=" + link.toUtf8() + " %u\n")));
+        QVERIFY(!updateScheme(u"/my builds/pingwell"_s));
+    }
+
+    // Where no link helps, the entry is written once all the same.
+    void aFolderWithASpaceTakesAQuotedPath()
+    {
+        const auto update = [this] {
+            const ApplicationFolders folders{.own = at(u"my own"_s), .systems = {}};
+            return SchemeRegistration(u"/my builds/pingwell"_s, folders).update();
+        };
+        QVERIFY(update());
+        QVERIFY(contents(at(u"my own/applications/com.pingwell.mac.desktop"_s))
+                    .contains("Exec=\"/my builds/pingwell\" %u\n"));
+        QVERIFY(!update());
     }
 };
 
