@@ -36,6 +36,7 @@ double median(std::vector<double> values)
 double medianOf(int runs, const std::function<double()> &measure)
 {
     std::vector<double> values;
+    values.reserve(static_cast<std::size_t>(runs));
     for (int run = 0; run < runs; ++run)
         values.push_back(measure());
     return median(values);

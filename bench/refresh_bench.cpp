@@ -116,7 +116,7 @@ void measureGrowth()
         for (int large = 0; large < poll % 6; ++large)
             alerts += R"({"id":"large-)" + QByteArray::number(poll + large) +
                       R"(","workspaceId":"w1","at":1,"title":"L",)" + R"("body":")" +
-                      QByteArray(200'000 * (1 + (poll + large) % 6), char('a' + large)) + R"("},)";
+                      QByteArray(qsizetype{200'000} * (1 + (poll + large) % 6), char('a' + large)) + R"("},)";
         transport->body = sampleDashboard(100, poll).replace(R"("alerts":[)", alerts);
         refreshOnce(*store, *transport);
         if (poll == 40)

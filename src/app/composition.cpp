@@ -2,8 +2,10 @@
 
 #include "api/url_session_transport.h"
 #include "app/make_store.h"
+#include "app/menu_bar_label.h"
 #include "app/notification_responses.h"
 #include "app/qml_windows.h"
+#include "app/status_icon_painter.h"
 #include "async/system_clock.h"
 #include "auth/web_authenticator.h"
 #include "notify/login_item.h"
@@ -89,7 +91,9 @@ std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstanc
 {
     // The status item takes its place while the rest is being made.
     AppParts parts;
-    parts.statusItem = std::make_unique<StatusNotifierItem>();
+    constexpr qsizetype nothingWaits = 0;
+    parts.statusItem =
+        std::make_unique<StatusNotifierItem>(statusIcon(nothingWaits), menuBarLabel(nothingWaits).accessibleLabel);
     parts.singleInstance = singleInstance;
     const auto clock = std::make_shared<SystemClock>();
     const auto browser = std::make_shared<WebAuthenticator>(&QDesktopServices::openUrl, clock);

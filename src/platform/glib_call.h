@@ -49,22 +49,36 @@ class Deadline
 {
 public:
     Deadline()
-        : m_watch([this](const std::stop_token &done) {
-            std::unique_lock lock(m_mutex);
-            if (!m_changed.wait_for(lock, done, std::chrono::seconds(10), [&done] { return done.stop_requested(); }))
-                g_cancellable_cancel(m_cancellable.get());
-        })
+        : m_watch([this] { watch(); })
     {
     }
+    ~Deadline()
+    {
+        {
+            const std::lock_guard lock(m_mutex);
+            m_isDone = true;
+        }
+        m_changed.notify_one();
+        m_watch.join();
+    }
+    Q_DISABLE_COPY_MOVE(Deadline)
 
     operator GCancellable *() const { return m_cancellable.get(); }
 
 private:
+    void watch()
+    {
+        std::unique_lock lock(m_mutex);
+        if (!m_changed.wait_for(lock, std::chrono::seconds(10), [this] { return m_isDone; }))
+            g_cancellable_cancel(m_cancellable.get());
+    }
+
     Ref<GCancellable> m_cancellable{g_cancellable_new()};
     std::mutex m_mutex;
-    std::condition_variable_any m_changed;
+    std::condition_variable m_changed;
+    bool m_isDone = false;
     // Last: it uses the others until it ends.
-    std::jthread m_watch;
+    std::thread m_watch;
 };
 
 /// Keeps what GLib delivers during a call on the calling thread: its default context may be the one the main thread

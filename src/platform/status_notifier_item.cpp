@@ -32,8 +32,10 @@ QDBusMessage hostQuestion()
 
 } // namespace
 
-StatusNotifierItem::StatusNotifierItem(QObject *parent)
+StatusNotifierItem::StatusNotifierItem(QIcon icon, QString label, QObject *parent)
     : StatusItem(parent)
+    , m_icon(std::move(icon))
+    , m_label(std::move(label))
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     auto *const owner = new QDBusServiceWatcher(watcherService, bus, QDBusServiceWatcher::WatchForOwnerChange, this);

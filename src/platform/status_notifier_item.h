@@ -17,7 +17,8 @@ class StatusNotifierItem final : public StatusItem
     Q_OBJECT
 
 public:
-    explicit StatusNotifierItem(QObject *parent = nullptr);
+    /// Shows `icon` and `label` at once where there is a status area.
+    StatusNotifierItem(QIcon icon, QString label, QObject *parent = nullptr);
     ~StatusNotifierItem() override;
 
     [[nodiscard]] bool isAvailable() const override { return m_available; }

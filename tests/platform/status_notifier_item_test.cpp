@@ -95,15 +95,20 @@ class StatusNotifierItemTest : public QObject
 
 private:
     std::unique_ptr<FakeStatusArea> m_area = std::make_unique<FakeStatusArea>();
-    StatusNotifierItem m_item;
+    StatusNotifierItem m_item{redIcon(), u"Pingwell"_s};
+
+    static QIcon redIcon()
+    {
+        QPixmap pixmap(22, 22);
+        pixmap.fill(Qt::red);
+        return QIcon(pixmap);
+    }
 
 private slots:
     void appearsWithTheStatusArea()
     {
         QSignalSpy changed(&m_item, &StatusItem::availabilityChanged);
-        QPixmap pixmap(22, 22);
-        pixmap.fill(Qt::red);
-        m_item.setContent(QIcon(pixmap), u"Pingwell, 1 waiting"_s);
+        m_item.setContent(redIcon(), u"Pingwell, 1 waiting"_s);
         QVERIFY(!m_item.isAvailable());
         m_area->start();
         // A watcher alone shows nothing.
@@ -126,7 +131,7 @@ private slots:
     // A later start finds the status area there: the item doesn't wait for the event loop.
     void isThereAtOnce()
     {
-        const StatusNotifierItem second;
+        const StatusNotifierItem second(redIcon(), u"Pingwell"_s);
         QVERIFY(second.isAvailable());
         QTRY_COMPARE(m_area->items(), 2);
     }
