@@ -46,6 +46,7 @@ public slots:
     }
 
 signals:
+    // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): moc names them in its own way.
     void SettingChanged(const QString &group, const QString &key, const QDBusVariant &value);
 };
 

@@ -65,6 +65,7 @@ private:
 } // namespace
 
 // libsecret itself leaves 16 bytes behind for each prompt; only slow unwinding sees that it does.
+// NOLINTBEGIN(bugprone-reserved-identifier): the sanitizers' own names.
 extern "C" const char *__asan_default_options()
 {
     return "fast_unwind_on_malloc=0";
@@ -73,6 +74,7 @@ extern "C" const char *__lsan_default_suppressions()
 {
     return "leak:_secret_prompt_instance";
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 class SecretServiceKeychainTest : public QObject
 {
