@@ -15,9 +15,9 @@
 
 namespace pingwell {
 
-/// A piece of work on its way to the thread pool, and its result on the way back. Neither is copied: a future would hand
-/// out copies of the result, and share with it what is only meant to be moved on. Each side touches them in its turn,
-/// which `m_turn` hands over; whichever is the last to hold the object destroys it.
+/// A piece of work on its way to the thread pool, and its result on the way back. Neither is copied: a future would
+/// hand out copies of the result, and share with it what is only meant to be moved on. Each side touches them in its
+/// turn, which `m_turn` hands over; whichever is the last to hold the object destroys it.
 template<typename Work>
 class BackgroundWork final : public QRunnable
 {
