@@ -29,7 +29,7 @@ constexpr double digitGap = 1.3;
 /// The bell makes room for the number by going into the other corner.
 constexpr double bellScaleBesideNumber = 0.88;
 
-QPainterPath bell()
+QPainterPath makeBell()
 {
     QPainterPath path(QPointF(3.5, 18));
     path.cubicTo(5.2, 16, 6, 14.5, 6, 11);
@@ -44,6 +44,13 @@ QPainterPath bell()
     QPainterPath crown;
     crown.addEllipse(QPointF(12, 3), 1.8, 1.8);
     return path.united(crown).united(clapper);
+}
+
+/// Joined once: that costs more than drawing it in all sizes.
+const QPainterPath &bell()
+{
+    static const QPainterPath path = makeBell();
+    return path;
 }
 
 /// What fits beside the bell; the exact number is in the label.
