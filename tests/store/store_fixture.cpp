@@ -87,6 +87,17 @@ void StoreFixture::startWith(const DashboardJSON &dashboard)
     QVERIFY(store->hasLoaded());
 }
 
+void StoreFixture::startLoopWith(const DashboardJSON &dashboard, const QByteArray &invitations)
+{
+    transport->always("GET", "/dashboard", ScriptedAnswer::data(dashboard.body()));
+    transport->always("GET", "/auth/user-data", ScriptedAnswer::noAnswer());
+    transport->always("POST", "/devices", ScriptedAnswer::noAnswer());
+    transport->always("GET", "/invites", ScriptedAnswer::data(invitations));
+    start();
+    store->startSync();
+    settle();
+}
+
 void StoreFixture::refreshWith(const DashboardJSON &dashboard)
 {
     transport->plan("GET", "/dashboard", ScriptedAnswer::data(dashboard.body()));

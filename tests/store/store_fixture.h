@@ -45,6 +45,8 @@ public:
     void start();
     /// `start` and one refresh with that dashboard.
     void startWith(const DashboardJSON &dashboard);
+    /// `start` and the first round of the live loop, with that dashboard and those invitations.
+    void startLoopWith(const DashboardJSON &dashboard, const QByteArray &invitations);
     /// Runs one refresh that answers with that dashboard, and waits for its end.
     void refreshWith(const DashboardJSON &dashboard);
     /// Ends the session and begins that of another token.

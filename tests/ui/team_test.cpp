@@ -257,13 +257,7 @@ private slots:
         StoreFixture live;
         const QByteArray invites = R"([{"token":"t1","workspace":"Ops","role":"admin","invitedAt":1699999700000},
                                        {"token":"t2","workspace":"Docs","role":"viewer"}])";
-        live.transport->always("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()));
-        live.transport->always("GET", "/auth/user-data", ScriptedAnswer::noAnswer());
-        live.transport->always("POST", "/devices", ScriptedAnswer::noAnswer());
-        live.transport->always("GET", "/invites", ScriptedAnswer::data(invites));
-        live.start();
-        live.store->startSync();
-        live.settle();
+        live.startLoopWith(DashboardJSON(), invites);
         TeamScreen screen(*live.store);
         QCOMPARE(screen.name(u"team.invitation.t1"_s), u"Ops, Join as admin · 5m ago"_s);
         QCOMPARE(screen.name(u"team.invitation.t2"_s), u"Docs, Join as viewer"_s);

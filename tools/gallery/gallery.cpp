@@ -99,13 +99,7 @@ public:
                                          {u"status"_s, u"invited"_s},
                                          {u"invitedAt"_s, 1'699'000'000'000.0}}};
         StoreFixture live;
-        live.transport->always("GET", "/dashboard", ScriptedAnswer::data(dashboard.body()));
-        live.transport->always("GET", "/auth/user-data", ScriptedAnswer::noAnswer());
-        live.transport->always("POST", "/devices", ScriptedAnswer::noAnswer());
-        live.transport->always("GET", "/invites", ScriptedAnswer::data(invites));
-        live.start();
-        live.store->startSync();
-        live.settle();
+        live.startLoopWith(dashboard, invites);
         Screen screen(u"RootView"_s, *live.store);
         save(screen, name, {880, 560}, [](Screen &shown) { shown.store().setSection(SidebarSection::team); });
     }
