@@ -9,6 +9,8 @@
 #include <QPixmapCache>
 #include <QQuickWindow>
 
+#include <algorithm>
+
 namespace pingwell {
 
 namespace {
@@ -27,6 +29,11 @@ bool isShown(const QWindow *window)
     return window && window->isVisible();
 }
 
+bool hasFocus(const QWindow *window)
+{
+    return isShown(window) && window->isActive();
+}
+
 } // namespace
 
 QmlWindows::QmlWindows(AppStore *store, LaunchOptions options, std::shared_ptr<Preferences> preferences,
@@ -41,6 +48,9 @@ QmlWindows::QmlWindows(AppStore *store, LaunchOptions options, std::shared_ptr<P
     m_letGo.setSingleShot(true);
     m_letGo.setInterval(keepClosed);
     m_store->setWatched(false);
+    m_store->setAttention(
+        {.isOnWindow = [this] { return hasFocus(m_mainWindow.get()) || hasFocus(m_panelWindow.get()); },
+         .isOnAlert = [this](const QString &alertID) { return isAlertInFocus(alertID); }});
     connect(&m_letGo, &QTimer::timeout, this, &QmlWindows::letGo);
     // The start touches much that is never needed again, too.
     m_letGo.start();
@@ -48,6 +58,7 @@ QmlWindows::QmlWindows(AppStore *store, LaunchOptions options, std::shared_ptr<P
 
 QmlWindows::~QmlWindows()
 {
+    m_store->setAttention({});
     destroyWindows();
 }
 
@@ -113,6 +124,15 @@ void QmlWindows::noteVisibility()
         m_letGo.stop();
     else
         m_letGo.start();
+}
+
+bool QmlWindows::isAlertInFocus(const QString &alertID) const
+{
+    if (hasFocus(m_mainWindow.get()))
+        return m_store->section() == SidebarSection::inbox && m_store->selectedAlertID() == alertID;
+    const QList<Alert> asks = m_store->needsReply();
+    return hasFocus(m_panelWindow.get()) &&
+           std::any_of(asks.begin(), asks.end(), [&](const Alert &ask) { return ask.id == alertID; });
 }
 
 void QmlWindows::destroyWindows()

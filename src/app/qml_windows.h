@@ -44,6 +44,7 @@ private:
     [[nodiscard]] PanelWindow *panelWindow();
     void showMainFromPanel();
     void noteVisibility();
+    [[nodiscard]] bool isAlertInFocus(const QString &alertID) const;
     void destroyWindows();
     void letGo();
 

@@ -29,6 +29,10 @@ public:
     /// a critical alert makes a sound for it.
     virtual void deliverRefusal(const Alert &alert, const std::optional<QString> &workspaceName,
                                 const QString &message) = 0;
+
+    /// Shows a message of the program itself, about no alert; pressing it opens the main window. A later one with the
+    /// same `identifier` replaces it.
+    virtual void deliverMessage(const QString &identifier, const QString &title, const QString &message) = 0;
 };
 
 } // namespace pingwell

@@ -59,6 +59,14 @@ void UserNotifier::deliverRefusal(const Alert &alert, const std::optional<QStrin
     show(alert, refusalOf(alert, workspaceName, message));
 }
 
+void UserNotifier::deliverMessage(const QString &identifier, const QString &title, const QString &message)
+{
+    NotificationContent content;
+    content.title = title;
+    content.body = message;
+    m_center->add({.identifier = identifier, .content = std::move(content)});
+}
+
 void UserNotifier::show(const Alert &alert, NotificationContent content)
 {
     registerCategory(alert);
@@ -80,7 +88,10 @@ void UserNotifier::handle(const NotificationResponse &response) const
 {
     const std::shared_ptr<AlertResponses> responses = m_responses.lock();
     const NotificationPayload &payload = response.payload;
-    if (!responses || payload.workspaceId.isEmpty())
+    if (!responses)
+        return;
+    const bool isMessage = payload == NotificationPayload{};
+    if (payload.workspaceId.isEmpty() && !isMessage)
         return;
     if (response.actionIdentifier == defaultActionIdentifier) {
         responses->open(payload.alertId, false, response.activationToken);

@@ -27,6 +27,7 @@ public:
     void removeAll() override;
     void deliverRefusal(const Alert &alert, const std::optional<QString> &workspaceName,
                         const QString &message) override;
+    void deliverMessage(const QString &identifier, const QString &title, const QString &message) override;
 
 private:
     void show(const Alert &alert, NotificationContent content);

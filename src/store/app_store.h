@@ -8,6 +8,7 @@
 #include "model/invitation.h"
 #include "model/preferences.h"
 #include "model/toast.h"
+#include "store/attention.h"
 #include "store/backend.h"
 #include "store/mutation_count.h"
 #include "store/seed_data.h"
@@ -217,6 +218,8 @@ public:
     /// Lets `now` follow the clock: once a second, or while nobody looks at each poll and when an ask's time is up.
     void startClock();
     void setWatched(bool watched);
+    /// Who knows what the person looks at; without one nobody looks.
+    void setAttention(Attention attention) { m_attention = std::move(attention); }
     /// (Re)starts following the service; does nothing without a session or in demo mode.
     void startSync();
     /// Fetches the dashboard and merges it, unless a fetch is under way.
@@ -333,6 +336,8 @@ private:
                           const std::optional<QString> &message);
     /// Tells why something that the person wanted was not done; ends the session where it has ended at the service.
     void tellFailure(const APIError &error);
+    /// Shows a notification of the program's own, unless a window with the focus can tell the person.
+    void notifyUnlessWatching(const QString &identifier, const QString &title, const QString &message) const;
     void watchTokenStore();
     void restoreSession();
     /// Takes up a session that the keyring gave out late, unless there is one by now or is going to be.
@@ -361,6 +366,7 @@ private:
     QString m_activeWorkspaceID;
     Instant m_now;
     bool m_isWatched = true;
+    Attention m_attention;
     bool m_hasLoaded = false;
     bool m_isSigningIn = false;
     std::optional<QString> m_signInError;

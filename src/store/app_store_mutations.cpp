@@ -142,6 +142,12 @@ void AppStore::tellReply(const QPointer<AppStore> &store, const APIClientPtr &cl
         store->showToast(*message, false);
 }
 
+void AppStore::notifyUnlessWatching(const QString &identifier, const QString &title, const QString &message) const
+{
+    if (m_backend && m_backend->notifier && !m_attention.isOnWindow())
+        m_backend->notifier->deliverMessage(identifier, title, message);
+}
+
 void AppStore::tellFailure(const APIError &error)
 {
     if (error.status() == 401)

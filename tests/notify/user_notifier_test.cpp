@@ -172,6 +172,16 @@ private slots:
         QTEST(m_responses->lines, "lines");
     }
 
+    void itsOwnMessagesLeadToTheWindow()
+    {
+        m_notifier->deliverMessage(u"session"_s, u"Signed out"_s, u"Sign in again."_s);
+        const NotificationRequest request = m_center->added.constLast();
+        QCOMPARE(request.identifier, u"session"_s);
+        QVERIFY(!request.content.categoryIdentifier && !request.content.sound);
+        m_center->responseHandler({request.content.payload, u"default"_s, {}, u"token"_s});
+        QCOMPARE(m_responses->lines, QStringList{u"open  [token]"_s});
+    }
+
     void outlivesNobody()
     {
         const std::weak_ptr<RecordingResponses> watched = m_responses;

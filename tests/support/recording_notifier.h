@@ -25,10 +25,17 @@ public:
         refused << named(alert, workspaceName) + QStringLiteral(": ") + message;
     }
 
+    void deliverMessage(const QString &identifier, const QString &title, const QString &message) override
+    {
+        messages << identifier + QStringLiteral(": ") + title + QStringLiteral(" | ") + message;
+    }
+
     QStringList delivered;
     QStringList removed;
     int removedAll = 0;
     QStringList refused;
+    /// "<identifier>: <title> | <message>".
+    QStringList messages;
 
 private:
     static QString named(const Alert &alert, const std::optional<QString> &workspaceName)
