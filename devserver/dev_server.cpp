@@ -134,15 +134,17 @@ void DevServer::serve(const Call &call, QTcpSocket *socket)
         return carryOut(call, writingTo(socket));
     if (fault->cuts())
         m_requests.addCut(call);
-    if (!fault->carriesOut())
-        return answerWithFault(socket, *fault, Reply{});
     const Respond respond = [socket = QPointer(socket), fault = *fault](const Reply &reply) {
         if (socket)
             answerWithFault(socket, fault, reply);
     };
-    const auto delay = fault->mode == FaultMode::delay ? Seconds(fault->seconds.value_or(1)) : Seconds(0);
-    QTimer::singleShot(std::chrono::ceil<std::chrono::milliseconds>(delay), this,
-                       [this, call, respond] { carryOut(call, respond); });
+    QTimer::singleShot(std::chrono::ceil<std::chrono::milliseconds>(fault->lateness()), this,
+                       [this, call, respond, carriesOut = fault->carriesOut()] {
+                           if (carriesOut)
+                               carryOut(call, respond);
+                           else
+                               respond(Reply{});
+                       });
 }
 
 void DevServer::carryOut(Call call, const Respond &respond)

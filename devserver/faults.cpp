@@ -63,6 +63,13 @@ bool Fault::carriesOut() const
     return applied || mode == FaultMode::truncated || mode == FaultMode::stall || mode == FaultMode::delay;
 }
 
+Seconds Fault::lateness() const
+{
+    if (mode == FaultMode::delay)
+        return Seconds(seconds.value_or(1));
+    return Seconds(mode == FaultMode::status ? seconds.value_or(0) : 0);
+}
+
 bool Fault::cuts() const
 {
     return mode == FaultMode::drop || mode == FaultMode::truncated || mode == FaultMode::stall;

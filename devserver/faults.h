@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/instant.h"
 #include "model/raw_value.h"
 #include "reply.h"
 
@@ -38,7 +39,7 @@ struct Fault
     /// Where a redirecting status points to.
     QString location;
     std::optional<QByteArray> body;
-    /// How late the answer is, or how long the silence lasts; nothing: it lasts until the client leaves.
+    /// How late the answer or the refusal is, or how long the silence lasts; nothing: it lasts until the client leaves.
     std::optional<double> seconds;
     /// How many requests go wrong; nothing: all until the faults are cleared.
     std::optional<int> times;
@@ -48,6 +49,8 @@ struct Fault
     bool applied = false;
 
     [[nodiscard]] bool carriesOut() const;
+    /// How long nothing at all happens first.
+    [[nodiscard]] Seconds lateness() const;
     /// The connection ends before the asker has the whole answer.
     [[nodiscard]] bool cuts() const;
 };
