@@ -19,7 +19,8 @@ text_of() {
     element "$1" | jq --raw-output '"\(.name) \(.value)"'
 }
 
-# Runs the command until it succeeds; fails with a sentence when that takes more than so many seconds.
+# Runs the command until it succeeds; fails with a sentence when that takes more than so many seconds. Between two tries
+# it rests for as long as `step` says.
 eventually() {
     local deadline=$((SECONDS + $1)) sentence=$2
     shift 2
@@ -28,7 +29,7 @@ eventually() {
             echo "Never came true: $sentence" >&2
             return 1
         fi
-        sleep 0.1
+        sleep "${step:-0.1}"
     done
 }
 

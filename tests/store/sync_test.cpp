@@ -73,6 +73,18 @@ private slots:
         QCOMPARE(m->transport->count("GET", "/auth/user-data"), 1);
     }
 
+    void aServiceAwayAtTheStartIsTriedEveryFifteenSeconds()
+    {
+        for (int time = 0; time < 4; ++time)
+            m->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        startLoop();
+        poll(3);
+        QCOMPARE(m->transport->count("GET", "/dashboard"), 4);
+        QVERIFY(!store().hasLoaded() && store().connectionProblem());
+        poll(1);
+        QVERIFY(store().hasLoaded() && !store().connectionProblem());
+    }
+
     void aForgottenDeviceRegistersAnew()
     {
         m->preferences->setString(preference_keys::device(*m->backend->baseURLOverride), u"d1"_s);
@@ -121,9 +133,13 @@ private slots:
 
     void problemsShowAndClear()
     {
+        const QString incomprehensible =
+            u"The server sent something this app doesn't understand. Update the app and try again."_s;
         m->startWith(withAlerts({alertJSON(a1, 60)}));
         for (const auto &[answer, problem] :
              {std::pair(ScriptedAnswer::noAnswer(), u"Can't reach the Pingwell server. Check your connection."_s),
+              std::pair(ScriptedAnswer::raw(200, "[]"), incomprehensible),
+              std::pair(ScriptedAnswer::raw(200, ""), incomprehensible),
               std::pair(ScriptedAnswer::failure(503, {}, "Back at noon."), u"Back at noon."_s)}) {
             m->transport->plan("GET", "/dashboard", answer);
             store().refresh();
