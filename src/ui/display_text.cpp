@@ -23,7 +23,57 @@ bool isInvisible(char16_t unit)
 {
     return (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069) || unit == 0x200B ||
            unit == 0x200E || unit == 0x200F || unit == 0x061C || unit == 0x00AD || unit == 0x180E ||
-           (unit >= 0x2060 && unit <= 0x2065) || (unit >= 0x206A && unit <= 0x206F) || unit == 0xFEFF;
+           (unit >= 0x2060 && unit <= 0x2065) || (unit >= 0x206A && unit <= 0x206F) || unit == 0xFEFF ||
+           (unit >= 0xFFF9 && unit <= 0xFFFC);
+}
+
+struct CharacterRange
+{
+    char32_t first;
+    char32_t last;
+};
+
+/// What leaves no mark on the screen besides white space and control characters: Unicode's Default_Ignorable_Code_Point
+/// (DerivedCoreProperties.txt), the empty Braille cell, and the marks of annotations and objects.
+constexpr CharacterRange unseen[]{
+    {0x00AD, 0x00AD}, {0x034F, 0x034F}, {0x061C, 0x061C}, {0x115F, 0x1160},   {0x17B4, 0x17B5},   {0x180B, 0x180F},
+    {0x200B, 0x200F}, {0x202A, 0x202E}, {0x2060, 0x206F}, {0x2800, 0x2800},   {0x3164, 0x3164},   {0xFE00, 0xFE0F},
+    {0xFEFF, 0xFEFF}, {0xFFA0, 0xFFA0}, {0xFFF0, 0xFFFC}, {0x1BCA0, 0x1BCA3}, {0x1D173, 0x1D17A}, {0xE0000, 0xE0FFF}};
+
+bool isUnseen(char32_t character)
+{
+    if (QChar::isSpace(character) || QChar::category(character) == QChar::Other_Control)
+        return true;
+    return std::any_of(std::begin(unseen), std::end(unseen), [character](const CharacterRange &range) {
+        return range.first <= character && character <= range.last;
+    });
+}
+
+/// Unseen, and as wide as a letter.
+bool isWideBlank(QChar character)
+{
+    return character == QChar(0x2800) || character == QChar(0x3164) || character == QChar(0xFFA0);
+}
+
+/// The character that begins at `at`, and how many units it has.
+std::pair<char32_t, qsizetype> characterAt(const QString &text, qsizetype at)
+{
+    if (text.at(at).isHighSurrogate() && at + 1 < text.size() && text.at(at + 1).isLowSurrogate())
+        return {QChar::surrogateToUcs4(text.at(at), text.at(at + 1)), 2};
+    return {text.at(at).unicode(), 1};
+}
+
+/// Where the first character stands that can be seen; the length of `text` where there is none.
+qsizetype firstSeen(const QString &text)
+{
+    qsizetype at = 0;
+    while (at < text.size()) {
+        const auto [character, units] = characterAt(text, at);
+        if (!isUnseen(character))
+            break;
+        at += units;
+    }
+    return at;
 }
 
 bool isSpace(char16_t unit)
@@ -114,6 +164,8 @@ bool readsRightToLeft(const QString &text)
 
 DisplayText displayText(const QString &raw, qsizetype maximumLength)
 {
+    if (firstSeen(raw) == raw.size())
+        return {};
     if (raw.size() <= maximumLength && isClean(raw))
         return {raw, false};
     Cleaner cleaner;
@@ -127,24 +179,42 @@ DisplayText displayText(const QString &raw, qsizetype maximumLength)
 
 QString displayLine(const QString &raw, qsizetype maximumLength)
 {
-    // Twice the room, for the white space that goes.
-    const DisplayText cleaned = displayText(raw, 2 * maximumLength);
-    const QString line = cleaned.text.simplified();
+    // Twice the room, for the white space that goes. What comes before the first visible character takes none.
+    QString text = displayText(raw.sliced(firstSeen(raw)), 2 * maximumLength).text;
+    std::replace_if(text.begin(), text.end(), isWideBlank, QChar(u' '));
+    const QString line = text.simplified();
     return line.size() > maximumLength ? cut(line, maximumLength) : line;
+}
+
+QString isolated(const QString &text)
+{
+    if (!readsRightToLeft(text))
+        return text;
+    return QChar(firstStrongIsolate) + text + QChar(popIsolate);
 }
 
 QString displayName(const QString &raw)
 {
-    const QString line = displayLine(raw);
-    if (!readsRightToLeft(line))
-        return line;
-    return QChar(firstStrongIsolate) + line + QChar(popIsolate);
+    return isolated(displayLine(raw));
 }
 
 QString visibleName(const QString &raw)
 {
     const QString name = displayName(raw);
     return name.isEmpty() ? QStringLiteral("(no name)") : name;
+}
+
+QString seenOf(const QString &text)
+{
+    QString seen;
+    seen.reserve(text.size());
+    for (qsizetype at = 0; at < text.size();) {
+        const auto [character, units] = characterAt(text, at);
+        if (character == U' ' || !isUnseen(character))
+            seen.append(QStringView(text).sliced(at, units));
+        at += units;
+    }
+    return seen.normalized(QString::NormalizationForm_KC);
 }
 
 } // namespace pingwell

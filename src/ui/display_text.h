@@ -25,17 +25,26 @@ struct DisplayText
 
 /// `raw` without control characters (newline and tab stay), bidirectional overrides and isolates and invisible
 /// characters (joiners stay, scripts and emoji need them), so that what is read is what was written; with at most three
-/// newlines in a row, unbroken runs broken by zero-width spaces, and at most `maximumLength` units.
+/// newlines in a row, unbroken runs broken by zero-width spaces, and at most `maximumLength` units. Empty where nothing
+/// of `raw` can be seen.
 [[nodiscard]] DisplayText displayText(const QString &raw, qsizetype maximumLength = displayLength);
 
-/// `raw` cleaned in the same way and set on one line: any white space is one space, none at the ends.
+/// `raw` cleaned in the same way and set on one line: any white space and any other blank is one space, none at the
+/// ends.
 [[nodiscard]] QString displayLine(const QString &raw, qsizetype maximumLength = displayLineLength);
 
-/// A name to be put into a sentence: as `displayLine`, and kept by itself when it is written from right to left, so
-/// that it cannot reorder the words around it.
+/// A cleaned text to be put into a sentence: kept by itself when it is written from right to left, so that it cannot
+/// reorder the words around it.
+[[nodiscard]] QString isolated(const QString &text);
+
+/// A name to be put into a sentence: as `displayLine`, and isolated.
 [[nodiscard]] QString displayName(const QString &raw);
 
 /// The same for what has to be called somehow: "(no name)" where nothing of it can be seen.
 [[nodiscard]] QString visibleName(const QString &raw);
+
+/// What is seen of a line made by `displayLine`: two lines look the same when this is equal (Unicode normal form KC,
+/// without the characters that leave no mark).
+[[nodiscard]] QString seenOf(const QString &line);
 
 } // namespace pingwell

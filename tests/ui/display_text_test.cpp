@@ -55,8 +55,29 @@ private slots:
         QCOMPARE(displayLine(QString(400, u'x'), 100).size(), 101);
         QCOMPARE(displayName(u"Bot"_s), u"Bot"_s);
         QCOMPARE(displayName(u"בוט"_s), u"\u2068בוט\u2069"_s);
-        QCOMPARE(displayName(u"\u202E\u200B"_s), QString());
-        QCOMPARE(visibleName(u"\u202E\u200B"_s), u"(no name)"_s);
+        QCOMPARE(displayLine(u"\u3164\u034F\u2800"_s.repeated(300) + u"a\uFFA0b\u3164"_s, 100), u"a b"_s);
+    }
+
+    void whatCannotBeSeenIsEmpty()
+    {
+        const QString tag = QString::fromUcs4(U"\U000E0041\U000E007F");
+        for (const QString &raw : QStringList{u"\u202E\u200B"_s, u" \n\u00A0\u3000"_s, u"\u3164"_s, u"\u115F\u1160"_s,
+                                              u"\uFFA0"_s, u"\u2800"_s, u"\u034F"_s, u"\uFE0F"_s, u"\u200D\u200C"_s,
+                                              u"\u180B"_s, u"\uFFFC"_s, tag, QString::fromUcs4(U"\U000E0100")}) {
+            QCOMPARE(displayText(raw), DisplayText());
+            QCOMPARE(displayName(raw), QString());
+            QCOMPARE(visibleName(raw), u"(no name)"_s);
+        }
+        for (const QString &raw : QStringList{u"\u2764\uFE0F"_s, u"\u115F\u1161"_s, u"\u0301"_s, u"-"_s,
+                                              QString::fromUcs4(U"\U0001F3F4") + tag})
+            QCOMPARE(displayText(raw).text, raw);
+    }
+
+    void linesThatLookTheSame()
+    {
+        QCOMPARE(seenOf(u"De\u034Flete it\uFE0F"_s), u"Delete it"_s);
+        QCOMPARE(seenOf(u"\uFB01le e\u0301"_s), u"file \u00E9"_s);
+        QVERIFY(seenOf(u"Delete"_s) != seenOf(u"delete"_s));
     }
 };
 
