@@ -39,7 +39,7 @@ SeedData demoData(Instant now)
         .devices = devices(now),
         .settings = {.quietHoursEnabled = true,
                      .quietFrom = QStringLiteral("22:00"),
-                     .quietTo = QStringLiteral("07:30"),
+                     .quietTo = QStringLiteral("07:00"),
                      .digest = true,
                      .sound = true},
     };

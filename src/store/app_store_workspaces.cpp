@@ -3,12 +3,14 @@
 #include "api/endpoints.h"
 #include "store/local_id.h"
 #include "store/preference_keys.h"
+#include "store/text_cut.h"
 
 namespace pingwell {
 
 namespace {
 
-constexpr qsizetype maximumWorkspaceNameLength = 48;
+/// In characters, as a person counts them.
+constexpr qsizetype longestWorkspaceName = 48;
 constexpr std::int64_t newWorkspaceTimeoutMinutes = 30;
 
 Workspace newDemoWorkspace(const QString &name)
@@ -69,7 +71,7 @@ void AppStore::createWorkspace(const QString &name)
     if (trimmed.isEmpty())
         return;
     if (!m_backend) {
-        const Workspace workspace = newDemoWorkspace(trimmed.left(maximumWorkspaceNameLength));
+        const Workspace workspace = newDemoWorkspace(firstCharacters(trimmed, longestWorkspaceName));
         WorkspaceSteps::add(*this, workspace, {newDemoOwner(m_account)});
         return;
     }

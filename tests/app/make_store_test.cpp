@@ -82,6 +82,8 @@ private slots:
         QVERIFY(store->isSignedIn() && !store->isLive() && store->hasLoaded());
         QVERIFY(store->selfHostedURL().isEmpty());
         QCOMPARE(store->needsReplyCount(), qsizetype(3));
+        // As the pickers of the settings offer it.
+        QVERIFY(store->settings().quietTo.endsWith(u":00"_s));
         m_domains[u"com.pingwell.mac.uitest"_s]->setString(preference_keys::sessionProvider, u"github"_s);
         QVERIFY(!make({.isUITest = true, .isDemo = true, .signedOut = true})->isSignedIn());
         QVERIFY(m_opened.isEmpty());

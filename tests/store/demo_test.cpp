@@ -96,8 +96,8 @@ private slots:
         store->sendTestAlert();
         QCOMPARE(store->alerts().last().title, u"Test alert from your Mac"_s);
         QVERIFY(!store->toast());
-        store->createWorkspace(u"  "_s + QString(60, u'x'));
-        QCOMPARE(store->activeWorkspace()->name, QString(48, u'x'));
+        store->createWorkspace(u"  "_s + u"e\u0301"_s.repeated(60));
+        QCOMPARE(store->activeWorkspace()->name, u"e\u0301"_s.repeated(48));
         QCOMPARE(store->members().value(store->activeWorkspaceID()).first().role, WorkspaceRole::owner);
         store->createTopic(u"Deploys"_s);
         store->createTopic(u"deploys!"_s);
