@@ -1,6 +1,7 @@
 #include "auth/web_authenticator.h"
 #include "screen_fixture.h"
 #include "store/preference_keys.h"
+#include "ui/server_address.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -18,6 +19,7 @@ const QString cloud = u"signin.server.cloud"_s;
 const QString selfHosted = u"signin.server.selfHosted"_s;
 const QString address = u"signin.server.selfHosted.url"_s;
 const QString addressError = u"signin.server.selfHosted.error"_s;
+const QString addressWarning = u"signin.server.selfHosted.warning"_s;
 
 } // namespace
 
@@ -143,8 +145,64 @@ private slots:
         screen.type(u"ftp://x"_s);
         QCOMPARE(screen.name(addressError), u"Use an http:// or https:// address."_s);
         screen.press(Qt::CTRL | Qt::Key_A);
-        screen.type(u"alerts.example.org"_s);
+        screen.type(u"http://alerts.example.org"_s);
         QVERIFY(!screen.shows(addressError));
+        QVERIFY(screen.name(addressWarning).startsWith(u"This address isn't encrypted."_s));
+        screen.press(Qt::Key_Home);
+        screen.type(u"https://alerts.example.org/?"_s);
+        QVERIFY(screen.shows(addressError) && !screen.shows(addressWarning));
+    }
+
+    void plainAddressesAreOpenExceptOfThisMachine_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<bool>("open");
+        const auto row = [](const char *typed, bool open) {
+            QTest::newRow(typed) << QString::fromLatin1(typed) << open;
+        };
+        row("http://alerts.example.org", true);
+        row("HTTP://192.168.1.7:8080", true);
+        row("http://localhost.example.org", true);
+        row("http://[::2]", true);
+        row("https://alerts.example.org", false);
+        row("alerts.example.org", false);
+        row("http://localhost:8080", false);
+        row("http://LOCALHOST", false);
+        row("http://127.3.2.1", false);
+        row("http://[::1]:8080/base", false);
+        row("http://", false);
+    }
+
+    void plainAddressesAreOpenExceptOfThisMachine()
+    {
+        QFETCH(QString, typed);
+        QTEST(ServerAddress().isOpen(typed), "open");
+    }
+
+    void namesTheServerThatIsNotTheManagedOne()
+    {
+        m->backend->baseURLOverride = QUrl(u"http://127.0.0.1:8080"_s);
+        Screen &screen = show();
+        QVERIFY(screen.name(u"signin.server.fixed"_s).contains(u"127.0.0.1:8080"_s));
+        const auto name = [&screen] { return screen.name(u"sidebar.account"_s); };
+        m->store->persistSession(u"token"_s, QUrl(u"https://alerts.example.org:8443"_s),
+                                 demoAccount(AuthProvider::google));
+        m->refreshWith({});
+        screen.settle();
+        QVERIFY(name().endsWith(u", Pingwell Cloud, alerts.example.org:8443"_s));
+        m->store->setSection(SidebarSection::settings);
+        screen.settle();
+        QCOMPARE(screen.value(u"settings.server.name"_s), u"Pingwell Cloud"_s);
+        QCOMPARE(screen.value(u"settings.server.host"_s), u"alerts.example.org:8443"_s);
+        const Screen panel(u"PopoverView"_s, *m->store);
+        QCOMPARE(panel.name(u"popover.server"_s), u"alerts.example.org:8443"_s);
+        QCOMPARE(panel.name(u"popover.status"_s), u"Connected · Pingwell Cloud"_s);
+
+        m->store->endSession({});
+        m->store->persistSession(u"token"_s, APIClient::defaultBaseURL(), demoAccount(AuthProvider::google));
+        m->refreshWith({});
+        screen.settle();
+        QVERIFY(name().endsWith(u", Pingwell Cloud"_s));
     }
 };
 

@@ -72,5 +72,16 @@ Column {
             color: Theme.danger
             wrapMode: Text.Wrap
         }
+
+        SymbolLabel {
+            objectName: root.idPrefix + ".selfHosted.warning"
+            width: parent.width
+            visible: ServerAddress.isOpen(address.text)
+            symbolName: "exclamationmark.triangle.fill"
+            symbolSize: 12
+            text: "This address isn't encrypted. Others on the network can read your alerts and answer in your name. "
+                + "Use https:// if your server offers it."
+            color: Theme.timedOut
+        }
     }
 }

@@ -13,8 +13,14 @@ Item {
     implicitHeight: status.y + status.height + Theme.gap3
     visible: root.store.isSignedIn
     Accessible.role: Accessible.StaticText
-    Accessible.name: root.person.nameAndEmail + ", " + server.text
+    Accessible.name: root.person.nameAndEmail + ", " + server.text + (inUse.host ? ", " + inUse.host : "")
     Accessible.description: root.hasProblem ? "connection problem" : "connected"
+
+    ServerInUse {
+        id: inUse
+
+        store: root.store
+    }
 
     Rectangle {
         id: circle
@@ -68,11 +74,11 @@ Item {
 
         y: Math.max(circle.y + circle.height, words.y + words.height) + 6
         width: root.width
-        height: server.height
+        height: server.height + (host.visible ? host.height : 0)
 
         Dot {
             x: circle.x + Math.round((circle.width - width) / 2)
-            anchors.verticalCenter: parent.verticalCenter
+            anchors.verticalCenter: server.verticalCenter
             color: root.hasProblem ? Theme.offline : Theme.online
         }
 
@@ -82,6 +88,20 @@ Item {
             x: words.x
             width: parent.width - x - Theme.gap10
             text: root.store.serverLabel
+            size: Theme.sizeMeta
+            color: Theme.textSecondary
+            Accessible.ignored: true
+        }
+
+        PlainText {
+            id: host
+
+            x: words.x
+            y: server.height
+            width: server.width
+            visible: text.length > 0
+            elide: Text.ElideMiddle
+            text: inUse.host
             size: Theme.sizeMeta
             color: Theme.textSecondary
             Accessible.ignored: true

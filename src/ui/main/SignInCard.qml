@@ -16,6 +16,12 @@ Rectangle {
     border.width: 1
     border.color: Theme.border
 
+    ServerInUse {
+        id: inUse
+
+        store: root.store
+    }
+
     Column {
         id: content
 
@@ -82,6 +88,15 @@ Rectangle {
                 width: parent.width
                 store: root.store
                 idPrefix: "signin.server"
+            }
+
+            SymbolLabel {
+                objectName: "signin.server.fixed"
+                width: parent.width
+                visible: inUse.isFixed
+                symbolName: "server.rack"
+                text: "Pingwell was started for " + (inUse.host || ServerAddress.cloudHost)
+                    + ". It signs in there, whichever server is chosen here."
             }
         }
 

@@ -10,6 +10,24 @@ Item {
 
     implicitHeight: 12 + words.height + 10
 
+    ServerInUse {
+        id: inUse
+
+        store: root.store
+    }
+
+    PlainText {
+        objectName: "popover.server"
+        x: words.x + name.width + Theme.gap2
+        y: words.y + name.baselineOffset - baselineOffset
+        width: focusSwitch.x - Theme.gap3 - x
+        visible: root.store.isSignedIn && inUse.host.length > 0
+        elide: Text.ElideMiddle
+        text: inUse.host
+        size: Theme.sizeSmall
+        color: Theme.textSecondary
+    }
+
     Column {
         id: words
 
@@ -18,6 +36,8 @@ Item {
         spacing: 2
 
         PlainText {
+            id: name
+
             text: "Pingwell"
             size: Theme.sizeTitle
             font.weight: Font.DemiBold
@@ -43,6 +63,8 @@ Item {
     }
 
     ToggleSwitch {
+        id: focusSwitch
+
         objectName: "popover.focus"
         anchors.right: parent.right
         anchors.rightMargin: Theme.gap3

@@ -8,12 +8,23 @@ FormSection {
     /** Milliseconds since 1970; negative while nothing came yet. */
     required property real lastSyncedAt
 
+    readonly property ServerInUse inUse: ServerInUse {
+        store: root.store
+    }
+
     title: "Server"
 
     FormRow {
         objectName: "settings.server.name"
         label: "Connected to"
         value: root.store.serverLabel
+    }
+
+    FormRow {
+        objectName: "settings.server.host"
+        visible: root.inUse.host.length > 0
+        label: "Address"
+        value: root.inUse.host
     }
 
     FormRow {
