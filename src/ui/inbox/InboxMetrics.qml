@@ -16,8 +16,8 @@ QtObject {
         font.pointSize: Theme.sizeBody * 0.75
     }
 
-    readonly property int originY: Theme.gap2
+    readonly property int originY: Theme.gap1
     readonly property int titleY: root.originY + Math.ceil(root.originFont.height) + 3
     readonly property int stateY: root.titleY + Math.ceil(root.titleFont.height) + 3
-    readonly property int rowHeight: root.stateY + Math.max(Math.ceil(root.stateFont.height), 16) + Theme.gap2
+    readonly property int rowHeight: root.stateY + Math.max(Math.ceil(root.stateFont.height), 16) + Theme.gap1
 }

@@ -49,8 +49,7 @@ T.AbstractButton {
         width: root.availableWidth
 
         Dot {
-            x: Theme.gap1
-            y: (root.metrics?.originY ?? 0) + 4
+            y: (root.metrics?.originY ?? 0) + 6
             size: 7
             visible: !root.alert.read
             color: Theme.accent
@@ -59,8 +58,8 @@ T.AbstractButton {
         Item {
             id: words
 
-            x: Theme.gap1 + 7 + Theme.gap2
-            width: parent.width - x - Theme.gap2
+            x: 7 + Theme.gap2
+            width: parent.width - x
 
             InboxRowOrigin {
                 y: (root.metrics?.originY ?? 0)

@@ -53,7 +53,7 @@ Rectangle {
 
         x: 10
         anchors.top: brand.bottom
-        anchors.topMargin: 6 + Theme.gap1
+        anchors.topMargin: 6
         width: root.width - 20
         store: root.store
         idPrefix: "sidebar.workspace"

@@ -71,7 +71,7 @@ ScrollArea {
         SectionLabel {
             objectName: "popover.today.header"
             x: 6
-            topPadding: Theme.gap4
+            topPadding: Theme.gap2
             bottomPadding: Theme.gap1
             text: root.store.focusMode ? "Today · Focus" : "Today"
         }
