@@ -72,7 +72,7 @@ QList<KeyedRow> InboxFilterModel::rowsOf(const AppStore &store)
     QList<FilterChipRow> chips{{QStringLiteral("all"), QStringLiteral("All"), tally.all},
                                {QStringLiteral("asks"), QStringLiteral("Asks"), tally.asks}};
     for (const QString &name : store.activeTopicNames())
-        chips.append({topicPrefix + name, QChar(u'#') + displayName(name), tally.byTopic.value(name)});
+        chips.append({topicPrefix + name, QChar(u'#') + visibleName(name), tally.byTopic.value(name)});
     const QString selected = idOf(store.filter());
     QList<KeyedRow> rows;
     for (FilterChipRow &chip : chips) {

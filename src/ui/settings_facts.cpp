@@ -37,14 +37,29 @@ QString actionDetail(TimeoutAction action)
     return QStringLiteral("The agent is told nobody answered and decides what to do.");
 }
 
+QString counted(std::int64_t count, const QString &unit)
+{
+    return QString::number(count) + u' ' + unit + (count == 1 ? QString() : QStringLiteral("s"));
+}
+
+/// The minutes in full, where `minutesText` leaves out those beyond the hour: another client may have set any number.
+QString exactMinutesText(std::int64_t minutes)
+{
+    if (minutes < 60)
+        return counted(minutes, QStringLiteral("minute"));
+    const QString hours = counted(minutes / 60, QStringLiteral("hour"));
+    return minutes % 60 == 0 ? hours : hours + u' ' + counted(minutes % 60, QStringLiteral("minute"));
+}
+
 Choices timeoutChoices(std::int64_t inForce)
 {
-    std::set<std::int64_t> all{5, 15, 30, 60, 240, 1440};
+    const std::set<std::int64_t> usual{5, 15, 30, 60, 240, 1440};
+    std::set<std::int64_t> all = usual;
     all.insert(inForce);
     Choices choices;
     for (const std::int64_t minutes : all) {
         choices.values << QString::number(minutes);
-        choices.labels << minutesText(minutes);
+        choices.labels << (usual.contains(minutes) ? minutesText(minutes) : exactMinutesText(minutes));
     }
     return choices;
 }
@@ -82,7 +97,7 @@ AccountFacts accountFacts(const AppStore &store)
         return {};
     AccountFacts facts;
     facts.isPresent = true;
-    facts.name = displayName(account->name);
+    facts.name = visibleName(account->name);
     facts.email = displayLine(account->email);
     facts.provider = account->provider == AuthProvider::github ? QStringLiteral("GitHub") : QStringLiteral("Google");
     facts.plan = displayName(account->plan);
@@ -96,7 +111,7 @@ ResponseTimeFacts responseTimeFacts(const AppStore &store)
         return {};
     ResponseTimeFacts facts;
     facts.isPresent = true;
-    facts.workspace = displayName(workspace->name);
+    facts.workspace = visibleName(workspace->name);
     facts.canManage = workspace->canManage();
     facts.timeout = QString::number(workspace->responseTimeoutMinutes);
     facts.timeouts = timeoutChoices(workspace->responseTimeoutMinutes);

@@ -152,12 +152,14 @@ private slots:
         QTest::addColumn<QString>("timeouts");
         QTest::addColumn<QString>("from");
         QTest::addColumn<int>("place");
-        QTest::newRow("usual") << 60 << u"5 15 30 60 240 1440"_s << u"22:00"_s << 22;
-        QTest::newRow("between") << 45 << u"5 15 30 45 60 240 1440"_s << u"22:30"_s << 23;
-        QTest::newRow("before all") << 1 << u"1 5 15 30 60 240 1440"_s << u"0:15"_s << 1;
-        QTest::newRow("after all") << 2000 << u"5 15 30 60 240 1440 2000"_s << u"23:59"_s << 24;
-        QTest::newRow("no time") << 60 << u"5 15 30 60 240 1440"_s << u"late"_s << 24;
-        QTest::newRow("none") << 60 << u"5 15 30 60 240 1440"_s << u""_s << -1;
+        QTest::addColumn<QString>("words");
+        QTest::newRow("usual") << 60 << u"5 15 30 60 240 1440"_s << u"22:00"_s << 22 << u"1 hour"_s;
+        QTest::newRow("between") << 90 << u"5 15 30 60 90 240 1440"_s << u"22:30"_s << 23 << u"1 hour 30 minutes"_s;
+        QTest::newRow("before all") << 1 << u"1 5 15 30 60 240 1440"_s << u"0:15"_s << 1 << u"1 minute"_s;
+        QTest::newRow("after all") << 1981 << u"5 15 30 60 240 1440 1981"_s << u"23:59"_s << 24
+                                   << u"33 hours 1 minute"_s;
+        QTest::newRow("no time") << 120 << u"5 15 30 60 120 240 1440"_s << u"late"_s << 24 << u"2 hours"_s;
+        QTest::newRow("none") << 60 << u"5 15 30 60 240 1440"_s << u""_s << -1 << u"1 hour"_s;
     }
 
     void unusualValueStandsInOrder()
@@ -169,6 +171,7 @@ private slots:
         seed.settings.quietHoursEnabled = true;
         seed.settings.quietFrom = from;
         SettingsScreen screen(seed);
+        QTEST(screen.value(timeout), "words");
         QTEST(responseTimeFacts(screen.store()).timeouts.values.join(u' '), "timeouts");
         const Choices hours = notificationFacts(screen.store()).quietFromChoices;
         QTEST(int(hours.values.indexOf(from)), "place");

@@ -202,7 +202,11 @@ private slots:
         QCOMPARE(screen.focused(), u"team.invite.email"_s);
         screen.type(u"x"_s);
         QVERIFY(!screen.shows(u"team.invite.error"_s));
-        screen.click({u"team.invite.role"_s, u"team.invite.role.admin"_s, u"team.invite.send"_s});
+        screen.press({Qt::Key_Backspace, Qt::Key_Tab, Qt::Key_Space});
+        screen.click({u"team.invite.role.admin"_s, u"team.invite.send"_s});
+        QVERIFY(screen.shows(u"team.invite.error"_s));
+        screen.type(u"x"_s);
+        screen.press({Qt::Key_Tab, Qt::Key_Return});
         QVERIFY(!screen.shows(u"team.inviteSheet"_s));
         const Member invited = screen.store().members().value(u"w1"_s).last();
         QCOMPARE(invited.email, u"new@x.testx"_s);
@@ -234,6 +238,10 @@ private slots:
         TeamScreen screen(teamSeed(WorkspaceRole::member));
         screen.click(u"team.leave"_s);
         QCOMPARE(screen.focused(), u"team.leave.cancel"_s);
+        screen.find(u"team.leave.cancel"_s)->setFocus(false);
+        screen.press(Qt::Key_Return);
+        QVERIFY(screen.shows(u"team.leave.confirm"_s));
+        screen.find(u"team.leave.cancel"_s)->forceActiveFocus();
         screen.press(Qt::Key_Return);
         QVERIFY(!screen.shows(u"team.leave.confirm"_s) && screen.store().workspaces().size() == 2);
 

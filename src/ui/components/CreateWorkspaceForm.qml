@@ -27,7 +27,6 @@ SheetForm {
             width: parent.width
             label: "Name"
             hint: "Platform team"
-            onAccepted: root.submit()
         }
     }
 }

@@ -2,12 +2,18 @@ import QtQuick
 import QtQuick.Templates as T
 import Pingwell
 
-/** What the buttons have in common, whatever they look like. Return presses them as Space does, once for a key held. */
+/**
+ * What the buttons have in common, whatever they look like. Return presses them as Space does, once for a key held, where
+ * they don't leave it to what they stand in.
+ */
 T.AbstractButton {
     id: root
 
+    property bool takesReturn: true
+
     function press(event: KeyEvent) {
-        if (!event.isAutoRepeat)
+        event.accepted = root.takesReturn
+        if (root.takesReturn && !event.isAutoRepeat)
             root.clicked()
     }
 

@@ -21,13 +21,15 @@ Column {
     signal cancelled
     signal accepted
 
-    /** What Return does in a field. */
-    function submit() {
-        if (root.acceptable)
+    /** What Return does in every field; it never says yes to what cannot be undone. */
+    function submit(event: KeyEvent) {
+        if (root.acceptable && !root.destructive && !event.isAutoRepeat)
             root.accepted()
     }
 
     spacing: Theme.gap3
+    Keys.onReturnPressed: event => root.submit(event)
+    Keys.onEnterPressed: event => root.submit(event)
     Accessible.role: Accessible.Dialog
     Accessible.name: root.title
     Accessible.description: root.note

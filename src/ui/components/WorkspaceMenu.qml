@@ -13,7 +13,10 @@ Pressable {
     required property string idPrefix
     property bool compact: false
     readonly property workspaceRow active: workspaces.active
-    readonly property string subtitle: (root.active.isTeam ? "Team" : "Just you") + " · " + root.active.role
+    readonly property bool hasActive: root.active.id.length > 0
+    readonly property string title: root.hasActive ? root.active.name : "No workspace yet"
+    readonly property string subtitle: root.hasActive ? (root.active.isTeam ? "Team" : "Just you") + " · " + root.active.role
+        : "Create one here"
 
     /** The person asked for a new workspace; its sheet is in the main window. */
     signal createRequested
@@ -26,8 +29,8 @@ Pressable {
     onClicked: menu.visible ? menu.close() : menu.open()
     Keys.onDownPressed: menu.open()
     Accessible.role: Accessible.ButtonMenu
-    Accessible.name: root.compact ? root.active.name : root.active.name + ", " + root.subtitle
-    Accessible.description: root.active.name
+    Accessible.name: root.compact ? root.title : root.title + ", " + root.subtitle
+    Accessible.description: root.title
 
     WorkspaceListModel {
         id: workspaces
@@ -40,7 +43,8 @@ Pressable {
     }
 
     contentItem: WorkspaceMenuLabel {
-        workspace: root.active
+        symbolName: root.active.isTeam ? "person.3" : "person.crop.circle"
+        title: root.title
         subtitle: root.compact ? "" : root.subtitle
         textSize: root.compact ? Theme.sizeBody : Theme.sizeCardTitle
     }

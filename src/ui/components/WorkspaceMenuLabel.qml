@@ -5,7 +5,8 @@ import Pingwell
 Item {
     id: root
 
-    required property workspaceRow workspace
+    required property string symbolName
+    required property string title
     required property string subtitle
     required property real textSize
 
@@ -13,7 +14,7 @@ Item {
         id: kind
 
         anchors.verticalCenter: parent.verticalCenter
-        name: root.workspace.isTeam ? "person.3" : "person.crop.circle"
+        name: root.symbolName
     }
 
     Column {
@@ -23,7 +24,7 @@ Item {
 
         PlainText {
             width: parent.width
-            text: root.workspace.name
+            text: root.title
             size: root.textSize
             font.weight: Font.Medium
             Accessible.ignored: true

@@ -41,7 +41,6 @@ SheetForm {
             hint: "name@company.com"
             inputMethodHints: Qt.ImhEmailCharactersOnly
             onTextEdited: root.error = ""
-            onAccepted: root.submit()
             Accessible.description: root.error
         }
     }
@@ -51,6 +50,7 @@ SheetForm {
 
         Picker {
             objectName: "team.invite.role"
+            takesReturn: false
             label: "Role"
             values: root.team.roles
             labels: root.team.roles

@@ -33,7 +33,6 @@ SheetForm {
             label: "Name"
             // A longer name that is there already is shown whole.
             maximumLength: Math.max(48, root.currentName.length)
-            onAccepted: root.submit()
         }
     }
 }

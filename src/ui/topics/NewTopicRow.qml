@@ -8,11 +8,13 @@ Column {
     required property TopicListModel topics
     readonly property string resultingName: root.topics.nameFor(name.text)
     readonly property string typed: name.text.trim()
+    // Without a workspace there is nothing to add it to, and what was typed would be lost.
+    readonly property bool canAdd: root.resultingName.length > 0 && root.topics.store.hasWorkspaces
 
     signal created(name: string)
 
     function add() {
-        if (root.resultingName.length === 0)
+        if (!root.canAdd)
             return
         root.created(name.text)
         name.clear()
@@ -37,7 +39,7 @@ Column {
             anchors.leftMargin: Theme.gap2
             label: "Add topic"
             prominent: true
-            enabled: root.resultingName.length > 0
+            enabled: root.canAdd
             onClicked: root.add()
         }
     }
