@@ -53,10 +53,13 @@ void AlertListModel::componentComplete()
     update();
 }
 
-QString AlertListModel::fullBody(const QString &alertID) const
+AlertTexts AlertListModel::everything(const QString &alertID) const
 {
     const auto alert = m_store ? m_store->alertWithID(alertID) : std::nullopt;
-    return alert ? displayText(alert->body, fullDisplayLength).text : QString();
+    if (!alert)
+        return {};
+    const AlertSnapshot snapshot = snapshotOf(*alert, *m_store);
+    return alertTexts(snapshot.alert, snapshot.outcome, fullDisplayLength);
 }
 
 void AlertListModel::follow(AppStore &store)

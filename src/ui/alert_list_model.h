@@ -49,8 +49,8 @@ public:
     /// How many rows there are without the limit.
     [[nodiscard]] int total() const { return m_total; }
 
-    /// As much of an alert's body as "Show all" shows.
-    Q_INVOKABLE QString fullBody(const QString &alertID) const;
+    /// As much of an alert's texts as "Show all" shows.
+    Q_INVOKABLE pingwell::AlertTexts everything(const QString &alertID) const;
 
     void classBegin() override {}
     void componentComplete() override;

@@ -1,6 +1,7 @@
 #include "ui/alert_row.h"
 
 #include "store/app_store.h"
+#include "ui/choice_labels.h"
 #include "ui/display_text.h"
 
 #include <limits>
@@ -20,21 +21,6 @@ QString stateWord(const std::optional<ReplyState> &state)
     return QStringLiteral("timedOut");
 }
 
-/// `text`, or a stand-in where nothing of it can be seen.
-QString visible(const QString &text, const QString &otherwise)
-{
-    return text.isEmpty() ? otherwise : text;
-}
-
-QStringList labelsOf(const QStringList &actions)
-{
-    QStringList labels;
-    labels.reserve(actions.size());
-    for (const QString &action : actions)
-        labels.append(visible(displayLine(action), QStringLiteral("(no text)")));
-    return labels;
-}
-
 } // namespace
 
 AlertSnapshot snapshotOf(Alert alert, const AppStore &store)
@@ -48,27 +34,26 @@ AlertSnapshot snapshotOf(Alert alert, const AppStore &store)
 AlertRow alertRow(const AlertSnapshot &snapshot)
 {
     const Alert &alert = snapshot.alert;
-    const DisplayText body = displayText(alert.body);
+    const QString app = displayName(alert.app);
 
     AlertRow row;
     row.id = alert.id;
-    row.app = visible(displayName(alert.app), QStringLiteral("Agent"));
-    row.title = visible(displayLine(alert.title), QStringLiteral("(no title)"));
-    row.body = body.text;
-    row.bodyIsCut = body.isCut;
+    row.app = app.isEmpty() ? QStringLiteral("Agent") : app;
+    row.title = titleName(displayLine(alert.title));
     row.summary = displayLine(alert.body);
+    row.whole = alertTexts(alert, snapshot.outcome, displayLength);
     row.topic = displayName(alert.topic);
     row.priority = rawValue(alert.priority);
     row.acceptsText = alert.acceptsText();
     row.actions = alert.actions;
-    row.actionLabels = labelsOf(alert.actions);
+    row.actionLabels = choiceLabels(alert.actions);
     row.placeholder = displayLine(alert.placeholder.value_or(QString()));
     row.at = millisecondsFromInstant(alert.at);
     row.expiresAt =
         alert.expiresAt ? millisecondsFromInstant(*alert.expiresAt) : std::numeric_limits<double>::infinity();
     row.read = alert.read;
     row.state = snapshot.state;
-    row.answer = displayName(alert.answer.value_or(QString()));
+    row.answer = answerName(displayName(alert.answer.value_or(QString())), alert);
     row.outcome = displayLine(snapshot.outcome);
     row.canAnswer = snapshot.canAnswer;
     return row;

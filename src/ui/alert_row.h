@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/alert.h"
+#include "ui/alert_texts.h"
 
 #include <QMetaType>
 #include <QString>
@@ -22,8 +23,7 @@ struct AlertRow
     Q_PROPERTY(QString id MEMBER id FINAL)
     Q_PROPERTY(QString app MEMBER app FINAL)
     Q_PROPERTY(QString title MEMBER title FINAL)
-    Q_PROPERTY(QString body MEMBER body FINAL)
-    Q_PROPERTY(bool bodyIsCut MEMBER bodyIsCut FINAL)
+    Q_PROPERTY(pingwell::AlertTexts whole MEMBER whole FINAL)
     Q_PROPERTY(QString summary MEMBER summary FINAL)
     Q_PROPERTY(QString topic MEMBER topic FINAL)
     Q_PROPERTY(QString priority MEMBER priority FINAL)
@@ -42,12 +42,11 @@ struct AlertRow
 public:
     QString id;
     QString app;
+    /// On one line each, shortened: the title and the body.
     QString title;
-    QString body;
-    /// More of the body can be shown.
-    bool bodyIsCut = false;
-    /// The body on one line.
     QString summary;
+    /// Where there is room for more than a line.
+    AlertTexts whole;
     QString topic;
     /// "silent", "normal", "high" or "critical".
     QString priority;
@@ -62,8 +61,8 @@ public:
     bool read = false;
     /// Empty for a notice, else "waiting", "answered" or "timedOut".
     QString state;
+    /// On one line each, shortened: the answer, and in one sentence what became of a timed-out ask.
     QString answer;
-    /// What became of a timed-out ask, in one sentence.
     QString outcome;
     /// The person may answer now.
     bool canAnswer = false;

@@ -1,5 +1,6 @@
 #include "ui/announcer.h"
 
+#include "ui/alert_texts.h"
 #include "ui/display_text.h"
 #include "ui/replace_store.h"
 
@@ -61,8 +62,9 @@ QString Announcer::askText(const Alert &ask) const
         app = QStringLiteral("An agent");
     const auto workspace = m_store->workspaceWithID(ask.workspaceId);
     const bool isElsewhere = workspace && workspace->id != m_store->activeWorkspaceID();
-    const QString place = isElsewhere ? QStringLiteral(" in ") + displayName(workspace->name) : QString();
-    return app + QStringLiteral(" is waiting for your reply") + place + QStringLiteral(": ") + displayLine(ask.title);
+    const QString place = isElsewhere ? QStringLiteral(" in ") + visibleName(workspace->name) : QString();
+    return app + QStringLiteral(" is waiting for your reply") + place + QStringLiteral(": ") +
+           titleName(displayLine(ask.title));
 }
 
 void Announcer::announce(const QString &message)

@@ -183,6 +183,75 @@ private slots:
         QVERIFY(!screen.focused().isEmpty());
     }
 
+    void detailTellsAllAndTheRowWhatDiffers()
+    {
+        const QString lines = u"Because\n\nthe replica lags.\n"_s;
+        Alert answered = makeTextAsk(u"a1"_s, lines.repeated(20) + u"Title."_s, 5);
+        answered.answer = lines.repeated(30) + u"Answer."_s;
+        answered.body = u"word "_s.repeated(1800) + u"End."_s;
+        Alert late = makeChoice(u"a2"_s, u"Scale?"_s, 20);
+        late.expiresAt = dayEnd - Seconds(300);
+        late.outcome = u"default"_s;
+        late.actions = {u"Do nothing "_s.repeated(40) + u"at all"_s, u"\u2800"_s};
+        Alert blank = late;
+        blank.id = u"a3"_s;
+        blank.answer = late.actions.last();
+        Screen screen(root, makeSeed({answered, late, blank}));
+        const auto open = [&screen](const QString &id) {
+            screen.store().selectAlert(id);
+            screen.settle();
+        };
+        open(u"a1"_s);
+        QCOMPARE(screen.name(u"detail.title"_s), answered.title);
+        QCOMPARE(screen.name(u"detail.answered"_s), u"You replied “%1”"_s.arg(*answered.answer));
+        QVERIFY(screen.find(u"detail.answered"_s)->height() > 90 * 13);
+        QVERIFY(!screen.text(u"detail.body"_s).endsWith(u"End."_s));
+        screen.find(u"detail.showAll"_s)->forceActiveFocus();
+        screen.press(Qt::Key_Return);
+        QVERIFY(screen.text(u"detail.body"_s).endsWith(u"End."_s) && !screen.shows(u"detail.showAll"_s));
+        QVERIFY(screen.name(u"alert.row.a1"_s).size() < 800);
+        open(u"a2"_s);
+        const QString sentence = screen.store().outcomeText(late);
+        QCOMPARE(screen.name(u"detail.timedOut"_s), u"TIMED OUT, "_s + sentence);
+        QVERIFY(!screen.shows(u"detail.showAll"_s));
+        open(u"a3"_s);
+        QCOMPARE(screen.name(u"detail.answered"_s), u"You replied “Choice 2”"_s);
+        const auto textIn = [&](const QString &row, const QString &start) -> QQuickItem * {
+            for (QQuickItem *part : screen.find(u"alert.row."_s + row)->findChildren<QQuickItem *>()) {
+                if (part->isVisible() && part->property("elide").isValid() &&
+                    part->property("text").toString().startsWith(start))
+                    return part;
+            }
+            return nullptr;
+        };
+        const QQuickItem *const said = textIn(u"a2"_s, u"No reply in 15m — the agent continued with"_s);
+        const QQuickItem *const mark = textIn(u"a2"_s, u"TIMED OUT"_s);
+        QVERIFY(said && mark);
+        QVERIFY(mark->mapToScene({0, mark->height()}).y() < said->mapToScene({}).y());
+        QVERIFY(!textIn(u"a1"_s, u"TIMED OUT"_s));
+    }
+
+    void rowKeepsItsMeasures()
+    {
+        Screen screen(root, aDay());
+        const QQuickItem *const row = screen.find(u"alert.row.n0"_s);
+        for (const QQuickItem *part : row->findChildren<QQuickItem *>()) {
+            const QPointF place = part->mapToItem(row, {});
+            if (part->property("size") == 7)
+                QCOMPARE(place, QPointF(10, 4 + 6));
+            if (part->property("text") == u"Deploy bot"_s)
+                QCOMPARE(place, QPointF(10 + 7 + 8, 4));
+            if (part->property("text") == u"All checks passed."_s)
+                QCOMPARE(row->height() - place.y(), std::max(std::ceil(part->height()), 16.0) + 4);
+        }
+    }
+
+    void personWithoutAWorkspaceSeesWords()
+    {
+        const Screen screen(root, SeedData());
+        QCOMPARE(screen.name(u"sidebar.workspace"_s), u"No workspace yet, Create one here"_s);
+    }
+
     void singleKeysStayOutOfFieldsAndSheets()
     {
         Screen screen(root, aDay());

@@ -179,7 +179,7 @@ private slots:
         QCOMPARE(row.state, u"waiting"_s);
         QVERIFY(row.canAnswer);
         QCOMPARE(row.actions, ask.actions);
-        QCOMPARE(row.actionLabels, (QStringList{u"Hold"_s, u"Approve"_s, u"(no text)"_s}));
+        QCOMPARE(row.actionLabels, (QStringList{u"Hold"_s, u"Approve"_s, u"Choice 3"_s}));
         QCOMPARE(row.expiresAt - row.at, 360'000.0);
     }
 };

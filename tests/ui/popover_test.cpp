@@ -15,6 +15,16 @@ QJsonObject textAskJSON(const QString &id, double secondsAgo)
     return askJSON(id, secondsAgo, {{u"answerType"_s, u"text"_s}});
 }
 
+/// The element within another one that shows that text; null when there is none.
+const QQuickItem *textWithin(const QQuickItem *item, const QString &text)
+{
+    for (const QQuickItem *part : item->findChildren<QQuickItem *>()) {
+        if (part->property("text") == text && part->property("lineCount").isValid())
+            return part;
+    }
+    return nullptr;
+}
+
 int caretOf(const QQuickItem *field)
 {
     return field->property("cursorPosition").toInt();
@@ -171,6 +181,7 @@ private slots:
         QCOMPARE(screen.name(u"popover.alert.n0"_s), u"1m, Notice, Deploy bot · All checks passed."_s);
         screen.click(u"popover.focus"_s);
         QCOMPARE(screen.name(u"popover.today.header"_s), u"Today · Focus"_s);
+        QCOMPARE(screen.find(u"popover.today.header"_s)->property("topPadding").toDouble(), 8.0);
         QCOMPARE(screen.count(rows), 1);
         screen.store().selectWorkspace(u"w2"_s);
         screen.settle();
@@ -230,6 +241,39 @@ private slots:
         screen.find(control)->forceActiveFocus(Qt::TabFocusReason);
         screen.press(Qt::KeypadModifier | Qt::Key_Enter);
         QVERIFY(screen.shows(shows));
+    }
+
+    void longWordsAreReadBeforeTheyAreAnswered_data()
+    {
+        QTest::addColumn<QString>("component");
+        QTest::addColumn<QString>("prefix");
+        QTest::addColumn<double>("height");
+        QTest::newRow("panel") << panel << u"popover.ask.a1"_s << 24.0;
+        QTest::newRow("detail") << u"RootView"_s << u"detail"_s << 30.0;
+    }
+
+    void longWordsAreReadBeforeTheyAreAnswered()
+    {
+        QFETCH(QString, component);
+        QFETCH(QString, prefix);
+        QFETCH(double, height);
+        const QString words = u"Delete what nobody has read for ninety days in "_s.repeated(9);
+        Alert ask = makeChoice(u"a1"_s, words + u"production?"_s, 5);
+        ask.actions = {u"No"_s, words + u"staging"_s, words + u"production"_s};
+        Screen screen(component, makeSeed({ask}));
+        screen.view().resize(screen.view().width(), 1000);
+        screen.store().selectAlert(u"a1"_s);
+        screen.settle();
+        QCOMPARE(screen.name(prefix + u".title"_s), ask.title);
+        QCOMPARE(screen.find(prefix + u".action.0"_s)->height(), height);
+        for (const QString &number : {u"1"_s, u"2"_s}) {
+            const QQuickItem *const button = screen.find(prefix + u".action."_s + number);
+            const QQuickItem *const label = textWithin(button, ask.actions.at(number.toInt()));
+            QVERIFY(label && !label->property("truncated").toBool());
+            QVERIFY(label->mapToItem(button, {}).y() >= 4 && label->height() + 8 <= button->height());
+        }
+        screen.click(prefix + u".action.2"_s);
+        QCOMPARE(screen.store().alertWithID(u"a1"_s)->answer, ask.actions.at(2));
     }
 
     void textFromAgentsIsNeverMarkup()

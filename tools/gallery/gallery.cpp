@@ -43,6 +43,28 @@ SeedData strangeDay()
     return makeSeed({loud, hebrew, late});
 }
 
+/// Choices that are hard to tell apart, and what became of asks in every way.
+SeedData decisions()
+{
+    const QString words =
+        u"Delete every bucket that nobody has read from for ninety days, with all its versions, in "_s;
+    Alert ask = makeChoice(u"a1"_s, words + u"production or in staging?"_s, 4);
+    ask.actions = {u"No"_s, words + u"staging"_s, words + u"production"_s, u"\u3164"_s, u"Later"_s, u"Later"_s};
+    Alert reply = makeTextAsk(u"a2"_s, u"What should the release notes say?"_s, 30);
+    reply.answer = u"First, thank everybody.\n\nThen say what changed, and why it took so long. "_s.repeated(8);
+    SeedData seed = makeSeed({ask, reply});
+    const QList<std::pair<QString, QString>> outcomes{
+        {u"expired"_s, u"Scale down?"_s}, {u"escalated"_s, u"Rotate the keys?"_s}, {u"default"_s, u"Restart it?"_s}};
+    for (const auto &[outcome, title] : outcomes) {
+        Alert late = makeChoice(outcome, title, 60);
+        late.expiresAt = late.at + Seconds(900);
+        late.outcome = outcome;
+        late.actions = {u"Leave it exactly as it is until tomorrow"_s, u"Yes"_s};
+        seed.alerts << late;
+    }
+    return seed;
+}
+
 class Gallery
 {
 public:
@@ -64,9 +86,11 @@ public:
 
     /// With a service and a desktop.
     void drawLive(const QString &name, const std::function<void(AppStore &)> &prepare,
-                  AuthorizationStatus status = AuthorizationStatus::denied, bool signedIn = false) const
+                  AuthorizationStatus status = AuthorizationStatus::denied, bool signedIn = false,
+                  const QString &component = u"RootView"_s, const std::optional<QUrl> &server = {}) const
     {
         StoreFixture live;
+        live.backend->baseURLOverride = server;
         if (!signedIn)
             live.tokens->clear();
         const auto browser = std::make_shared<WebAuthenticator>([](const QUrl &) { return true; }, live.clock);
@@ -79,8 +103,10 @@ public:
         if (signedIn)
             live.refreshWith({});
         {
-            Screen screen(u"RootView"_s, *live.store, {{u"notifications"_s, QVariant::fromValue(&access)}});
-            save(screen, name, windowSize, [&prepare](Screen &shown) { prepare(shown.store()); });
+            const bool isPanel = component == u"PopoverView"_s;
+            const QVariantMap properties{{u"notifications"_s, QVariant::fromValue(&access)}};
+            Screen screen(component, *live.store, isPanel ? QVariantMap() : properties);
+            save(screen, name, isPanel ? QSize() : windowSize, [&prepare](Screen &shown) { prepare(shown.store()); });
         }
         browser->cancel();
     }
@@ -136,6 +162,8 @@ void drawPanels(const Gallery &gallery)
     gallery.draw(u"panel-signed-out"_s, panel, makeSeed({}), {}, {}, false);
     gallery.draw(u"panel-viewer"_s, panel, viewerDay());
     gallery.draw(u"panel-strange"_s, panel, strangeDay());
+    gallery.draw(u"panel-decisions"_s, panel, decisions());
+    gallery.draw(u"panel-no-workspace"_s, panel, SeedData());
     const auto error = [](Screen &screen) { screen.store().showToast(u"Can't reach the server."_s, true); };
     gallery.draw(u"panel-error"_s, panel, viewerDay(), error, {340, 480});
 }
@@ -150,6 +178,9 @@ void drawWindows(const Gallery &gallery)
     gallery.draw(u"main-strange"_s, root, strangeDay(), selected(u"a1"_s), windowSize);
     gallery.draw(u"main-timed-out"_s, root, strangeDay(), selected(u"a5"_s), windowSize);
     gallery.draw(u"main-empty"_s, root, makeSeed({}), {}, windowSize);
+    gallery.draw(u"main-decisions"_s, root, decisions(), selected(u"a1"_s), windowSize);
+    gallery.draw(u"main-answered"_s, root, decisions(), selected(u"a2"_s), windowSize);
+    gallery.draw(u"main-no-workspace"_s, root, SeedData(), {}, windowSize);
     const auto sheet = [](Screen &screen) { screen.store().setIsCreatingWorkspace(true); };
     gallery.draw(u"main-sheet"_s, root, day, sheet, windowSize);
 
@@ -161,6 +192,16 @@ void drawWindows(const Gallery &gallery)
         store.setServer(ServerKind::selfHosted);
         store.setSelfHostedURL(u"ftp://alerts.example.org"_s);
     });
+    gallery.drawLive(u"sign-in-open"_s, [](AppStore &store) {
+        store.setServer(ServerKind::selfHosted);
+        store.setSelfHostedURL(u"http://alerts.example.org"_s);
+    });
+    const QUrl own(u"https://pingwell.alerts.operations.example.org:8443"_s);
+    gallery.drawLive(u"sign-in-fixed"_s, none, AuthorizationStatus::denied, false, root, own);
+    gallery.drawLive(
+        u"own-server"_s, [](AppStore &store) { store.setSection(SidebarSection::settings); },
+        AuthorizationStatus::authorized, true, root, own);
+    gallery.drawLive(u"panel-own-server"_s, none, AuthorizationStatus::authorized, true, u"PopoverView"_s, own);
     gallery.drawLive(u"prompt-ask"_s, none, AuthorizationStatus::notDetermined, true);
     gallery.drawLive(u"prompt-denied"_s, none, AuthorizationStatus::denied, true);
 }

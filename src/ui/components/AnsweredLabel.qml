@@ -10,5 +10,5 @@ SymbolLabel {
     color: Theme.answered
     textSize: Theme.sizeTitle
     weight: Font.Medium
-    maximumLines: 40
+    maximumLines: 10000
 }

@@ -9,7 +9,9 @@ Item {
     required property string symbolName
     required property real textSize
     required property color ink
+    property bool wraps: false
     property alias spacing: content.spacing
+    property alias lineCount: words.lineCount
 
     implicitWidth: words.implicitWidth + (root.symbolName.length > 0 ? symbol.width + content.spacing : 0)
     implicitHeight: Math.max(words.implicitHeight, symbol.height)
@@ -37,6 +39,7 @@ Item {
             size: root.textSize
             font.weight: Font.Medium
             color: root.ink
+            wrapMode: root.wraps ? Text.Wrap : Text.NoWrap
             Accessible.ignored: true
         }
     }

@@ -10,15 +10,20 @@ Column {
     property color color: Theme.textSecondary
     property int lines: 6
     property bool expanded: false
+    property int weight: Font.Normal
+    property real lineHeight: 1.1
+    property string identifier
 
     PlainText {
         id: words
 
+        objectName: root.identifier
         width: root.width
         text: root.text
         size: root.textSize
         color: root.color
-        lineHeight: 1.1
+        font.weight: root.weight
+        lineHeight: root.lineHeight
         wrapMode: Text.Wrap
         maximumLineCount: root.expanded ? 10000 : root.lines
     }

@@ -11,6 +11,9 @@ Pressable {
     property bool destructive: false
     property real textSize: Theme.sizeBody
     property int contentSpacing: 6
+    /** Shows all of a long label, on as many lines as it needs. */
+    property bool wraps: false
+    readonly property int lineCount: (root.contentItem as ButtonLabel)?.lineCount ?? 1
     readonly property color ink: root.prominent ? Theme.textOnAccent
                                                 : root.destructive ? Theme.danger : Theme.textPrimary
 
@@ -31,5 +34,6 @@ Pressable {
         textSize: root.textSize
         spacing: root.contentSpacing
         ink: root.ink
+        wraps: root.wraps
     }
 }

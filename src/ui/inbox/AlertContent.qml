@@ -8,11 +8,12 @@ Column {
     required property AppStore store
     required property alertRow alert
     /** What "Show all" shows. */
-    required property string fullBody
+    required property alertTexts everything
     required property bool canDelete
     /** The keys that answer act on this alert. */
     required property bool takesKeys
     property bool showsAll: false
+    readonly property alertTexts texts: root.showsAll ? root.everything : root.alert.whole
 
     spacing: Theme.gap3
 
@@ -34,7 +35,7 @@ Column {
             objectName: "detail.title"
             x: tag.width + 10
             width: parent.width - x
-            text: root.alert.title
+            text: root.texts.title
             size: Theme.sizeAlertTitle
             font.weight: Font.DemiBold
             Accessible.role: Accessible.Heading
@@ -45,13 +46,14 @@ Column {
         objectName: "detail.body"
         width: root.width
         visible: text.length > 0
-        text: root.showsAll ? root.fullBody : root.alert.body
+        text: root.texts.body
         size: Theme.sizeReading
         color: Theme.textReading
     }
 
     LinkButton {
-        visible: root.alert.bodyIsCut && !root.showsAll
+        objectName: "detail.showAll"
+        visible: root.alert.whole.isCut && !root.showsAll
         label: "Show all"
         onClicked: root.showsAll = true
     }
@@ -96,6 +98,7 @@ Column {
         visible: root.alert.state.length > 0
         store: root.store
         alert: root.alert
+        texts: root.texts
     }
 
     Divider {

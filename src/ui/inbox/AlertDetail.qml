@@ -55,7 +55,7 @@ Item {
                 delegate: AlertContent {
                     width: content.width
                     store: root.store
-                    fullBody: selected.fullBody(alert.id)
+                    everything: selected.everything(alert.id)
                     canDelete: root.canDelete
                     takesKeys: root.takesKeys
                 }

@@ -9,6 +9,7 @@ Column {
 
     required property AppStore store
     required property alertRow alert
+    required property alertTexts texts
     readonly property bool waiting: root.alert.state === "waiting"
 
     spacing: Theme.gap3
@@ -47,7 +48,7 @@ Column {
         delegate: AnsweredLabel {
             objectName: "detail.answered"
             width: root.width
-            answer: root.alert.answer
+            answer: root.texts.answer
         }
     }
 
@@ -56,7 +57,7 @@ Column {
         delegate: TimedOutLabel {
             objectName: "detail.timedOut"
             width: root.width
-            message: root.alert.outcome
+            message: root.texts.outcome
         }
     }
 

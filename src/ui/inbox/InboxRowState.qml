@@ -11,20 +11,19 @@ Item {
     readonly property bool timedOut: root.alert.state === "timedOut"
     readonly property bool answered: root.alert.state === "answered"
     readonly property string words: root.answered ? "✓ You replied “" + root.alert.answer + "”"
-        : root.waiting ? "Needs reply" : root.alert.summary
-    readonly property string text: root.timedOut ? "TIMED OUT, " + root.alert.outcome
+        : root.timedOut ? root.alert.outcome : root.waiting ? "Needs reply" : root.alert.summary
+    readonly property string text: root.timedOut ? "TIMED OUT, " + root.words
         : root.waiting ? root.words + ", " + countdown.text : root.words
 
-    implicitHeight: Math.max(line.height, outcome.height)
+    implicitHeight: Math.max(line.height, countdown.height)
 
     PlainText {
         id: line
 
         width: Math.min(implicitWidth, root.width)
-        visible: !root.timedOut
         text: root.words
         size: root.alert.state.length > 0 ? Theme.sizeNote : Theme.sizeBody
-        color: root.answered ? Theme.answered : root.waiting ? Theme.accent : Theme.textSecondary
+        color: root.answered ? Theme.answered : root.timedOut ? Theme.timedOut : root.waiting ? Theme.accent : Theme.textSecondary
         font.weight: root.waiting ? Font.Medium : Font.Normal
         Accessible.ignored: true
     }
@@ -38,16 +37,6 @@ Item {
         // Rows that wait for nothing follow no clock.
         remaining: root.waiting ? (root.alert.expiresAt - root.now) / 1000 : 0
         size: Theme.sizeNote
-        Accessible.ignored: true
-    }
-
-    TimedOutLabel {
-        id: outcome
-
-        width: root.width
-        visible: root.timedOut
-        message: root.timedOut ? root.alert.outcome : ""
-        compact: true
         Accessible.ignored: true
     }
 }

@@ -15,7 +15,7 @@ FocusScope {
     objectName: root.identifier
     implicitHeight: content.height + 2 * 9
     Accessible.role: Accessible.Grouping
-    Accessible.name: root.origin + ", " + root.alert.title + ", " + root.alert.body
+    Accessible.name: root.origin + ", " + root.alert.whole.title + ", " + root.alert.whole.body
 
     Rectangle {
         anchors.fill: parent
@@ -42,19 +42,20 @@ FocusScope {
             countdownIdentifier: root.identifier + ".countdown"
         }
 
-        PlainText {
-            objectName: root.identifier + ".title"
+        ExpandableText {
+            identifier: root.identifier + ".title"
             width: parent.width
-            text: root.alert.title
-            size: Theme.sizeCardTitle
-            font.weight: Font.DemiBold
-            wrapMode: Text.Wrap
+            text: root.alert.whole.title
+            textSize: Theme.sizeCardTitle
+            color: Theme.textPrimary
+            weight: Font.DemiBold
+            lineHeight: 1
         }
 
         ExpandableText {
             width: parent.width
-            visible: root.alert.body.length > 0
-            text: root.alert.body
+            visible: root.alert.whole.body.length > 0
+            text: root.alert.whole.body
             textSize: Theme.sizeSmall
         }
 

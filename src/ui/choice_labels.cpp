@@ -1,0 +1,55 @@
+#include "ui/choice_labels.h"
+
+#include "ui/display_text.h"
+
+#include <QHash>
+
+namespace pingwell {
+
+namespace {
+
+QString numbered(qsizetype position)
+{
+    return QStringLiteral("Choice ") + QString::number(position + 1);
+}
+
+QString withNumber(const QString &label, qsizetype position)
+{
+    return isolated(label) + QStringLiteral(" (choice %1)").arg(position + 1);
+}
+
+QHash<QString, int> looksOf(const QStringList &labels)
+{
+    QHash<QString, int> looks;
+    for (const QString &label : labels)
+        ++looks[seenOf(label)];
+    return looks;
+}
+
+} // namespace
+
+QStringList choiceLabels(const QStringList &actions)
+{
+    QStringList labels;
+    labels.reserve(actions.size());
+    for (const QString &action : actions) {
+        const QString label = displayLine(action, fullDisplayLength);
+        labels.append(label.isEmpty() ? numbered(labels.size()) : label);
+    }
+    const QHash<QString, int> looks = looksOf(labels);
+    if (looks.size() == labels.size())
+        return labels;
+    QStringList told = labels;
+    for (qsizetype position = 0; position < labels.size(); ++position) {
+        if (looks.value(seenOf(labels.at(position))) > 1)
+            told[position] = withNumber(labels.at(position), position);
+    }
+    if (looksOf(told).size() == told.size())
+        return told;
+    // One of them is worded like another one with its number. With a number each, no two can look the same.
+    for (qsizetype position = 0; position < labels.size(); ++position)
+        told[position] = withNumber(labels.at(position), position);
+    return told;
+}
+
+} // namespace pingwell
