@@ -248,8 +248,12 @@ private slots:
 
     void personWithoutAWorkspaceSeesWords()
     {
-        const Screen screen(root, SeedData());
+        Screen screen(root, SeedData());
         QCOMPARE(screen.name(u"sidebar.workspace"_s), u"No workspace yet, Create one here"_s);
+        screen.click({u"sidebar.topics"_s, u"topics.new.name"_s});
+        screen.type(u"deploys"_s);
+        screen.press(Qt::Key_Return);
+        QCOMPARE(screen.text(u"topics.new.name"_s), u"deploys"_s);
     }
 
     void singleKeysStayOutOfFieldsAndSheets()
