@@ -1,7 +1,5 @@
 #include "platform/banner.h"
 
-#include <QStringList>
-
 #include <algorithm>
 
 namespace pingwell {
@@ -22,14 +20,34 @@ bool isNothing(const Banner &banner)
     return banner.number == 0 && !banner.isSending && !banner.next;
 }
 
+/// How much a banner would be missed.
+int weight(const Banner &banner)
+{
+    if (banner.stage == Banner::Stage::closed)
+        return 0;
+    return (banner.takesAnswers ? 3 : 1) + (banner.stage == Banner::Stage::shown ? 1 : 0);
+}
+
 } // namespace
+
+std::optional<Banner> BannerList::makeRoom()
+{
+    if (m_banners.size() < mostBanners)
+        return std::nullopt;
+    // Whose number is not known yet could not be closed.
+    const auto isMissedLess = [](const Banner &left, const Banner &right) {
+        return left.isSending == right.isSending ? weight(left) < weight(right) : right.isSending;
+    };
+    const auto least = std::min_element(m_banners.begin(), m_banners.end(), isMissedLess);
+    if (least->isSending)
+        return std::nullopt;
+    return m_banners.takeAt(least - m_banners.begin());
+}
 
 Banner &BannerList::obtain(const QString &requestIdentifier)
 {
     if (Banner *const known = find(requestIdentifier))
         return *known;
-    if (m_banners.size() >= mostBanners)
-        m_banners.removeFirst();
     m_banners.emplace_back().requestIdentifier = requestIdentifier;
     return m_banners.last();
 }
@@ -62,6 +80,16 @@ QStringList BannerList::requestIdentifiers() const
     for (const Banner &banner : m_banners)
         identifiers.append(banner.requestIdentifier);
     return identifiers;
+}
+
+void BannerList::number(Banner &banner, const QString &server, uint number)
+{
+    for (Banner &other : m_banners) {
+        if (other.number == number && other.server == server)
+            other.number = 0;
+    }
+    banner.server = server;
+    banner.number = number;
 }
 
 void BannerList::forget(const QString &requestIdentifier)

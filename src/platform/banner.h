@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -17,7 +18,7 @@ struct Banner
         shown,
         /// No longer on the screen; some servers keep it in a list, where it can still be clicked.
         expired,
-        /// Taken back by us; the server may still report what the person did just before.
+        /// Taken back by us; until the server confirms it, it may still report what the person pressed just before.
         closed
     };
 
@@ -27,6 +28,10 @@ struct Banner
     QString server;
     uint number = 0;
     Stage stage = Stage::shown;
+    /// The keys of all that the server was ever asked to draw under this number; it may report others.
+    QStringList offeredKeys;
+    /// It is a question's: what is pressed in it may be an answer.
+    bool takesAnswers = false;
     /// Lets the next response bring a window forward.
     QString activationToken;
     /// The server has not told yet under which number it shows what was sent last.
@@ -37,10 +42,14 @@ struct Banner
     std::optional<NotificationRequest> next;
 };
 
-/// The banners of this run, oldest first. Bounded: the oldest are forgotten, long after servers have dropped them.
+/// The banners of this run, oldest first. A server's number stands for one of them at most.
 class BannerList
 {
 public:
+    /// Gives one up where there are as many as there may be, for the server to be asked to close it: what was taken
+    /// back goes first, then notices, then questions, each from the oldest on, and what has left the screen before what
+    /// is on it. None is given up that the server has not named a number for.
+    [[nodiscard]] std::optional<Banner> makeRoom();
     /// The one of that request, made if there is none.
     Banner &obtain(const QString &requestIdentifier);
     [[nodiscard]] Banner *find(const QString &requestIdentifier);
@@ -50,6 +59,8 @@ public:
     [[nodiscard]] bool isAnySending() const;
     [[nodiscard]] QStringList requestIdentifiers() const;
 
+    /// Notes under which number that server shows the banner. A number that stood for another one does so no longer.
+    void number(Banner &banner, const QString &server, uint number);
     void forget(const QString &requestIdentifier);
     /// Ends what the server shows under its number; what is still to be shown stays.
     void forgetNumber(const QString &requestIdentifier);

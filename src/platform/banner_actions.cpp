@@ -2,19 +2,21 @@
 
 #include "ui/display_text.h"
 
+#include <QHash>
+
+#include <algorithm>
+
 namespace pingwell {
 
 namespace {
 
-/// What a button can show of a choice.
+/// How much of a choice a button is trusted to show.
 constexpr qsizetype longestLabel = 40;
 /// More than any server has room for; thousands would keep it busy.
 constexpr qsizetype mostButtons = 32;
 
 const QString openKey = QStringLiteral("default");
 const QString moreKey = QStringLiteral("more");
-/// Plasma's own, taken over by others (KDE notifications, "inline-reply" capability).
-const QString inlineReplyKey = QStringLiteral("inline-reply");
 
 /// How many buttons beside the click on the banner the server draws in their order. GNOME Shell silently drops those
 /// after the third; Plasma puts the first ones below the others from the fifth on.
@@ -27,10 +29,22 @@ qsizetype buttonsOf(const NotificationServer &server)
     return mostButtons;
 }
 
-QString labelOf(const NotificationAction &action, qsizetype position)
+/// Two labels that look the same have the same one of these.
+QString looksOf(const QString &title)
 {
-    const QString label = displayLine(action.title, longestLabel);
-    return label.isEmpty() ? QString(QStringLiteral("Choice ") + QString::number(position)) : label;
+    return displayLine(title, longestLabel).normalized(QString::NormalizationForm_KC);
+}
+
+/// Whether each of the first `shown` actions can be read whole on its button, and taken for no other one.
+bool areTellable(const QList<NotificationAction> &actions, qsizetype shown)
+{
+    QHash<QString, int> sameLooks;
+    for (const NotificationAction &action : actions)
+        ++sameLooks[looksOf(action.title)];
+    return std::all_of(actions.begin(), actions.begin() + shown, [&](const NotificationAction &action) {
+        const QString label = displayLine(action.title);
+        return !label.isEmpty() && label.size() <= longestLabel && sameLooks.value(looksOf(action.title)) == 1;
+    });
 }
 
 QString keyOf(const NotificationAction &action, const NotificationServer &server)
@@ -46,9 +60,11 @@ QList<BannerAction> fitActions(const QList<NotificationAction> &actions, const N
         return {};
     QList<BannerAction> fitted{{openKey, QStringLiteral("Open")}};
     const qsizetype room = buttonsOf(server);
-    const qsizetype shown = actions.size() > room ? room - 1 : actions.size();
+    qsizetype shown = actions.size() > room ? room - 1 : actions.size();
+    if (!areTellable(actions, shown))
+        shown = 0;
     for (const NotificationAction &action : actions.first(shown))
-        fitted.append({keyOf(action, server), labelOf(action, fitted.size())});
+        fitted.append({keyOf(action, server), displayLine(action.title)});
     if (shown < actions.size())
         fitted.append({moreKey, QStringLiteral("More…")});
     return fitted;
@@ -64,15 +80,11 @@ std::optional<NotificationTextInput> replyFieldFor(const QList<NotificationActio
     return std::nullopt;
 }
 
-std::optional<QString> actionIdentifierOf(const QString &key)
+std::optional<QString> actionIdentifierOf(const QString &key, const QStringList &offeredKeys)
 {
-    if (key == openKey || key == moreKey)
-        return defaultActionIdentifier;
-    if (key == inlineReplyKey || key == replyActionIdentifier)
-        return replyActionIdentifier;
-    if (key.startsWith(answerActionPrefix))
-        return key;
-    return std::nullopt;
+    if (!offeredKeys.contains(key) || key == inlineReplyKey)
+        return std::nullopt;
+    return key == moreKey ? defaultActionIdentifier : key;
 }
 
 } // namespace pingwell

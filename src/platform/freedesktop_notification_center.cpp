@@ -75,8 +75,13 @@ void FreedesktopNotificationCenter::setCategories(const QList<NotificationCatego
 
 void FreedesktopNotificationCenter::add(const NotificationRequest &request)
 {
+    if (!m_banners.find(request.identifier)) {
+        if (std::optional<Banner> givenUp = m_banners.makeRoom())
+            close(*givenUp);
+    }
     Banner &banner = m_banners.obtain(request.identifier);
     banner.isWithdrawn = false;
+    banner.takesAnswers = request.content.categoryIdentifier.has_value();
     banner.next = request;
     listen();
     sendWaiting();
@@ -154,15 +159,20 @@ QCoro::Task<> FreedesktopNotificationCenter::readServer(QPointer<FreedesktopNoti
 void FreedesktopNotificationCenter::send(Banner &banner)
 {
     const NotificationRequest request = *std::exchange(banner.next, std::nullopt);
-    // One that has left the screen would be replaced where nobody looks.
-    if (banner.stage == Banner::Stage::expired)
+    // One that has left the screen would be replaced where nobody looks; and what was just pressed in one that offers
+    // something else must not be taken for a press of this one's.
+    if (banner.stage == Banner::Stage::expired || banner.payload != request.content.payload)
         close(banner);
-    if (banner.stage != Banner::Stage::shown || banner.server != m_server->owner)
+    if (banner.stage != Banner::Stage::shown || banner.server != m_server->owner) {
         banner.number = 0;
+        banner.offeredKeys.clear();
+    }
     banner.stage = Banner::Stage::shown;
     banner.payload = request.content.payload;
     banner.isSending = true;
     const auto actions = m_actions.value(request.content.categoryIdentifier.value_or(QString()));
+    for (const BannerAction &action : fitActions(actions, *m_server))
+        banner.offeredKeys.append(action.key);
     launch("showing a notification",
            show(this, request, showBannerCall(request.content, actions, *m_server, banner.number)));
 }
@@ -183,8 +193,7 @@ void FreedesktopNotificationCenter::noteSent(const NotificationRequest &request,
         return;
     banner->isSending = false;
     if (reply.type() == QDBusMessage::ReplyMessage) {
-        banner->server = reply.service();
-        banner->number = reply.arguments().value(0).toUInt();
+        m_banners.number(*banner, reply.service(), reply.arguments().value(0).toUInt());
         banner->stage = Banner::Stage::shown;
     } else if (isFromNobody(reply) && !banner->isWithdrawn) {
         // The server had just left; its successor gets what it never saw.
@@ -195,7 +204,7 @@ void FreedesktopNotificationCenter::noteSent(const NotificationRequest &request,
     if (banner->isWithdrawn)
         close(*banner);
     const QList<BannerEvent> early = m_early.take(banner->server, banner->number);
-    if (banner->isWithdrawn || (banner->number == 0 && !banner->next))
+    if (banner->number == 0 && !banner->next)
         m_banners.forget(request.identifier);
     for (const BannerEvent &event : early)
         handle(event);
@@ -213,8 +222,10 @@ void FreedesktopNotificationCenter::withdraw(const QString &identifier)
     banner->isWithdrawn = true;
     if (banner->isSending)
         return;
+    // It stays known until the server confirms: an answer pressed just before is still on its way.
     close(*banner);
-    m_banners.forget(identifier);
+    if (banner->number == 0)
+        m_banners.forget(identifier);
 }
 
 void FreedesktopNotificationCenter::close(Banner &banner) const
@@ -236,11 +247,12 @@ void FreedesktopNotificationCenter::handle(const BannerEvent &event)
     }
     switch (event.kind) {
     case BannerEvent::Kind::action:
-        if (const std::optional<QString> identifier = actionIdentifierOf(event.text))
+        if (const std::optional<QString> identifier = actionIdentifierOf(event.text, banner->offeredKeys))
             respond(*banner, *identifier, std::nullopt);
         break;
     case BannerEvent::Kind::reply:
-        respond(*banner, replyActionIdentifier, event.text);
+        if (banner->offeredKeys.contains(inlineReplyKey))
+            respond(*banner, replyActionIdentifier, event.text);
         break;
     case BannerEvent::Kind::closed:
         handleClosed(*banner, event.reason);
@@ -255,12 +267,10 @@ void FreedesktopNotificationCenter::handle(const BannerEvent &event)
 void FreedesktopNotificationCenter::handleClosed(Banner &banner, uint reason)
 {
     const bool isOver = reason == dismissedByPerson || reason == closedByCall;
-    if (!isOver) {
-        if (banner.stage == Banner::Stage::shown)
-            banner.stage = Banner::Stage::expired;
-    } else {
+    if (isOver)
         m_banners.forgetNumber(banner.requestIdentifier);
-    }
+    else if (banner.stage == Banner::Stage::shown)
+        banner.stage = Banner::Stage::expired;
 }
 
 void FreedesktopNotificationCenter::respond(Banner &banner, const QString &actionIdentifier,
@@ -274,10 +284,7 @@ void FreedesktopNotificationCenter::respond(Banner &banner, const QString &actio
     };
     // A response uses the banner up: a question that stays on the screen would invite a second answer.
     close(banner);
-    // Servers may report the press that opened their reply field before the text typed into it.
-    const bool mayStillReply = actionIdentifier == replyActionIdentifier && !text;
-    if (!mayStillReply)
-        m_banners.forgetNumber(banner.requestIdentifier);
+    m_banners.forgetNumber(banner.requestIdentifier);
     // Last: what the response leads to may well take the banner back, or show it anew.
     if (m_responseHandler)
         m_responseHandler(response);

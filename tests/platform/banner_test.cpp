@@ -1,3 +1,4 @@
+#include "platform/banner.h"
 #include "platform/banner_actions.h"
 #include "platform/banner_message.h"
 
@@ -13,11 +14,11 @@ NotificationServer server(const QString &name, bool readsMarkup = false, bool ta
     return {u":1.1"_s, name, true, readsMarkup, takesReplies};
 }
 
-QList<NotificationAction> choices(int count)
+QList<NotificationAction> choices(const QStringList &titles)
 {
     QList<NotificationAction> actions;
-    for (int index = 0; index < count; ++index)
-        actions.append({u"answer.%1"_s.arg(index), u"C%1"_s.arg(index), std::nullopt});
+    for (const QString &title : titles)
+        actions.append({u"answer.%1"_s.arg(actions.size()), title, std::nullopt});
     return actions;
 }
 
@@ -39,36 +40,39 @@ private slots:
     void fitting_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("count");
+        QTest::addColumn<QStringList>("titles");
         QTest::addColumn<QString>("fitted");
+        const QStringList c{u"C0"_s, u"C1"_s, u"C2"_s, u"C3"_s, u"C4"_s};
         const QString three = u"default=Open answer.0=C0 answer.1=C1 answer.2=C2"_s;
-        QTest::newRow("GNOME, all fit") << u"gnome-shell"_s << 3 << three;
+        QTest::newRow("GNOME, all fit") << u"gnome-shell"_s << c.first(3) << three;
         QTest::newRow("GNOME, one too many")
-            << u"gnome-shell"_s << 4 << u"default=Open answer.0=C0 answer.1=C1 more=More…"_s;
-        QTest::newRow("Plasma, all fit") << u"Plasma"_s << 4 << QString(three + u" answer.3=C3"_s);
-        QTest::newRow("Plasma, one too many") << u"Plasma"_s << 5 << QString(three + u" more=More…"_s);
+            << u"gnome-shell"_s << c.first(4) << u"default=Open answer.0=C0 answer.1=C1 more=More…"_s;
+        QTest::newRow("Plasma, all fit") << u"Plasma"_s << c.first(4) << QString(three + u" answer.3=C3"_s);
+        QTest::newRow("Plasma, one too many") << u"Plasma"_s << c << QString(three + u" more=More…"_s);
+        QTest::newRow("cleaned") << u"another"_s << QStringList{u"a\nb\u202E"_s} << u"default=Open answer.0=a b"_s;
+        const QString readElsewhere = u"default=Open more=More…"_s;
+        const auto untellable = [&](const char *row, const QStringList &titles) {
+            QTest::newRow(row) << u"gnome-shell"_s << titles << readElsewhere;
+        };
+        untellable("cut", {QString(41, u'x'), u"No"_s});
+        untellable("same beginnings", {QString(40, u'x') + u'y', QString(40, u'x') + u'z'});
+        untellable("blank", {u"Yes"_s, u"\u0001 "_s});
+        untellable("same looks", {u"Delete"_s, u"Del\u200Bete"_s});
+        untellable("same looks, written otherwise", {u"Löschen"_s, u"Lo\u0308schen"_s});
+        untellable("same as one without room", {u"a"_s, u"b"_s, u"c"_s, u"a "_s});
+        QTest::newRow("a long one without room")
+            << u"gnome-shell"_s << QStringList{u"a"_s, u"b"_s, u"c"_s, QString(99, u'x')}
+            << u"default=Open answer.0=a answer.1=b more=More…"_s;
     }
 
     void fitting()
     {
         QFETCH(QString, name);
-        QFETCH(int, count);
-        QTEST(written(fitActions(choices(count), server(name))), "fitted");
+        QFETCH(QStringList, titles);
+        QTEST(written(fitActions(choices(titles), server(name))), "fitted");
         NotificationServer plain = server(name);
         plain.drawsActions = false;
-        QVERIFY2(fitActions(choices(count), plain).isEmpty(), "buttons promised where there are none");
-    }
-
-    void keepsHostileChoicesInBounds()
-    {
-        QCOMPARE(fitActions(choices(5'000), server(u"another"_s)).constLast().key, u"more"_s);
-        const QList<NotificationAction> hostile{{u"answer.0"_s, u"a\nb\u202E"_s, std::nullopt},
-                                                {u"answer.1"_s, QString(300, u'x'), std::nullopt},
-                                                {u"answer.2"_s, u"\u0001"_s, std::nullopt}};
-        const QList<BannerAction> fitted = fitActions(hostile, server(u"another"_s));
-        QCOMPARE(fitted.at(1).label, u"a b"_s);
-        QVERIFY(fitted.at(2).label.endsWith(u'…') && fitted.at(2).label.size() < 50);
-        QCOMPARE(fitted.at(3).label, u"Choice 3"_s);
+        QVERIFY2(fitActions(choices(titles), plain).isEmpty(), "buttons promised where there are none");
     }
 
     void replying()
@@ -80,6 +84,54 @@ private slots:
         QCOMPARE(hints.value(u"x-kde-reply-placeholder-text"_s).toString(), u"Why?"_s);
         QCOMPARE(hints.value(u"x-kde-reply-submit-button-text"_s).toString(), u"Send"_s);
         QCOMPARE(written(fitActions(actions, server(u"Plasma"_s))), u"default=Open reply=Reply"_s);
+    }
+
+    void presses()
+    {
+        const QStringList offered{u"default"_s, u"more"_s, u"answer.0"_s, u"reply"_s, u"inline-reply"_s};
+        const QStringList meant{u"default"_s, u"default"_s, u"answer.0"_s, u"reply"_s, u"-"_s};
+        for (qsizetype key = 0; key < offered.size(); ++key)
+            QCOMPARE(actionIdentifierOf(offered.at(key), offered).value_or(u"-"_s), meant.at(key));
+        QVERIFY2(!actionIdentifierOf(u"answer.1"_s, offered), "a choice that was never offered");
+    }
+
+    void roomForOneMore_data()
+    {
+        QTest::addColumn<QStringList>("banners");
+        QTest::addColumn<QString>("givenUp");
+        const QStringList all{u"question"_s, u"question expired"_s, u"notice"_s, u"notice expired"_s,
+                              u"question closed"_s};
+        for (qsizetype least = 0; least < all.size(); ++least)
+            QTest::newRow(qPrintable(all.at(least)))
+                << all.first(least + 1) << u"%1 %2"_s.arg(least).arg(all.at(least));
+        QTest::newRow("none whose number is unknown") << QStringList{u"notice sending"_s} << QString();
+    }
+
+    /// The list is filled with more of the first kind.
+    void roomForOneMore()
+    {
+        QFETCH(QStringList, banners);
+        BannerList list;
+        std::optional<Banner> givenUp;
+        for (uint count = 0; count < 300 && !givenUp; givenUp = list.makeRoom()) {
+            const QString what = banners.value(count, banners.constFirst());
+            Banner &banner = list.obtain(u"%1 %2"_s.arg(count).arg(what));
+            list.number(banner, u":1.1"_s, ++count);
+            banner.takesAnswers = what.startsWith(u"question");
+            banner.isSending = what.endsWith(u"sending");
+            banner.stage = what.endsWith(u"expired")  ? Banner::Stage::expired
+                           : what.endsWith(u"closed") ? Banner::Stage::closed
+                                                      : Banner::Stage::shown;
+        }
+        QTEST(givenUp.value_or(Banner()).requestIdentifier, "givenUp");
+    }
+
+    void aNumberIsTheLastOnesAlone()
+    {
+        BannerList list;
+        list.number(list.obtain(u"first"_s), u":1.1"_s, 7);
+        list.number(list.obtain(u"second"_s), u":1.1"_s, 7);
+        QCOMPARE(list.find(u":1.1"_s, 7)->requestIdentifier, u"second"_s);
     }
 
     void body()

@@ -62,10 +62,12 @@ private:
         m_responses.removeLast();
     }
 
-    uint show(const QString &alertId)
+    uint show(const QString &alertId) { return show(request(alertId)); }
+
+    uint show(const NotificationRequest &request)
     {
         const auto known = m_server->shown().size();
-        m_center->add(request(alertId));
+        m_center->add(request);
         [&] { QTRY_COMPARE(m_server->shown().size(), known + 1); }();
         return m_server->last().number;
     }
@@ -112,22 +114,38 @@ private slots:
             QString reply;
             QStringList responses;
         } cases[] = {{u"answer.1"_s, {}, {u"a answer.1 [token] -"_s}},
-                     {u"more"_s, {}, {u"a default [token] -"_s}},
-                     {u"reply"_s, {}, {u"a reply [token] -"_s}},
-                     {u"inline-reply"_s, u"why not"_s, {u"a reply [token] -"_s, u"a reply [] why not"_s}},
-                     {u"answer.0"_s, u"and more"_s, {u"a answer.0 [token] -"_s}}};
+                     {u"answer.0"_s, u"and more"_s, {u"a answer.0 [token] -"_s}},
+                     // Neither offered: the banner stays usable.
+                     {u"answer.2"_s, u"no field"_s, {}},
+                     {u"the server's own"_s, {}, {}}};
         for (const auto &row : cases) {
             m_responses.clear();
             const uint number = show(u"a"_s);
             m_server->giveActivationToken(number, u"token"_s);
-            m_server->invokeAction(number, u"the server's own"_s);
+            m_server->invokeAction(number, row.key);
             m_server->invokeAction(number, row.key);
             if (!row.reply.isEmpty())
                 m_server->reply(number, row.reply);
             settle();
             QCOMPARE(m_responses, row.responses);
-            QVERIFY2(m_server->closed().contains(number), "it stays on the screen after it was used");
+            QCOMPARE(m_server->closed().contains(number), !row.responses.isEmpty());
         }
+    }
+
+    void aFieldThatOpensKeepsItsBanner()
+    {
+        m_server->vanish();
+        m_server->capabilities << u"inline-reply"_s;
+        QVERIFY(m_server->appear());
+        m_center->setCategories({{yesNo.identifier, {{u"reply"_s, u"Reply"_s, NotificationTextInput{}}}}});
+        const uint number = show(u"a"_s);
+        m_server->invokeAction(number, u"inline-reply"_s);
+        settle();
+        QVERIFY(m_responses.isEmpty() && !m_server->closed().contains(number));
+        m_server->reply(number, u"why not"_s);
+        settle();
+        QCOMPARE(m_responses, QStringList{u"a reply [] why not"_s});
+        QVERIFY(m_server->closed().contains(number));
     }
 
     void disappearingIsNoAnswer()
@@ -179,12 +197,45 @@ private slots:
         QTRY_VERIFY2(m_server->closed().contains(second), "the program has ended");
     }
 
+    void anAnswerThatCrossesItsEndIsHeard()
+    {
+        const uint number = show(u"a"_s);
+        settle();
+        m_center->remove({u"a"_s});
+        m_server->invokeAction(number, u"answer.0"_s);
+        settle();
+        QCOMPARE(m_responses, QStringList{u"a answer.0 [] -"_s});
+    }
+
+    void oneTooManyIsClosedNotJustForgotten()
+    {
+        const uint first = show(u"0"_s);
+        // No more at a time than a bus lets wait for a reply.
+        for (int count = 1; count < 256; ++count) {
+            m_center->add(request(QString::number(count)));
+            if (count % 64 == 63)
+                QTRY_COMPARE(m_server->shown().size(), count + 1);
+        }
+        QVERIFY(m_server->closed().isEmpty());
+        settle();
+        QVERIFY(m_server->closed().contains(first));
+    }
+
     void replacesItsOwnOnly()
     {
         const uint number = show(u"a"_s);
         settle();
         show(u"a"_s);
         QCOMPARE(m_server->last().replaced, number);
+        settle();
+
+        // Not one that offers something else: a press of "Yes" would be taken for whatever stands there now.
+        NotificationRequest other = request(u"c"_s);
+        show(u"c"_s);
+        settle();
+        other.content.payload.actions = {u"No"_s, u"Yes"_s};
+        show(other);
+        QCOMPARE(m_server->last().replaced, 0u);
         settle();
 
         // Also while the first one's number is unknown.
