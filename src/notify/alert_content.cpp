@@ -60,11 +60,14 @@ NotificationContent contentOf(const Alert &alert, const std::optional<QString> &
     return content;
 }
 
-NotificationContent refusalOf(const Alert &alert, const std::optional<QString> &workspaceName, const QString &message)
+NotificationContent refusalContent(const Alert &alert, const std::optional<QString> &workspaceName,
+                                   const AnswerRefusal &refusal)
 {
     NotificationContent content = contentOf(alert, workspaceName, false);
     // First, where a short banner can't cut it off.
-    content.body = QStringLiteral("Your answer didn't go through. ") + message + u'\n' + alert.body;
+    content.body = QStringLiteral("Your answer didn't go through. ") + refusal.reason + u'\n' + alert.body;
+    if (!refusal.canAnswerAgain)
+        content.categoryIdentifier.reset();
     return content;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/alert.h"
+#include "notify/answer_refusal.h"
 #include "notify/notification_content.h"
 
 #include <optional>
@@ -15,8 +16,8 @@ namespace pingwell {
 [[nodiscard]] NotificationContent contentOf(const Alert &alert, const std::optional<QString> &workspaceName,
                                             bool sound);
 
-/// The alert as a notification that says its answer was not accepted.
-[[nodiscard]] NotificationContent refusalOf(const Alert &alert, const std::optional<QString> &workspaceName,
-                                            const QString &message);
+/// The alert as a notification that says its answer was not accepted, with its actions where it can be answered again.
+[[nodiscard]] NotificationContent refusalContent(const Alert &alert, const std::optional<QString> &workspaceName,
+                                                 const AnswerRefusal &refusal);
 
 } // namespace pingwell

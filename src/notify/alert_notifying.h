@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/alert.h"
+#include "notify/answer_refusal.h"
 
 #include <QStringList>
 
@@ -25,10 +26,14 @@ public:
     /// Takes back every notification of the program.
     virtual void removeAll() = 0;
 
-    /// Shows the alert again because the answer given from its notification was not accepted; `message` says why. Only
-    /// a critical alert makes a sound for it.
+    /// Says that an answer to the alert was not accepted, in the place of the alert's notification. It can be answered
+    /// there where the refusal says so. Only a critical alert makes a sound for it.
     virtual void deliverRefusal(const Alert &alert, const std::optional<QString> &workspaceName,
-                                const QString &message) = 0;
+                                const AnswerRefusal &refusal) = 0;
+
+    /// The asks with these ids wait no longer: their notifications are taken back. One that tells of a refusal stays to
+    /// be read, without the buttons.
+    virtual void endAsks(const QStringList &alertIDs) = 0;
 
     /// Shows a message of the program itself, about no alert; pressing it opens the main window. A later one with the
     /// same `identifier` replaces it.

@@ -75,6 +75,8 @@ struct NotificationRequest
 {
     QString identifier;
     NotificationContent content;
+    /// Only changes what is still on the screen: what the person has dismissed does not come back.
+    bool onlyReplaces = false;
 
     friend bool operator==(const NotificationRequest &, const NotificationRequest &) = default;
 };

@@ -40,23 +40,44 @@ void UserNotifier::setResponses(std::weak_ptr<AlertResponses> responses)
 
 void UserNotifier::deliver(const Alert &alert, const std::optional<QString> &workspaceName, bool sound)
 {
+    m_refusals.remove(alert.id);
     show(alert, contentOf(alert, workspaceName, sound));
 }
 
 void UserNotifier::remove(const QStringList &identifiers)
 {
+    for (const QString &identifier : identifiers)
+        m_refusals.remove(identifier);
     m_center->remove(identifiers);
 }
 
 void UserNotifier::removeAll()
 {
+    m_refusals.clear();
     m_center->removeAll();
 }
 
 void UserNotifier::deliverRefusal(const Alert &alert, const std::optional<QString> &workspaceName,
-                                  const QString &message)
+                                  const AnswerRefusal &refusal)
 {
-    show(alert, refusalOf(alert, workspaceName, message));
+    const NotificationContent content = refusalContent(alert, workspaceName, refusal);
+    m_refusals.insert(alert.id, content);
+    show(alert, content);
+}
+
+void UserNotifier::endAsks(const QStringList &alertIDs)
+{
+    QStringList answerable;
+    for (const QString &id : alertIDs) {
+        const auto refusal = m_refusals.find(id);
+        if (refusal == m_refusals.end()) {
+            answerable.append(id);
+        } else if (std::exchange(refusal->categoryIdentifier, std::nullopt)) {
+            refusal->sound = false;
+            m_center->add({.identifier = id, .content = *refusal, .onlyReplaces = true});
+        }
+    }
+    m_center->remove(answerable);
 }
 
 void UserNotifier::deliverMessage(const QString &identifier, const QString &title, const QString &message)

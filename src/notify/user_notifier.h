@@ -26,7 +26,8 @@ public:
     void remove(const QStringList &identifiers) override;
     void removeAll() override;
     void deliverRefusal(const Alert &alert, const std::optional<QString> &workspaceName,
-                        const QString &message) override;
+                        const AnswerRefusal &refusal) override;
+    void endAsks(const QStringList &alertIDs) override;
     void deliverMessage(const QString &identifier, const QString &title, const QString &message) override;
 
 private:
@@ -38,6 +39,8 @@ private:
     std::weak_ptr<AlertResponses> m_responses;
     /// By identifier; the desktop knows them all, so that a notification shown long ago keeps its actions.
     QMap<QString, NotificationCategory> m_categories;
+    /// What tells of a refusal, by the alert's id; it may have been dismissed since.
+    QMap<QString, NotificationContent> m_refusals;
 };
 
 } // namespace pingwell

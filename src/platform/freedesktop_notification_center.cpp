@@ -75,7 +75,10 @@ void FreedesktopNotificationCenter::setCategories(const QList<NotificationCatego
 
 void FreedesktopNotificationCenter::add(const NotificationRequest &request)
 {
-    if (!m_banners.find(request.identifier)) {
+    const Banner *const known = m_banners.find(request.identifier);
+    if (request.onlyReplaces && (!known || known->isWithdrawn || known->stage != Banner::Stage::shown))
+        return;
+    if (!known) {
         if (std::optional<Banner> givenUp = m_banners.makeRoom())
             close(*givenUp);
     }

@@ -31,6 +31,11 @@ AppStore::AppStore(SeedData seed, bool signedIn, std::shared_ptr<Preferences> de
 {
     connect(this, &AppStore::alertsChanged, this, &AppStore::unreadCountChanged);
     connect(this, &AppStore::activeWorkspaceIDChanged, this, &AppStore::unreadCountChanged);
+    connect(this, &AppStore::alertsChanged, this, &AppStore::endNotifications);
+    connect(this, &AppStore::nowChanged, this, [this] {
+        if (m_waitingAsks.mayEndBy(m_now))
+            endNotifications();
+    });
     fillFromSeed();
     if (m_defaults)
         StartSteps::restoreServerChoice(*this);

@@ -13,6 +13,7 @@
 #include "store/mutation_count.h"
 #include "store/seed_data.h"
 #include "store/unread_overrides.h"
+#include "store/waiting_asks.h"
 
 #include <QCoroTask>
 #include <QHash>
@@ -153,7 +154,7 @@ public:
     /// Keeps what is being typed, cut to `maximumAnswerLength` units without splitting a character.
     Q_INVOKABLE void setReplyDraft(const QString &text, const QString &alertID);
     Q_INVOKABLE void answer(const QString &alertID, const QString &text);
-    /// The same, for an answer given in a notification: that is where a refusal is told, too.
+    /// The same, for an answer given in a notification: there a refusal is told even where nothing could be sent.
     void answerFromNotification(const QString &alertID, const QString &text);
     Q_INVOKABLE void setRead(const QString &alertID, bool read);
     Q_INVOKABLE void toggleRead(const QString &alertID);
@@ -324,6 +325,8 @@ private:
     void tellIfForgotten();
     void removeReplyDraft(const QString &alertID);
     void withdrawNotifications(const QStringList &alertIDs);
+    /// Takes the buttons from the screen that ask for answers to what waits for none any more.
+    void endNotifications();
     [[nodiscard]] std::optional<QString> workspaceName(const QString &workspaceID) const;
     /// Tells the service of a change already made here; a demo has nobody to tell.
     void mutate(Rollback rollback, Operation operation, Refused refused = {});
@@ -397,6 +400,7 @@ private:
     /// A refused change still waits for a refresh that may be applied.
     bool m_refreshIsOwed = false;
     UnreadOverrides m_unreadOverrides;
+    WaitingAsks m_waitingAsks;
     bool m_toldOfForgetting = false;
     /// The dashboard last merged, and the epoch it was merged in: the same bytes in the same epoch change nothing.
     QByteArray m_appliedBody;

@@ -78,13 +78,13 @@ void AppStore::deleteAlert(const QString &alertID)
     const auto workspace = workspaceWithID(alert->workspaceId);
     if (!workspace || workspace->role == WorkspaceRole::viewer)
         return;
+    withdrawNotifications({alertID});
     QList<Alert> alerts = m_alerts;
     alerts.removeIf([&alertID](const Alert &other) { return other.id == alertID; });
     set(m_alerts, alerts, &AppStore::alertsChanged);
     if (m_selectedAlertID == alertID)
         selectAlert(QString());
     m_unreadOverrides.set(alertID, false);
-    withdrawNotifications({alertID});
     mutate(
         [deleted = *alert](AppStore &store) {
             if (!store.alertWithID(deleted.id))

@@ -1,6 +1,7 @@
 #include "store/app_store.h"
 
 #include "api/endpoints.h"
+#include "store/answer_rules.h"
 #include "store/text_cut.h"
 
 namespace pingwell {
@@ -13,20 +14,18 @@ QCoro::Task<> sendAnswer(APIClientPtr client, QString workspaceID, QString alert
     co_await endpoints::answerAlert(client, workspaceID, alertID, answer);
 }
 
-QString closedMessage()
-{
-    return QStringLiteral("This question can't be answered any more.");
-}
-
 } // namespace
 
 /// What an answer does to the store.
 struct AppStore::AnswerSteps
 {
-    /// False when the answer may not be given; nothing has happened then.
-    static bool submit(AppStore &store, const QString &alertID, const QString &text, Refused refused);
+    /// Gives the answer. Where that may not be done nothing has happened, and the reason is returned.
+    static std::optional<AnswerRefusal> submit(AppStore &store, const QString &alertID, const QString &text);
     static void keepDraft(AppStore &store, const QString &alertID, const QString &text);
-    static void tellRefusal(const AppStore &store, const QString &alertID, const QString &message);
+    /// The service refused, or can't be reached; the answer given to `before` has been undone.
+    static void refused(AppStore &store, const Alert &before, const QString &message);
+    static void tellRefusal(AppStore &store, const Alert &alert, const AnswerRefusal &refusal);
+    static void tellRefusalOfGone(const AppStore &store, const QString &alertID, const QString &reason);
 };
 
 void AppStore::setReplyDraft(const QString &text, const QString &alertID)
@@ -52,64 +51,82 @@ void AppStore::removeReplyDraft(const QString &alertID)
 
 void AppStore::answer(const QString &alertID, const QString &text)
 {
-    AnswerSteps::submit(*this, alertID, text, {});
+    static_cast<void>(AnswerSteps::submit(*this, alertID, text));
 }
 
 void AppStore::answerFromNotification(const QString &alertID, const QString &text)
 {
-    const auto refused = [alertID](AppStore &store, const QString &message) {
-        AnswerSteps::tellRefusal(store, alertID, message);
-    };
-    if (AnswerSteps::submit(*this, alertID, text, refused))
+    const auto refusal = AnswerSteps::submit(*this, alertID, text);
+    if (!refusal)
         return;
     const auto alert = alertWithID(alertID);
     if (!alert) {
-        // Of an alert that is gone no banner can be shown.
-        showToast(closedMessage(), true);
+        AnswerSteps::tellRefusalOfGone(*this, alertID,
+                                       isSignedIn() ? refusal->reason : QStringLiteral("You are signed out."));
         return;
     }
-    const bool isOpen = canAnswer(*alert);
     // The banner is gone with what was typed into it; a window keeps its field.
-    if (isOpen && alert->acceptsText())
+    if (alert->acceptsText() && !text.trimmed().isEmpty())
         setReplyDraft(text, alertID);
-    AnswerSteps::tellRefusal(*this, alertID,
-                             isOpen ? QStringLiteral("An answer has 1 to 1000 characters.") : closedMessage());
+    AnswerSteps::tellRefusal(*this, *alert, *refusal);
 }
 
-void AppStore::AnswerSteps::tellRefusal(const AppStore &store, const QString &alertID, const QString &message)
-{
-    const auto alert = store.alertWithID(alertID);
-    if (alert && store.m_backend && store.m_backend->notifier)
-        store.m_backend->notifier->deliverRefusal(*alert, store.workspaceName(alert->workspaceId), message);
-}
-
-bool AppStore::AnswerSteps::submit(AppStore &store, const QString &alertID, const QString &text, Refused refused)
+std::optional<AnswerRefusal> AppStore::AnswerSteps::submit(AppStore &store, const QString &alertID, const QString &text)
 {
     store.checkMainThread();
     const auto alert = store.alertWithID(alertID);
-    if (!alert || !store.canAnswer(*alert))
-        return false;
-    const auto validated = alert->validatedAnswer(text);
-    if (!validated)
-        return false;
+    const auto workspace = alert ? store.workspaceWithID(alert->workspaceId) : std::nullopt;
+    const auto role = workspace ? std::optional(workspace->role) : std::nullopt;
+    if (const auto refusal = refusalOf(alert, role, text, store.m_now))
+        return refusal;
     Alert answered = *alert;
-    answered.answer = validated;
+    answered.answer = alert->validatedAnswer(text);
     answered.read = true;
+    // Before the ask ends in the store: its banner, a refusal's too, goes away as a whole, not its buttons alone.
+    store.withdrawNotifications({alertID});
     store.replaceAlert(answered);
     store.removeReplyDraft(alertID);
     store.m_unreadOverrides.set(alertID, false);
-    store.withdrawNotifications({alertID});
     store.mutate(
-        [before = *alert, sent = *validated](AppStore &owner) {
+        [before = *alert, sent = *answered.answer](AppStore &owner) {
             owner.replaceAlert(before);
             if (before.acceptsText())
                 keepDraft(owner, before.id, sent);
         },
-        [workspaceID = alert->workspaceId, alertID, sent = *validated](APIClientPtr client) {
+        [workspaceID = alert->workspaceId, alertID, sent = *answered.answer](APIClientPtr client) {
             return sendAnswer(client, workspaceID, alertID, sent);
         },
-        std::move(refused));
-    return true;
+        [before = *alert](AppStore &owner, const QString &message) { refused(owner, before, message); });
+    return std::nullopt;
+}
+
+void AppStore::AnswerSteps::refused(AppStore &store, const Alert &before, const QString &message)
+{
+    const auto alert = store.alertWithID(before.id);
+    tellRefusal(store, alert.value_or(before), {.reason = message, .canAnswerAgain = alert && store.canAnswer(*alert)});
+}
+
+/// A toast would not be seen by somebody who doesn't look at the alert, and a panel closes before a silent service is
+/// given up.
+void AppStore::AnswerSteps::tellRefusal(AppStore &store, const Alert &alert, const AnswerRefusal &refusal)
+{
+    if (store.m_attention.isOnAlert(alert.id))
+        store.showToast(refusal.reason, true);
+    else if (store.m_backend && store.m_backend->notifier)
+        store.m_backend->notifier->deliverRefusal(alert, store.workspaceName(alert.workspaceId), refusal);
+}
+
+void AppStore::AnswerSteps::tellRefusalOfGone(const AppStore &store, const QString &alertID, const QString &reason)
+{
+    if (store.m_backend && store.m_backend->notifier)
+        store.m_backend->notifier->deliverMessage(alertID, QStringLiteral("Your answer didn't go through"), reason);
+}
+
+void AppStore::endNotifications()
+{
+    const QStringList ended = m_waitingAsks.endedIn(m_alerts, m_now);
+    if (!ended.isEmpty() && m_backend && m_backend->notifier)
+        m_backend->notifier->endAsks(ended);
 }
 
 } // namespace pingwell

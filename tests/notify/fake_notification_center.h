@@ -23,7 +23,7 @@ public:
     void openSettings() override { ++settingsOpened; }
     void setCategories(const QList<NotificationCategory> &categories) override { registered.append(categories); }
     void add(const NotificationRequest &request) override { added.append(request); }
-    void remove(const QStringList &) override {}
+    void remove(const QStringList &identifiers) override { removed << identifiers; }
     void removeAll() override { ++removedAll; }
     void setResponseHandler(ResponseHandler handler) override { responseHandler = std::move(handler); }
 
@@ -36,6 +36,7 @@ public:
     /// Each whole set that was registered.
     QList<QList<NotificationCategory>> registered;
     QList<NotificationRequest> added;
+    QStringList removed;
     int removedAll = 0;
     ResponseHandler responseHandler;
 };

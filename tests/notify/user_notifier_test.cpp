@@ -134,13 +134,38 @@ private slots:
         QCOMPARE(request.content.subtitle, u"Deployer · #releases · Team"_s);
         QCOMPARE(request.content.body, u"Version 2 is ready."_s);
         QCOMPARE(request.content.payload, (NotificationPayload{u"a-1"_s, u"w-1"_s, {u"Yes"_s, u"No"_s}}));
+    }
 
-        m_notifier->deliverRefusal(makeAlert(AlertKind::ask, AnswerType::text), std::nullopt, u"The ask is closed."_s);
-        const NotificationContent refusal = m_center->added.constLast().content;
-        QCOMPARE(refusal.subtitle, u"Deployer · #releases"_s);
-        QCOMPARE(refusal.body, u"Your answer didn't go through. The ask is closed.\nVersion 2 is ready."_s);
-        // It can be answered again, also when it was never delivered before.
-        QVERIFY(!refusal.sound && refusal.categoryIdentifier && m_center->registered.size() == 2);
+    void tellsRefusals()
+    {
+        const Alert ask = makeAlert(AlertKind::ask, AnswerType::text);
+        m_notifier->deliverRefusal(ask, std::nullopt, {u"Offline."_s, true});
+        const NotificationContent again = m_center->added.constLast().content;
+        QCOMPARE(again.subtitle, u"Deployer · #releases"_s);
+        QCOMPARE(again.body, u"Your answer didn't go through. Offline.\nVersion 2 is ready."_s);
+        // Registered also when it was never delivered before.
+        QVERIFY(!again.sound && again.categoryIdentifier && m_center->registered.size() == 1);
+        m_notifier->deliverRefusal(ask, std::nullopt, {u"The ask is closed."_s, false});
+        QVERIFY2(!m_center->added.constLast().content.categoryIdentifier, "it offers an answer that can't be given");
+    }
+
+    void anEndedAskLeavesNoButtons()
+    {
+        Alert told = makeAlert(AlertKind::ask, AnswerType::choice, {u"Yes"_s});
+        told.id = u"told"_s;
+        m_notifier->deliverRefusal(told, std::nullopt, {u"Offline."_s, true});
+        const QString said = m_center->added.constLast().content.body;
+        for (const int added : {2, 2}) {
+            m_notifier->endAsks({u"a-1"_s, u"told"_s});
+            QCOMPARE(m_center->added.size(), added);
+        }
+        const NotificationRequest left = m_center->added.constLast();
+        QVERIFY(left.onlyReplaces && left.content.body == said && !left.content.categoryIdentifier);
+        QCOMPARE(m_center->removed, (QStringList{u"a-1"_s, u"a-1"_s}));
+        // Announced anew or dealt with, it tells of no refusal any more.
+        m_notifier->deliver(told, std::nullopt, false);
+        m_notifier->endAsks({u"told"_s});
+        QCOMPARE(m_center->removed.constLast(), u"told"_s);
     }
 
     void responses_data()

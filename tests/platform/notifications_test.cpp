@@ -246,9 +246,17 @@ private slots:
         QTRY_COMPARE(m_server->last().replaced, second);
         settle();
 
-        // Where nobody would see it, it comes anew.
+        // Where nobody would see it, it comes anew, or not at all.
         m_server->close(number, 1);
         settle();
+        NotificationRequest change = request(u"a"_s);
+        change.onlyReplaces = true;
+        const auto known = m_server->shown().size();
+        m_center->add(change);
+        change.identifier = u"never shown"_s;
+        m_center->add(change);
+        settle();
+        QCOMPARE(m_server->shown().size(), known + 1);
         show(u"a"_s);
         QCOMPARE(m_server->last().replaced, 0u);
         QTRY_VERIFY(m_server->closed().contains(number));

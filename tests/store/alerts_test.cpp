@@ -59,7 +59,6 @@ private slots:
         m->release();
         QCOMPARE(store().replyDraft(a1), u"yes"_s);
         QCOMPARE(store().needsReplyCount(), 1);
-        QVERIFY2(m->notifier->refused.isEmpty(), "it was given in a window");
     }
 
     void draftsAreCutByCharacter()
@@ -69,26 +68,70 @@ private slots:
         QCOMPARE(store().replyDraft(a1).size(), 999);
     }
 
-    void aRefusalOfABannersAnswerIsToldInABanner()
+    void aRefusalIsToldWhereThePersonLooks_data()
     {
+        QTest::addColumn<bool>("fromBanner");
+        QTest::addColumn<bool>("isShown");
+        QTest::addColumn<QStringList>("refused");
+        const QStringList told{u"a1 in Workspace w1: Somebody was faster. Again?"_s};
+        QTest::newRow("a banner") << true << false << told;
+        QTest::newRow("a panel that has closed") << false << false << told;
+        QTest::newRow("a window that shows it") << false << true << QStringList();
+    }
+
+    void aRefusalIsToldWhereThePersonLooks()
+    {
+        QFETCH(bool, fromBanner);
         m->startWith({.alerts = {askJSON(a1, 60)}});
+        store().setAttention({.isOnAlert = [](const QString &id) {
+            QFETCH(bool, isShown);
+            return isShown && id == a1;
+        }});
         m->transport->plan("POST", answerPath, refusal);
         m->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
-        store().answerFromNotification(a1, u"Approve"_s);
+        if (fromBanner)
+            store().answerFromNotification(a1, u"Approve"_s);
+        else
+            store().answer(a1, u"Approve"_s);
         m->settle();
-        QCOMPARE(m->notifier->refused, QStringList{u"a1 in Workspace w1: Somebody was faster."_s});
+        QTEST(m->notifier->refused, "refused");
+        QCOMPARE(store().toast()->message, u"Somebody was faster."_s);
     }
 
     void aBannersAnswerThatMayNotBeGivenIsToldToo()
     {
         m->startWith(textAsk());
+        store().setReplyDraft(u"half a thou"_s, a1);
+        store().answerFromNotification(a1, u" "_s);
+        QCOMPARE(store().replyDraft(a1), u"half a thou"_s);
         store().answerFromNotification(a1, QString(1001, u'x'));
-        QCOMPARE(m->notifier->refused, QStringList{u"a1 in Workspace w1: An answer has 1 to 1000 characters."_s});
+        const QString told = u"a1 in Workspace w1: An answer has 1 to 1000 characters. Again?"_s;
+        QCOMPARE(m->notifier->refused, (QStringList{told, told}));
         QCOMPARE(store().replyDraft(a1).size(), 1000);
-        QVERIFY(!store().toast());
         store().answerFromNotification(u"deleted"_s, u"x"_s);
-        QCOMPARE(m->notifier->refused.size(), 1);
-        QCOMPARE(store().toast()->message, u"This question can't be answered any more."_s);
+        store().endSession({});
+        store().answerFromNotification(a1, u"x"_s);
+        QCOMPARE(m->notifier->messages,
+                 (QStringList{u"deleted: Your answer didn't go through | This question no longer exists."_s,
+                              u"a1: Your answer didn't go through | You are signed out."_s}));
+        QVERIFY(!store().toast());
+    }
+
+    void bannersEndWithTheirAsks()
+    {
+        const QString a2 = u"a2"_s;
+        const QString a3 = u"a3"_s;
+        const double soon = millisecondsFromInstant(testStart + Seconds(30));
+        const QJsonObject timed = askJSON(a3, 60, {{u"expiresAt"_s, soon}});
+        m->startWith({.alerts = {askJSON(a1, 60), askJSON(a2, 60), timed}});
+        store().startClock();
+        m->refreshWith({.alerts = {askJSON(a2, 60), timed}});
+        QCOMPARE(m->notifier->ended, QStringList{a1});
+        m->refreshWith({.alerts = {askJSON(a2, 60, {{u"answer"_s, u"Deny"_s}}), timed}});
+        QCOMPARE(m->notifier->ended, (QStringList{a1, a2}));
+        m->clock->advance(std::chrono::seconds(30));
+        m->settle();
+        QCOMPARE(m->notifier->ended, (QStringList{a1, a2, a3}));
     }
 
     void deletingClearsWhatShowsIt()

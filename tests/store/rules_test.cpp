@@ -1,7 +1,9 @@
+#include "store/answer_rules.h"
 #include "store/invite_rules.h"
 #include "store/outcome_text.h"
 #include "store/text_cut.h"
 #include "store/topic_slug.h"
+#include "store/waiting_asks.h"
 
 #include <QTest>
 
@@ -126,6 +128,74 @@ private slots:
         QVERIFY(outcomeText(alert, own, std::nullopt).startsWith(u"No reply in 0m — "_s));
         alert.expiresAt = alert.at + Seconds(15 * 60);
         QVERIFY(outcomeText(alert, own, active).startsWith(u"No reply in 15m — "_s));
+    }
+
+    void answerRefusals_data()
+    {
+        QTest::addColumn<std::optional<Alert>>("alert");
+        QTest::addColumn<std::optional<WorkspaceRole>>("role");
+        QTest::addColumn<QString>("answer");
+        QTest::addColumn<QString>("told");
+        Alert choice;
+        choice.kind = AlertKind::ask;
+        choice.actions = QStringList{u"Yes"_s};
+        choice.expiresAt = Instant(Seconds(1));
+        const auto row = [](const char *name, const std::optional<Alert> &alert, const QString &told,
+                            const QString &answer = u"Yes"_s,
+                            std::optional<WorkspaceRole> role = WorkspaceRole::member) {
+            QTest::newRow(name) << alert << role << answer << told;
+        };
+        const auto changed = [&choice](auto &&change) {
+            Alert alert = choice;
+            change(alert);
+            return alert;
+        };
+        row("taken", choice, u"-"_s);
+        row("gone", std::nullopt, u"This question no longer exists."_s);
+        row("no question", changed([](Alert &alert) { alert.kind = AlertKind::notify; }),
+            u"This alert asks for no answer."_s);
+        row("answered", changed([](Alert &alert) { alert.answer = u"Yes"_s; }),
+            u"This question has already been answered."_s);
+        row("too late", changed([](Alert &alert) { alert.expiresAt = Instant(); }),
+            u"The time to answer this question is over."_s);
+        row("left the workspace", choice, u"You no longer belong to this question's workspace."_s, u"Yes"_s, {});
+        row("viewer", choice, u"Viewers can't reply to asks."_s, u"Yes"_s, WorkspaceRole::viewer);
+        row("no choice any more", choice, u"The agent no longer offers this choice. Again?"_s, u"No"_s);
+        const Alert text = changed([](Alert &alert) { alert.answerType = AnswerType::text; });
+        row("text", text, u"-"_s, QString(1000, u'x'));
+        row("too long", text, u"An answer has 1 to 1000 characters. Again?"_s, QString(1001, u'x'));
+        row("empty", text, u"An answer has 1 to 1000 characters. Again?"_s, u" \n"_s);
+    }
+
+    void answerRefusals()
+    {
+        QFETCH(std::optional<Alert>, alert);
+        QFETCH(std::optional<WorkspaceRole>, role);
+        QFETCH(QString, answer);
+        const auto refusal = refusalOf(alert, role, answer, Instant());
+        QTEST(refusal ? refusal->reason + (refusal->canAnswerAgain ? u" Again?"_s : QString()) : u"-"_s, "told");
+    }
+
+    void asksEndOnce()
+    {
+        QList<Alert> alerts(4);
+        const auto at = [](int seconds) { return Instant(Seconds(seconds)); };
+        for (qsizetype index = 0; index < alerts.size(); ++index) {
+            alerts[index].id = QString::number(index);
+            alerts[index].kind = index == 3 ? AlertKind::notify : AlertKind::ask;
+            alerts[index].expiresAt = at(10 + static_cast<int>(index));
+        }
+        WaitingAsks asks;
+        QCOMPARE(asks.endedIn(alerts, at(0)), QStringList());
+        QVERIFY(!asks.mayEndBy(at(9)) && asks.mayEndBy(at(10)));
+        alerts[2].answer = u"Yes"_s;
+        alerts.removeAt(1);
+        QStringList ended = asks.endedIn(alerts, at(9));
+        ended.sort();
+        QCOMPARE(ended, (QStringList{u"1"_s, u"2"_s}));
+        QCOMPARE(asks.endedIn(alerts, at(10)), QStringList{u"0"_s});
+        QCOMPARE(asks.endedIn(alerts, at(11)), QStringList());
+        QVERIFY(!asks.mayEndBy(at(99)));
     }
 };
 

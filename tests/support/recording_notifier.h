@@ -7,7 +7,7 @@
 namespace pingwell {
 
 /// Remembers what it was asked to show and to take back, a line each: "<id> in <workspace>, sounds", and for a
-/// refused answer "<id> in <workspace>: <message>".
+/// refused answer "<id> in <workspace>: <reason>", with "Again?" where it can be answered again.
 class RecordingNotifier final : public AlertNotifying
 {
 public:
@@ -20,10 +20,13 @@ public:
     void removeAll() override { ++removedAll; }
 
     void deliverRefusal(const Alert &alert, const std::optional<QString> &workspaceName,
-                        const QString &message) override
+                        const AnswerRefusal &refusal) override
     {
-        refused << named(alert, workspaceName) + QStringLiteral(": ") + message;
+        refused << named(alert, workspaceName) + QStringLiteral(": ") + refusal.reason +
+                       (refusal.canAnswerAgain ? QStringLiteral(" Again?") : QString());
     }
+
+    void endAsks(const QStringList &alertIDs) override { ended << alertIDs; }
 
     void deliverMessage(const QString &identifier, const QString &title, const QString &message) override
     {
@@ -34,6 +37,7 @@ public:
     QStringList removed;
     int removedAll = 0;
     QStringList refused;
+    QStringList ended;
     /// "<identifier>: <title> | <message>".
     QStringList messages;
 
