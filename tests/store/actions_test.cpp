@@ -162,6 +162,21 @@ QList<Action> allActions()
     };
 }
 
+/// What is asked of the service besides: by the live loop, and to leave for good.
+QList<Action> allQuestions()
+{
+    const Act poll = [](AppStore &s) { s.startSync(); };
+    const ScriptedAnswer device = ScriptedAnswer::data(R"({"id":"d9","name":"Desk","platform":"linux"})");
+    return {
+        {"account", poll, "GET /auth/user-data ", ScriptedAnswer::raw(200, R"({"user":{"name":"Ada"}})")},
+        {"invitations", poll, "GET /invites ", ScriptedAnswer::data(R"([{"token":"late"}])")},
+        {"heartbeat", poll, "POST /devices/here/heartbeat ", ScriptedAnswer::failure(404)},
+        {"registration", poll, "POST /devices ", device},
+        {"deletion of the account", [](AppStore &s) { s.deleteAccount(); }, "DELETE /auth/account ",
+         ScriptedAnswer::message("Goodbye.")},
+    };
+}
+
 } // namespace
 
 /// What a person can do to the things of the service.
@@ -236,6 +251,47 @@ private slots:
         QCOMPARE(store().toast()->message, u"Not today."_s);
         QVERIFY(store().toast()->isError);
         QCOMPARE(m->transport->plannedCount(), 0);
+    }
+
+    void answersOfAnEarlierSession_data()
+    {
+        QTest::addColumn<Action>("action");
+        for (const Action &action : allActions() + allQuestions())
+            QTest::newRow(action.name) << action;
+    }
+
+    /// They come while another session stands, in a workspace of the same name, and change nothing in it.
+    void answersOfAnEarlierSession()
+    {
+        QFETCH(Action, action);
+        for (const ScriptedAnswer &answer : {action.answer, ScriptedAnswer::failure(401)}) {
+            m = std::make_unique<StoreFixture>();
+            begin(team(u"owner"_s));
+            for (const char *path : {"/dashboard", "/auth/user-data", "/invites"})
+                m->transport->always("GET", path, ScriptedAnswer::noAnswer());
+            m->transport->always("POST", "/devices/here/heartbeat", ScriptedAnswer::failure(404));
+            m->transport->always("POST", "/devices", allQuestions().at(3).answer);
+            for (const char *path : {"/devices/here", "/devices/d9"})
+                m->transport->always("DELETE", path, ScriptedAnswer::raw(204, {}));
+            m->transport->plan(action.method(), action.path(), answer.heldBack());
+            action.act(store());
+            m->settle();
+            m->changeSession();
+            m->transport->plan("POST", "/workspaces",
+                               ScriptedAnswer::data(R"({"workspace":{"id":"w1","name":"Own",)"
+                                                    R"("kind":"team","role":"owner"},"members":[]})"));
+            store().createWorkspace(u"Own"_s);
+            m->settle();
+            const QString before = state(store());
+            const QString said = store().toast()->message;
+            QVERIFY2(said.startsWith(u"Own is ready"), qPrintable(said));
+            m->release(action.method(), action.path());
+            QVERIFY(store().isSignedIn());
+            QCOMPARE(state(store()), before);
+            QCOMPARE(store().account(), std::optional(Account()));
+            QCOMPARE(store().toast()->message, said);
+            QVERIFY(m->notifier->delivered.isEmpty());
+        }
     }
 
     void whoMayNotCannot_data()

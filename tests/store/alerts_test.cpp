@@ -147,7 +147,13 @@ private slots:
 
     void unreadStaysOnThisMachine()
     {
-        m->startWith(readAlerts({a1}));
+        m->startWith({.alerts = {alertJSON(a1, 60)}});
+        store().setRead(a1, false);
+        QVERIFY2(!unreadMarks(), "it was unread before");
+        m->refreshWith(readAlerts({a1}));
+        // No answer is planned: the service knows already.
+        store().setRead(a1, true);
+        m->settle();
         store().toggleRead(a1);
         m->refreshWith(readAlerts({a1}));
         QVERIFY(!m->alert(a1).read);

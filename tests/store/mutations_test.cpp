@@ -55,6 +55,16 @@ private slots:
         m->settle();
         m->release();
         QVERIFY(m->alert(a1).read);
+        // It ends while a dashboard that was asked for beside it is on its way.
+        store().setRead(a1, false);
+        m->transport->plan("POST", readPath, nothing.heldBack());
+        m->transport->plan("GET", "/dashboard", ScriptedAnswer::data(oneAsk().body()).heldBack());
+        store().setRead(a1, true);
+        store().refresh();
+        m->settle();
+        m->release("POST", readPath);
+        m->release("GET", "/dashboard");
+        QVERIFY(m->alert(a1).read);
         // A dashboard comes and goes while two of them are on their way; they end in any order.
         m->transport->plan("POST", answerPath, alertAnswer.heldBack());
         m->transport->plan("PUT", settingsPath, ScriptedAnswer::data("{}").heldBack());

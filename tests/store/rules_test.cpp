@@ -1,6 +1,7 @@
 #include "store/answer_rules.h"
 #include "store/invite_rules.h"
 #include "store/outcome_text.h"
+#include "store/preference_keys.h"
 #include "store/text_cut.h"
 #include "store/topic_slug.h"
 #include "store/waiting_asks.h"
@@ -16,6 +17,22 @@ class RulesTest : public QObject
     Q_OBJECT
 
 private slots:
+    /// What a version wrote, the next one finds.
+    void namesInThePreferencesStay()
+    {
+        using namespace preference_keys;
+        QCOMPARE(QStringList({sessionAccount, sessionBaseURL, sessionProvider, serverKind, selfHostedURL,
+                              device(QUrl(u"https://x.test/api"_s)), quietHoursEnabled, activeWorkspace,
+                              responseTimeoutMinutes(u"w1"_s), timeoutAction(u"w1"_s), unreadAlerts, lastNotifiedAt,
+                              promptDismissed})
+                     .join(u' '),
+                 u"pingwell.session.account pingwell.session.baseURL pingwell.session.provider pingwell.server.kind"
+                 " pingwell.server.selfHostedURL pingwell.device.https://x.test/api"
+                 " pingwell.settings.quietHoursEnabled pingwell.workspace.active"
+                 " pingwell.workspace.w1.responseTimeoutMinutes pingwell.workspace.w1.timeoutAction"
+                 " pingwell.alerts.unread pingwell.notifications.lastAt pingwell.notifications.promptDismissed"_s);
+    }
+
     void slugs_data()
     {
         QTest::addColumn<QString>("name");

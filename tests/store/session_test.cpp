@@ -108,7 +108,21 @@ private slots:
 
     void aSessionEndLeavesNothingBehind()
     {
-        m->startWith({.alerts = {askJSON(u"a1"_s, 60)}, .settings = {{u"sound"_s, false}}});
+        const QJsonObject ofAll{{u"id"_s, u"x"_s},           {u"workspaceId"_s, u"w1"_s}, {u"name"_s, u"X"_s},
+                                {u"email"_s, u"x@x.test"_s}, {u"role"_s, u"owner"_s},     {u"status"_s, u"active"_s},
+                                {u"platform"_s, u"web"_s}};
+        const auto held = [this] {
+            return QList<qsizetype>{store().alerts().size(),  store().workspaces().size(),
+                                    store().topics().size(),  store().members().size(),
+                                    store().devices().size(), store().invitations().size()};
+        };
+        m->startLoopWith({.alerts = {askJSON(u"a1"_s, 60)},
+                          .members = {ofAll},
+                          .topics = {ofAll},
+                          .devices = {ofAll},
+                          .settings = {{u"sound"_s, false}}},
+                         R"([{"token":"i"}])");
+        QCOMPARE(held(), QList<qsizetype>(6, 1));
         store().setServer(ServerKind::selfHosted);
         store().setFocusMode(true);
         store().setSection(SidebarSection::team);
@@ -124,7 +138,8 @@ private slots:
         QVERIFY(!m->tokens->load());
         QCOMPARE(m->notifier->removedAll, 1);
         QVERIFY(!store().client() && !store().isSignedIn() && !store().hasLoaded() && !store().focusMode());
-        QVERIFY(store().alerts().isEmpty() && store().workspaces().isEmpty() && store().replyDrafts().isEmpty());
+        QCOMPARE(held(), QList<qsizetype>(6, 0));
+        QVERIFY(store().replyDrafts().isEmpty() && !store().connectionProblem());
         QVERIFY(!store().selectedAlertID() && !store().isCreatingWorkspace() && !store().lastSyncedAt());
         QVERIFY(store().settings().sound && store().filter() == InboxFilter::all());
         QVERIFY(store().section() == SidebarSection::inbox && store().server() == ServerKind::selfHosted);

@@ -71,6 +71,8 @@ private slots:
         QCOMPARE(m->transport->count("POST", "/devices/d7/heartbeat"), 1);
         QCOMPARE(m->transport->count("POST", "/devices"), 1);
         QCOMPARE(m->transport->count("GET", "/auth/user-data"), 1);
+        m->start();
+        QVERIFY2(store().account()->name == u"Ada", "kept for the next start");
     }
 
     void aServiceAwayAtTheStartIsTriedEveryFifteenSeconds()
@@ -85,13 +87,46 @@ private slots:
         QVERIFY(store().hasLoaded() && !store().connectionProblem());
     }
 
-    void aForgottenDeviceRegistersAnew()
+    void aRefusedHeartbeat_data()
     {
+        QTest::addColumn<ScriptedAnswer>("answer");
+        QTest::addColumn<QString>("identifier");
+        QTest::addColumn<QString>("problem");
+        QTest::newRow("forgotten: registers anew") << ScriptedAnswer::failure(404) << u"d7"_s << QString();
+        QTest::newRow("any other reason") << ScriptedAnswer::failure(503, {}, "Later.") << u"d1"_s << u"Later."_s;
+    }
+
+    void aRefusedHeartbeat()
+    {
+        QFETCH(ScriptedAnswer, answer);
         m->preferences->setString(preference_keys::device(*m->backend->baseURLOverride), u"d1"_s);
-        m->transport->plan("POST", "/devices/d1/heartbeat", ScriptedAnswer::failure(404));
+        m->transport->plan("POST", "/devices/d1/heartbeat", answer);
         startLoop();
-        QCOMPARE(store().deviceIdentifier(), u"d7"_s);
-        QVERIFY(!store().connectionProblem());
+        QTEST(store().deviceIdentifier(), "identifier");
+        QTEST(store().connectionProblem().value_or(QString()), "problem");
+    }
+
+    void aRefusedSessionEnds_data()
+    {
+        QTest::addColumn<QByteArray>("request");
+        for (const char *request :
+             {"GET /dashboard", "GET /auth/user-data", "POST /devices", "POST /devices/d7/heartbeat", "GET /invites"})
+            QTest::newRow(request) << QByteArray(request);
+    }
+
+    void aRefusedSessionEnds()
+    {
+        QFETCH(QByteArray, request);
+        if (request.endsWith("heartbeat"))
+            m->preferences->setString(preference_keys::device(*m->backend->baseURLOverride), u"d7"_s);
+        const QByteArrayList route = request.split(' ');
+        m->transport->plan(route.first(), route.last(), ScriptedAnswer::failure(401, {}, "Signed out elsewhere."));
+        startLoop();
+        QVERIFY(!store().isSignedIn());
+        QCOMPARE(store().signInError(), std::optional(u"Signed out elsewhere."_s));
+        const auto polls = m->transport->count("GET", "/dashboard");
+        poll(4);
+        QCOMPARE(m->transport->count("GET", "/dashboard"), polls);
     }
 
     void aSecondStartReplacesTheLoop()
@@ -169,26 +204,64 @@ private slots:
         QCOMPARE(m->notifier->delivered, QStringList{u"a3, sounds"_s});
     }
 
+    void aStartLooksBackAnHour()
+    {
+        m->startWith(withAlerts({alertJSON(a1, 9000)}));
+        m->startWith(withAlerts({alertJSON(u"a2"_s, 7200), alertJSON(u"a3"_s, 1800)}));
+        QCOMPARE(m->notifier->delivered, QStringList{u"a3, sounds"_s});
+        // Known, though the service gives it a later time.
+        m->refreshWith(withAlerts({alertJSON(u"a3"_s, 900)}));
+        QCOMPARE(m->notifier->delivered.size(), 1);
+    }
+
+    void quietHoursAreThisComputers_data()
+    {
+        QTest::addColumn<bool>("on");
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<QString>("to");
+        QTest::addColumn<QString>("delivered");
+        QTest::newRow("quiet here and now") << true << u"03:00"_s << u"04:00"_s << u"a2"_s;
+        QTest::newRow("switched off here") << false << u"03:00"_s << u"04:00"_s << u"a2, sounds"_s;
+        QTest::newRow("quiet in Greenwich") << true << u"22:00"_s << u"23:00"_s << u"a2, sounds"_s;
+    }
+
+    void quietHoursAreThisComputers()
+    {
+        QFETCH(bool, on);
+        QFETCH(QString, from);
+        QFETCH(QString, to);
+        // Five hours ahead: the tests begin at 22:13 in Greenwich, 3:13 here.
+        qputenv("TZ", "HERE-5");
+        m->preferences->setBoolean(preference_keys::quietHoursEnabled, on);
+        DashboardJSON dashboard = withAlerts({alertJSON(a1, 60)});
+        m->startWith(dashboard);
+        dashboard.alerts << alertJSON(u"a2"_s, 5, {{u"topic"_s, u"deploys"_s}});
+        dashboard.topics << QJsonObject{
+            {u"id"_s, u"t"_s}, {u"workspaceId"_s, u"w1"_s}, {u"name"_s, u"deploys"_s}, {u"quietHours"_s, true}};
+        dashboard.settings = {{u"quietFrom"_s, from}, {u"quietTo"_s, to}};
+        m->refreshWith(dashboard);
+        QTEST(m->notifier->delivered.join(u' '), "delivered");
+        QCOMPARE(store().settings().quietFrom, from);
+        QCOMPARE(store().settings().quietHoursEnabled, on);
+    }
+
     void theActiveWorkspaceSurvivesAndMoves()
     {
         m->preferences->setString(preference_keys::activeWorkspace, u"w2"_s);
         m->startWith({.workspaces = {workspaceJSON(u"w1"_s), workspaceJSON(u"w2"_s)}});
         QCOMPARE(store().activeWorkspaceID(), u"w2"_s);
+        store().setFilter(InboxFilter::asks());
+        store().selectAlert(a1);
+        m->refreshWith({.workspaces = {workspaceJSON(u"w2"_s), workspaceJSON(u"w1"_s)}});
+        QVERIFY(store().selectedAlertID() == a1 && store().filter() == InboxFilter::asks());
         m->refreshWith({});
+        QVERIFY(!store().selectedAlertID() && store().filter() == InboxFilter::all());
         QCOMPARE(store().activeWorkspaceID(), u"w1"_s);
         QCOMPARE(m->preferences->string(preference_keys::activeWorkspace), std::optional(u"w2"_s));
         m->refreshWith({.workspaces = {workspaceJSON(u"w3"_s), workspaceJSON(u"w2"_s)}});
         QCOMPARE(store().activeWorkspaceID(), u"w2"_s);
         m->refreshWith({.workspaces = QJsonArray()});
         QCOMPARE(store().activeWorkspaceID(), QString());
-    }
-
-    void quietHoursStayLocal()
-    {
-        m->preferences->setBoolean(preference_keys::quietHoursEnabled, true);
-        m->startWith({.settings = {{u"quietFrom"_s, u"21:00"_s}}});
-        QVERIFY(store().settings().quietHoursEnabled);
-        QCOMPARE(store().settings().quietFrom, u"21:00"_s);
     }
 
     void nobodySeesHalfADashboard()

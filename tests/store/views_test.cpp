@@ -69,10 +69,25 @@ private slots:
         const auto store = storeWith({notice(u"old"_s, 50), notice(u"twin1"_s, 10), notice(u"far"_s, 1, other),
                                       notice(u"twin2"_s, 10), notice(u"new"_s, 5)});
         QCOMPARE(idsOf(store->activeAlerts()), u"new twin1 twin2 old"_s);
+        QCOMPARE(store->unreadCount(), 4);
         store->selectAlert(u"far"_s);
         QVERIFY(!store->selectedAlert());
         store->selectAlert(u"old"_s);
         QCOMPARE(store->selectedAlert()->id, u"old"_s);
+    }
+
+    void filterNarrows()
+    {
+        Alert question = ask(u"ask"_s, 5, 60);
+        question.topic = u"deploys-eu"_s;
+        const auto store = storeWith({notice(u"old"_s, 50, own, u"deploys"_s), notice(u"far"_s, 1, other, u"deploys"_s),
+                                      notice(u"new"_s, 10, own, u"deploys"_s), question});
+        for (const auto &[filter, shown] :
+             {std::pair(InboxFilter::all(), u"ask new old"_s), std::pair(InboxFilter::asks(), u"ask"_s),
+              std::pair(InboxFilter::topic(u"deploys"_s), u"new old"_s)}) {
+            store->setFilter(filter);
+            QCOMPARE(idsOf(store->filteredAlerts()), shown);
+        }
     }
 
     void today_data()
