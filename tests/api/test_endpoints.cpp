@@ -114,6 +114,7 @@ private slots:
         if (!body.isEmpty())
             headers.emplaceBack("Content-Type", "application/json");
         QCOMPARE(request.headers, headers);
+        QCOMPARE(request.timeout, std::chrono::seconds(20));
 
         m_transport->planNext(ScriptedAnswer::failure(409, "taken"));
         QCOMPARE(operation(m_client), u"taken"_s);

@@ -154,6 +154,12 @@ private slots:
         QCOMPARE(settle(transport.perform(request)).error, APIError::offline());
     }
 
+    void limitsAreThese()
+    {
+        QVERIFY(TransportLimits().deadline == 60s);
+        QCOMPARE(TransportLimits().bodyBytes, 67'108'864);
+    }
+
     void takesNoRecordFromACutBody()
     {
         // Depending on the moment, the network layer takes a last chunk that never came for the end of the body.

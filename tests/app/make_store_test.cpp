@@ -3,6 +3,7 @@
 #include "store/preference_keys.h"
 #include "support/manual_clock.h"
 #include "support/memory_preferences.h"
+#include "support/recording_notifier.h"
 #include "support/scripted_transport.h"
 
 #include <QTest>
@@ -22,6 +23,8 @@ private:
     std::shared_ptr<ScriptedTransport> m_transport = std::make_shared<ScriptedTransport>();
     std::shared_ptr<ManualClock> m_clock = std::make_shared<ManualClock>(instantFromMilliseconds(1'700'000'000'000.0));
     QStringList m_opened;
+    QString m_hostName;
+    QString m_version;
 
     std::unique_ptr<AppStore> make(const LaunchOptions &options)
     {
@@ -30,12 +33,12 @@ private:
             .openSuite = [this](const QString &name) { return m_domains.value(name); },
             .openKeychain = [this] { return m_opened << u"keychain"_s, std::make_shared<FakeKeychain>(); },
             .openTransport = [this] { return m_opened << u"transport"_s, m_transport; },
-            .openNotifier = {},
+            .openNotifier = [this] { return m_opened << u"notifier"_s, std::make_shared<RecordingNotifier>(); },
             .authenticate = {},
             .cancelAuthentication = {},
             .clock = m_clock,
-            .hostName = u"workbench"_s,
-            .version = u"1.2.3"_s,
+            .hostName = m_hostName,
+            .version = m_version,
         };
         return makeStore(options, openPreferences(options, parts), parts);
     }
@@ -56,6 +59,7 @@ private slots:
             {{u"-uitest-popover"_s, u"-uitest-signed-out"_s, u"-uitest"_s},
              {.isUITest = true, .isDemo = true, .signedOut = true, .popoverPreview = true}},
             {{u"-uitest2"_s, u"x-demo"_s, u"--demo"_s}, {}},
+            {{u"-demo"_s, u"-apiBaseURL"_s}, {.isDemo = true}},
             {{u"-apiBaseURL"_s, u"a.example"_s, u"-apiBaseURL"_s, u"b.example"_s},
              {.apiBaseURL = QUrl(u"https://a.example"_s)}},
             {{u"-demo"_s, u"-apiBaseURL"_s, u"ftp://a.example"_s}, {.isDemo = true}}};
@@ -63,6 +67,9 @@ private slots:
             QVERIFY2(LaunchOptions::parse(QStringList(u"pingwell"_s) + arguments, {}) == expected,
                      qPrintable(arguments.join(u' ')));
         }
+        QProcessEnvironment hosted;
+        hosted.insert(u"XCTestConfigurationFilePath"_s, QString());
+        QVERIFY2(LaunchOptions::parse({u"pingwell"_s}, hosted) == LaunchOptions{.isDemo = true}, "a test runner's");
     }
 
     void init()
@@ -108,6 +115,7 @@ private slots:
     {
         const auto store = make({.isLiveUITest = true});
         QVERIFY(store->isLive() && !store->isSignedIn() && !store->hasLoaded() && store->alerts().isEmpty());
+        QCOMPARE(m_opened, (QStringList{u"keychain"_s, u"transport"_s}));
         QVERIFY(m_domains[u"com.pingwell.mac.uitest-live"_s]->keys().isEmpty());
         QVERIFY(!m_domains[u"com.pingwell.mac"_s]->keys().isEmpty());
     }
@@ -115,14 +123,18 @@ private slots:
     /// The session and server handed in from outside are used, and the first round of the live loop runs at once.
     void livePrefersTheGivenSessionAndServer()
     {
-        for (const char *path : {"/base/dashboard", "/base/auth/me", "/base/invitations"})
+        for (const char *path : {"/base/dashboard", "/base/auth/user-data", "/base/invites"})
             m_transport->always("GET", path, ScriptedAnswer::noAnswer());
-        m_transport->always("POST", "/base/devices/register", ScriptedAnswer::noAnswer());
+        m_transport->always("POST", "/base/devices", ScriptedAnswer::noAnswer());
+        m_hostName = u"workbench"_s;
+        m_version = u"1.2.3"_s;
         const auto store = make({.apiBaseURL = QUrl(u"https://a.example/base"_s), .sessionToken = u"secret"_s});
         QVERIFY(store->isSignedIn());
-        QCOMPARE(m_opened, QStringList{u"transport"_s});
+        QCOMPARE(m_opened, (QStringList{u"transport"_s, u"notifier"_s}));
         QCOMPARE(store->selfHostedURL(), u"left.example"_s);
-        QTRY_VERIFY(!m_transport->requests().isEmpty());
+        QTRY_COMPARE(m_transport->count("GET", "/base/invites"), 1);
+        QCOMPARE(m_transport->lastRequest("POST", "/base/devices").body,
+                 QByteArray(R"({"name":"workbench","platform":"macos","version":"1.2.3"})"));
         const HTTPRequest first = m_transport->requests().first();
         QCOMPARE(first.url.host(), u"a.example"_s);
         QCOMPARE(headerOf(first, "Authorization"), QByteArray("Bearer secret"));

@@ -33,6 +33,15 @@ QString told(const std::optional<ReplyState> &state)
     return u"timed out"_s;
 }
 
+template<typename Enumeration>
+QString wordsOf()
+{
+    QStringList words;
+    for (const auto &entry : rawValues<Enumeration>)
+        words << entry.word;
+    return words.join(u' ');
+}
+
 } // namespace
 
 class ModelTest : public QObject
@@ -123,6 +132,22 @@ private slots:
         workspace.kind = WorkspaceKind::team;
         QCOMPARE(workspace.effectiveTimeoutAction(), TimeoutAction::escalate);
         QVERIFY(isAllowed(TimeoutAction::default_, WorkspaceKind::personal));
+    }
+
+    /// On the wire and in the preferences.
+    void rawWordsStay()
+    {
+        QCOMPARE(wordsOf<Priority>(), u"silent normal high critical"_s);
+        QCOMPARE(wordsOf<AlertKind>(), u"notify ask"_s);
+        QCOMPARE(wordsOf<AnswerType>(), u"choice text"_s);
+        QCOMPARE(wordsOf<TimeoutAction>(), u"expire default escalate"_s);
+        QCOMPARE(wordsOf<WorkspaceRole>(), u"owner admin member viewer"_s);
+        QCOMPARE(wordsOf<WorkspaceKind>(), u"personal team"_s);
+        QCOMPARE(wordsOf<MemberStatus>(), u"active invited"_s);
+        QCOMPARE(wordsOf<DevicePlatform>(), u"android macos windows ios linux web"_s);
+        QCOMPARE(wordsOf<AuthProvider>(), u"google github"_s);
+        QCOMPARE(wordsOf<ServerKind>(), u"cloud selfHosted"_s);
+        QCOMPARE(wordsOf<SidebarSection>(), u"inbox topics team settings"_s);
     }
 
     void prioritiesAreOrdered()
