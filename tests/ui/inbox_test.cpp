@@ -59,7 +59,11 @@ private slots:
         QCOMPARE(screen.name(u"sidebar.account"_s), u"Robin Vale, robin@vale.example, Pingwell Cloud"_s);
         QCOMPARE(screen.value(u"sidebar.inbox"_s), u"selected"_s);
         QVERIFY(screen.shows(u"detail.empty"_s));
+        const QString row = u"alert.row.n0"_s;
+        QCOMPARE(screen.drawn(row).join(u" | "),
+                 u"blue | Deploy bot | #deploys | 1m | *Notice 0 | All checks passed."_s);
         screen.click(u"inbox.markAllRead"_s);
+        QCOMPARE(screen.drawn(row).join(u" | "), u"Deploy bot | #deploys | 1m | Notice 0 | All checks passed."_s);
         QCOMPARE(screen.name(u"sidebar.inbox"_s), u"Inbox"_s);
         QVERIFY(!screen.canUse(u"inbox.markAllRead"_s));
         screen.click(u"inbox.testAlert"_s);
@@ -67,6 +71,71 @@ private slots:
         screen.click(u"sidebar.topics"_s);
         QVERIFY(!screen.shows(u"inbox.list"_s));
         QCOMPARE(screen.value(u"sidebar.inbox"_s), u"not selected"_s);
+    }
+
+    void whatBecameOfAnAlert_data()
+    {
+        QTest::addColumn<Alert>("alert");
+        QTest::addColumn<QString>("row");
+        QTest::addColumn<QString>("detail");
+        const Alert notice = makeAlert(u"a"_s, u"Done"_s, 20);
+        const Alert waiting = makeChoice(u"a"_s, u"Ship it?"_s, 20);
+        Alert answered = waiting;
+        answered.answer = u"Hold"_s;
+        Alert late = waiting;
+        late.expiresAt = late.at + Seconds(300);
+        QTest::newRow("notice") << notice << u"All checks passed."_s << u""_s;
+        QTest::newRow("waiting") << waiting << u"Needs reply | Expires in —"_s
+                                 << u"Deploy bot is waiting for your reply | Expires in — | Hold | Approve | "_s;
+        QTest::newRow("answered") << answered << u"✓ You replied “Hold”"_s << u"You replied “Hold” | "_s;
+        QTest::newRow("timed out") << late << u"*TIMED OUT | No reply in 5m — the agent was told nobody answered."_s
+                                   << u"*TIMED OUT | No reply in 5m — the agent was told nobody answered. | "_s;
+    }
+
+    void whatBecameOfAnAlert()
+    {
+        QFETCH(Alert, alert);
+        QFETCH(QString, row);
+        QFETCH(QString, detail);
+        Screen screen(root, makeSeed({alert}));
+        screen.click(u"alert.row.a"_s);
+        const QString title = u'*' + alert.title;
+        QCOMPARE(screen.drawn(u"alert.row.a"_s).join(u" | "),
+                 u"blue | Deploy bot | #deploys | 20m | "_s + title + u" | "_s + row);
+        QCOMPARE(screen.drawn(u"detail"_s).join(u" | "),
+                 u"*Normal | "_s + title + u" | All checks passed. | *Deploy bot | #deploys · 20m ago | "_s + detail +
+                     u"Mark as read | Delete"_s);
+        if (screen.shows(u"detail.action.0"_s))
+            QVERIFY(!screen.isFilled(u"detail.action.0"_s) && screen.isFilled(u"detail.action.1"_s));
+    }
+
+    void longBodyIsShownWhenAskedFor()
+    {
+        Alert alert = makeAlert(u"a"_s, u"Log"_s, 1);
+        alert.body = u"All checks passed. "_s.repeated(500) + u"The end."_s;
+        Screen screen(root, makeSeed({alert}));
+        screen.view().resize(1200, 2400);
+        screen.click(u"alert.row.a"_s);
+        QVERIFY(!screen.text(u"detail.body"_s).endsWith(u"The end.") &&
+                screen.drawn(u"detail"_s).contains(u"Show all"));
+        QList<QQuickItem *> parts{screen.find(u"detail"_s)};
+        while (parts.first()->property("label") != u"Show all"_s)
+            parts = parts.first()->childItems() + parts.sliced(1);
+        QTest::mouseClick(&screen.view(), Qt::LeftButton, {}, parts.first()->mapToScene({5, 5}).toPoint());
+        QVERIFY(screen.text(u"detail.body"_s).endsWith(u"The end."));
+        QVERIFY(!screen.drawn(u"detail"_s).contains(u"Show all"));
+    }
+
+    void sidebarTellsOfInvitationsAndTheConnection()
+    {
+        StoreFixture live;
+        live.startLoopWith(DashboardJSON(), R"([{"token":"t1","workspace":"Ops"},{"token":"t2"}])");
+        Screen screen(root, *live.store);
+        QCOMPARE(screen.drawn(u"sidebar.team"_s).join(u' '), u"Team *2"_s);
+        QCOMPARE(screen.drawn(u"sidebar.topics"_s).join(u' '), u"Topics"_s);
+        QCOMPARE(screen.drawn(u"sidebar.account"_s).last(2).join(u": "), u"orange: Pingwell Cloud"_s);
+        live.refreshWith(DashboardJSON());
+        QCOMPARE(screen.drawn(u"sidebar.account"_s).last(2).join(u": "), u"green: Pingwell Cloud"_s);
     }
 
     void chipsNarrowTheList()

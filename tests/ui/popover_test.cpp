@@ -44,6 +44,7 @@ private slots:
         QCOMPARE(screen.name(u"popover.ask.a1.title"_s), u"Ship it?"_s);
         QCOMPARE(screen.name(u"popover.ask.a1.countdown"_s), u"Expires in —"_s);
         QCOMPARE(screen.name(u"popover.ask.a1.action.0"_s), u"Hold"_s);
+        QVERIFY(!screen.isFilled(u"popover.ask.a1.action.0"_s) && screen.isFilled(u"popover.ask.a1.action.1"_s));
         screen.click(u"popover.ask.a1.action.1"_s);
         QVERIFY(!screen.shows(u"popover.ask.a1"_s) && screen.shows(u"popover.needsReply.empty"_s));
         QCOMPARE(screen.name(u"popover.alert.a1"_s), u"5m, Ship it?, Deploy bot · ✓ Approve"_s);
@@ -152,13 +153,14 @@ private slots:
         StoreFixture live;
         live.startWith({});
         Screen screen(panel, *live.store);
-        QCOMPARE(screen.name(u"popover.status"_s), u"Connected · Pingwell Cloud"_s);
+        const auto status = [&screen] { return screen.drawn(u"popover"_s).mid(1, 2).join(u": "); };
+        QCOMPARE(status(), u"green: Connected · Pingwell Cloud"_s);
         QVERIFY(screen.shows(u"popover.workspace"_s) && !screen.shows(u"popover.signedOut"_s));
         loseConnection(live);
-        QCOMPARE(screen.name(u"popover.status"_s), u"Offline · Pingwell Cloud"_s);
+        QCOMPARE(status(), u"orange: Offline · Pingwell Cloud"_s);
         live.store->endSession({});
         screen.settle();
-        QCOMPARE(screen.name(u"popover.status"_s), u"Signed out"_s);
+        QCOMPARE(status(), u"grey: Signed out"_s);
         QVERIFY(screen.shows(u"popover.signedOut"_s));
         QVERIFY(!screen.shows(u"popover.workspace"_s) && !screen.shows(u"popover.today.header"_s));
     }
@@ -174,11 +176,14 @@ private slots:
         QList<Alert> alerts;
         for (int index = 0; index < 10; ++index)
             alerts << makeAlert(u"n%1"_s.arg(index), u"Notice"_s, index + 1);
+        alerts[1].read = true;
         alerts[3].priority = Priority::critical;
         Screen screen(panel, makeSeed(alerts));
         const QString rows = u"popover\\.alert\\.[^.]+"_s;
         QCOMPARE(screen.count(rows), 6);
         QCOMPARE(screen.name(u"popover.alert.n0"_s), u"1m, Notice, Deploy bot · All checks passed."_s);
+        QVERIFY(screen.drawn(u"popover.alert.n0"_s).contains(u"*Notice"));
+        QVERIFY(screen.drawn(u"popover.alert.n1"_s).contains(u"Notice"));
         screen.click(u"popover.focus"_s);
         QCOMPARE(screen.name(u"popover.today.header"_s), u"Today · Focus"_s);
         QCOMPARE(screen.find(u"popover.today.header"_s)->property("topPadding").toDouble(), 8.0);
@@ -211,16 +216,16 @@ private slots:
     void keyboardReachesEverythingAndSeesIt()
     {
         QList<Alert> asks;
-        for (int index = 0; index < 12; ++index)
+        for (int index = 0; index < 40; ++index)
             asks << makeChoice(u"a%1"_s.arg(index), u"Ship it?"_s, index + 1);
         Screen screen(panel, makeSeed(asks));
-        const QString last = u"popover.ask.a11.action.0"_s;
-        for (int steps = 0; steps < 40 && screen.focused() != last; ++steps)
+        const QString last = u"popover.ask.a39.action.0"_s;
+        for (int steps = 0; steps < 100 && screen.focused() != last; ++steps)
             screen.press(Qt::Key_Tab);
         QCOMPARE(screen.focused(), last);
         QVERIFY(screen.place(last, {0, 24}).y() < screen.place(u"popover.open"_s).y());
         screen.press(Qt::Key_Return);
-        QCOMPARE(screen.store().alertWithID(u"a11"_s)->answer, u"Hold"_s);
+        QCOMPARE(screen.store().alertWithID(u"a39"_s)->answer, u"Hold"_s);
     }
 
     void keypadsEnterPresses_data()

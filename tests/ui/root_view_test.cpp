@@ -84,8 +84,11 @@ private slots:
 
         screen.store().setIsCreatingWorkspace(true);
         screen.settle();
-        screen.press(Qt::Key_Escape);
-        QVERIFY(!screen.store().isCreatingWorkspace());
+        QCOMPARE(screen.drawnOver().join(u" | "),
+                 u"*New team workspace | Share alerts with your team. You'll be its owner."
+                 " | *Name | Platform team | Cancel | Create"_s);
+        screen.click(u"workspace.create.cancel"_s);
+        QVERIFY(!screen.store().isCreatingWorkspace() && screen.drawnOver().isEmpty());
     }
 
     void requestedReplyIsWrittenAtOnce()

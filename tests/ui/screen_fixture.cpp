@@ -22,6 +22,34 @@ void visit(QQuickItem *item, const std::function<void(QQuickItem *)> &visitor)
         visit(child, visitor);
 }
 
+QString colorWord(const QColor &color)
+{
+    if (color.hsvSaturationF() < 0.2)
+        return QStringLiteral("grey");
+    if (color.hsvHue() < 50)
+        return QStringLiteral("orange");
+    return color.hsvHue() < 170 ? QStringLiteral("green") : QStringLiteral("blue");
+}
+
+bool isRoundMark(const QQuickItem *item)
+{
+    return item->width() > 0 && item->width() < 10 && item->property("radius") == item->width() / 2;
+}
+
+QStringList drawnIn(QQuickItem *item)
+{
+    QStringList parts;
+    visit(item, [&parts](QQuickItem *part) {
+        const QString text = part->property("text").toString();
+        const bool isBold = part->property("font").value<QFont>().weight() >= QFont::DemiBold;
+        if (isRoundMark(part))
+            parts << colorWord(part->property("color").value<QColor>());
+        else if (!text.isEmpty() && (part->inherits("QQuickText") || part->inherits("QQuickTextEdit")))
+            parts << (isBold ? u'*' + text : text);
+    });
+    return parts;
+}
+
 QString accessibleText(QQuickItem *item, QAccessible::Text kind)
 {
     auto *const accessible = QAccessible::queryAccessibleInterface(item);
@@ -157,6 +185,30 @@ QString Screen::text(const QString &identifier) const
 {
     const QQuickItem *const item = find(identifier);
     return item ? item->property("text").toString() : QString();
+}
+
+QStringList Screen::drawn(const QString &identifier) const
+{
+    QQuickItem *const item = find(identifier);
+    return item ? drawnIn(item) : QStringList();
+}
+
+QStringList Screen::drawnOver() const
+{
+    QStringList parts;
+    visit(m_view->contentItem(), [&parts](QQuickItem *item) {
+        if (item->inherits("QQuickOverlay"))
+            parts << drawnIn(item);
+    });
+    return parts;
+}
+
+bool Screen::isFilled(const QString &identifier) const
+{
+    const QQuickItem *const item = find(identifier);
+    const QPointF inside = place(identifier, {6, item ? item->height() / 2 : 0});
+    const QImage image = m_view->grabWindow();
+    return image.pixelColor((inside * image.devicePixelRatio()).toPoint()).hsvSaturationF() > 0.5;
 }
 
 QPointF Screen::place(const QString &identifier, const QPointF &within) const

@@ -63,6 +63,13 @@ public:
     [[nodiscard]] QString name(const QString &identifier) const;
     [[nodiscard]] QString value(const QString &identifier) const;
     [[nodiscard]] QString text(const QString &identifier) const;
+    /// What is drawn in the element, part by part: its texts, with "*" before the bold ones, and its round marks as the
+    /// word of their colour.
+    [[nodiscard]] QStringList drawn(const QString &identifier) const;
+    /// The same of the sheet or menu that lies over the screen.
+    [[nodiscard]] QStringList drawnOver() const;
+    /// Whether a button is filled with a colour rather than outlined, as it is drawn now.
+    [[nodiscard]] bool isFilled(const QString &identifier) const;
     /// A place of the element in the window; far outside for what is not shown.
     [[nodiscard]] QPointF place(const QString &identifier, const QPointF &within = {}) const;
     /// How many visible elements have an identifier that matches.

@@ -58,16 +58,33 @@ class SettingsTest : public QObject
     Q_OBJECT
 
 private slots:
-    void accountAndServer()
+    void thePageFromTopToBottom()
     {
         StoreFixture live;
-        live.startWith({});
+        live.preferences->setData(preference_keys::sessionAccount,
+                                  R"({"name":"Ada","email":"ada@x.test","provider":"github","plan":"Solo"})");
+        live.preferences->setBoolean(preference_keys::quietHoursEnabled, true);
+        DashboardJSON dashboard;
+        dashboard.devices << QJsonObject{{u"id"_s, u"d"_s},
+                                         {u"name"_s, u"Phone"_s},
+                                         {u"platform"_s, u"ios"_s},
+                                         {u"version"_s, u"1.2"_s},
+                                         {u"lastSeen"_s, millisecondsFromInstant(testStart)}};
+        live.startWith(dashboard);
         SettingsScreen screen(live);
-        QCOMPARE(screen.value(u"settings.account.name"_s), live.store->account()->name);
-        QCOMPARE(screen.value(u"settings.account.email"_s), live.store->account()->email);
-        QVERIFY(!screen.value(u"settings.account.provider"_s).isEmpty());
-        QCOMPARE(screen.value(u"settings.server.name"_s), u"Pingwell Cloud"_s);
-        QCOMPARE(screen.value(u"settings.server.updated"_s), u"just now"_s);
+        QCOMPARE(screen.drawn(u"settings.scroll"_s).join(u" | "),
+                 u"*Settings"
+                 " | *Account | Name | Ada | Email | ada@x.test | Signed in with | GitHub | Plan | Pro"
+                 " | *Server | Connected to | Pingwell Cloud | Last updated | just now"
+                 " | To switch servers, sign out and pick another one on the sign-in screen."
+                 " | *Response time | Workspace | Workspace w1 | Max response time | 30 minutes"
+                 " | When time runs out | Expire | The agent is told nobody answered and decides what to do."
+                 " | How long an agent's ask waits for a reply in Workspace w1. New asks use the new limit."
+                 " | *This Mac | Notifications | Allow notifications | Open Pingwell at login"
+                 " | Alerts arrive as macOS notifications while Pingwell is running in the menu bar."
+                 " | *Notifications | Quiet hours | From | 22:00 | To | 07:00 | Daily digest email | Play sound"
+                 " | *Devices | Phone | v1.2 · just now"
+                 " | Sign out | Delete account…"_s);
         live.store->startClock();
         live.clock->advance(std::chrono::minutes(3));
         QCOMPARE(screen.value(u"settings.server.updated"_s), u"3m ago"_s);
@@ -79,15 +96,19 @@ private slots:
         QTest::addColumn<WorkspaceKind>("kind");
         QTest::addColumn<TimeoutAction>("stored");
         QTest::addColumn<QString>("shown");
+        QTest::addColumn<QString>("detail");
         QTest::addColumn<int>("choices");
         using enum WorkspaceRole;
         const auto team = WorkspaceKind::team;
         const auto escalate = TimeoutAction::escalate;
-        QTest::newRow("owner") << owner << team << TimeoutAction::expire << u"Expire"_s << 3;
-        QTest::newRow("admin") << admin << team << escalate << u"Escalate to team"_s << 3;
-        QTest::newRow("member") << member << team << escalate << u"Escalate to team"_s << 0;
-        QTest::newRow("viewer") << viewer << team << TimeoutAction::default_ << u"Use first option"_s << 0;
-        QTest::newRow("personal") << owner << WorkspaceKind::personal << escalate << u"Expire"_s << 2;
+        const QString told = u"The agent is told nobody answered and decides what to do."_s;
+        const QString sent = u"Re-sent to every admin in the workspace with the same time limit."_s;
+        const QString first = u"The agent gets the first (safest) button, e.g. “Deny”."_s;
+        QTest::newRow("owner") << owner << team << TimeoutAction::expire << u"Expire"_s << told << 3;
+        QTest::newRow("admin") << admin << team << escalate << u"Escalate to team"_s << sent << 3;
+        QTest::newRow("member") << member << team << escalate << u"Escalate to team"_s << sent << 0;
+        QTest::newRow("viewer") << viewer << team << TimeoutAction::default_ << u"Use first option"_s << first << 0;
+        QTest::newRow("personal") << owner << WorkspaceKind::personal << escalate << u"Expire"_s << told << 2;
     }
 
     void responseTime()
@@ -102,8 +123,10 @@ private slots:
         SettingsScreen screen(seed);
         QCOMPARE(screen.value(u"settings.workspace"_s), u"Platform"_s);
         QTEST(screen.value(action), "shown");
+        QTEST(screen.name(u"settings.timeoutAction.detail"_s), "detail");
         QCOMPARE(screen.canUse(timeout), choices > 0);
-        QCOMPARE(screen.shows(u"settings.responseTime.locked"_s), choices == 0);
+        QCOMPARE(screen.name(u"settings.responseTime.locked"_s),
+                 choices > 0 ? QString() : u"Only owners and admins can change this."_s);
         screen.click(action);
         QCOMPARE(screen.count(action + u"\\.(expire|default|escalate)"_s), choices);
     }
@@ -209,8 +232,10 @@ private slots:
         NotificationAccess access(center);
         SettingsScreen screen(makeSeed({}), {{u"notifications"_s, QVariant::fromValue(&access)}});
         QTEST(screen.name(::permission), "text");
-        QCOMPARE(screen.name(u"settings.thisMac.footer"_s).startsWith(u"macOS is blocking"_s),
-                 status == AuthorizationStatus::denied);
+        QCOMPARE(screen.name(u"settings.thisMac.footer"_s),
+                 status == AuthorizationStatus::denied
+                     ? u"macOS is blocking Pingwell's notifications, so agents can't reach you on this Mac."_s
+                     : u"Alerts arrive as macOS notifications while Pingwell is running in the menu bar."_s);
         screen.click(::permission);
         QTEST(center->requests, "requests");
         QTEST(center->settingsOpened, "opened");
@@ -303,6 +328,10 @@ private slots:
         SettingsScreen screen(live);
         screen.click(u"settings.deleteAccount"_s);
         QCOMPARE(screen.focused(), u"settings.deleteAccount.cancel"_s);
+        QCOMPARE(
+            screen.drawnOver().join(u" | "),
+            u"*Delete your Pingwell account? | This deletes your account, your personal workspace and team workspaces "
+            "you own, with all their alerts and API keys. It can't be undone. | Cancel | Delete account"_s);
         screen.press(Qt::Key_Escape);
         QVERIFY(!screen.shows(u"settings.deleteAccount.confirm"_s));
         screen.click(u"settings.deleteAccount"_s);

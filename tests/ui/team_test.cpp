@@ -26,13 +26,15 @@ struct TeamScreen : Screen
             press(Qt::Key_Tab);
     }
 
-    /// Each element: "-" for one that is not shown, "+" for one that can be used, "o" for one that cannot.
-    [[nodiscard]] QString standing(const QString &prefix, const QStringList &names) const
+    /// The elements that are shown, in parentheses where they can't be used.
+    [[nodiscard]] QString shown(const QString &prefix, const QStringList &names) const
     {
-        QString text;
-        for (const QString &name : names)
-            text += !shows(prefix + name) ? u'-' : canUse(prefix + name) ? u'+' : u'o';
-        return text;
+        QStringList found;
+        for (const QString &name : names) {
+            if (shows(prefix + name))
+                found << (canUse(prefix + name) ? name : u'(' + name + u')');
+        }
+        return found.join(u' ');
     }
 };
 
@@ -76,12 +78,19 @@ private slots:
         QTest::addColumn<QString>("workspace");
         QTest::addColumn<QString>("shown");
         QTest::addColumn<QString>("leave");
+        QTest::addColumn<QString>("question");
         const QString team = u"w1"_s;
-        QTest::newRow("owner") << WorkspaceRole::owner << team << u"++-+-+-+++"_s << u"Delete workspace…"_s;
-        QTest::newRow("admin") << WorkspaceRole::admin << team << u"++-+-+-+++"_s << u"Leave workspace…"_s;
-        QTest::newRow("member") << WorkspaceRole::member << team << u"o-++-+----"_s << u"Leave workspace…"_s;
-        QTest::newRow("viewer") << WorkspaceRole::viewer << team << u"--++-+----"_s << u"Leave workspace…"_s;
-        QTest::newRow("personal") << WorkspaceRole::owner << u"w2"_s << u"----+-----"_s << QString();
+        const QString all = u"invite menu list leave member.own.menu member.ann.menu member.new.menu"_s;
+        const QString leave = u"Leave workspace…"_s;
+        const QString leaves =
+            u"*Leave Platform? | You'll stop getting its alerts. An admin can invite you again. | Cancel | Leave"_s;
+        QTest::newRow("owner") << WorkspaceRole::owner << team << all << u"Delete workspace…"_s
+                               << u"*Delete Platform? | You own this workspace. Deleting it removes its alerts, topics "
+                                  "and API keys for every member. | Cancel | Delete for everyone"_s;
+        QTest::newRow("admin") << WorkspaceRole::admin << team << all << leave << leaves;
+        QTest::newRow("member") << WorkspaceRole::member << team << u"(invite) locked list leave"_s << leave << leaves;
+        QTest::newRow("viewer") << WorkspaceRole::viewer << team << u"locked list leave"_s << leave << leaves;
+        QTest::newRow("personal") << WorkspaceRole::owner << u"w2"_s << u"empty"_s << QString() << QString();
     }
 
     void whoSeesWhat()
@@ -94,9 +103,12 @@ private slots:
         const QStringList names{u"invite"_s,          u"menu"_s,           u"locked"_s,          u"list"_s,
                                 u"empty"_s,           u"leave"_s,          u"member.you.menu"_s, u"member.own.menu"_s,
                                 u"member.ann.menu"_s, u"member.new.menu"_s};
-        QTEST(screen.standing(u"team."_s, names), "shown");
+        QTEST(screen.shown(u"team."_s, names), "shown");
         QTEST(screen.name(u"team.leave"_s), "leave");
         QCOMPARE(screen.name(u"team.subtitle"_s), workspace == u"w1"_s ? u"4 members · 1 pending"_s : u"1 member"_s);
+        if (screen.shows(u"team.leave"_s))
+            screen.click(u"team.leave"_s);
+        QTEST(screen.drawnOver().join(u" | "), "question");
     }
 
     void initials()
@@ -114,9 +126,11 @@ private slots:
         QTest::addColumn<QString>("entries");
         QTest::addColumn<QString>("roles");
         QTest::addColumn<QString>("current");
-        QTest::newRow("active") << u"team.member.ann"_s << u"++--"_s << u"o+++"_s << u".role.member"_s;
-        QTest::newRow("owner") << u"team.member.own"_s << u"+o--"_s << u"+ooo"_s << u".role.owner"_s;
-        QTest::newRow("invited") << u"team.member.new"_s << u"--++"_s << u"----"_s << QString();
+        QTest::newRow("active") << u"team.member.ann"_s << u"changeRole remove"_s << u"(owner) admin member viewer"_s
+                                << u"member"_s;
+        QTest::newRow("owner") << u"team.member.own"_s << u"changeRole (remove)"_s
+                               << u"owner (admin) (member) (viewer)"_s << u"owner"_s;
+        QTest::newRow("invited") << u"team.member.new"_s << u"resend revoke"_s << u""_s << QString();
     }
 
     void menuOffersWhatMayBeDone()
@@ -125,14 +139,14 @@ private slots:
         QFETCH(QString, current);
         TeamScreen screen(teamSeed(WorkspaceRole::admin));
         screen.click(member + u".menu"_s);
-        const QStringList entries{u".changeRole"_s, u".remove"_s, u".resend"_s, u".revoke"_s};
-        QTEST(screen.standing(member, entries), "entries");
+        QTEST(screen.shown(member + u'.', {u"changeRole"_s, u"remove"_s, u"resend"_s, u"revoke"_s}), "entries");
         screen.press({Qt::Key_Down, Qt::Key_Right});
-        const QStringList roles{u".role.owner"_s, u".role.admin"_s, u".role.member"_s, u".role.viewer"_s};
-        QTRY_VERIFY(current.isEmpty() || screen.shows(member + current));
-        QTEST(screen.standing(member, roles), "roles");
+        const QString prefix = member + u".role."_s;
+        const QStringList roles{u"owner"_s, u"admin"_s, u"member"_s, u"viewer"_s};
+        QTRY_VERIFY(current.isEmpty() || screen.shows(prefix + current));
+        QTEST(screen.shown(prefix, roles), "roles");
         for (const QString &role : roles)
-            QCOMPARE(screen.value(member + role) == u"selected"_s, role == current);
+            QCOMPARE(screen.value(prefix + role) == u"selected"_s, role == current);
     }
 
     void menuDoesIt()
@@ -140,7 +154,7 @@ private slots:
         TeamScreen screen(teamSeed(WorkspaceRole::owner));
         QCOMPARE(screen.name(u"team.member.ann"_s), u"Name ann, ann@x.test, member"_s);
         QCOMPARE(screen.name(u"team.member.new"_s), u"new@x.test, Invited, 2h ago, viewer"_s);
-        QCOMPARE(screen.standing(u"team.member."_s, {u"new.invited"_s, u"ann.invited"_s}), u"+-"_s);
+        QCOMPARE(screen.shown(u"team.member."_s, {u"new.invited"_s, u"ann.invited"_s}), u"new.invited"_s);
         screen.click({u"team.member.new.menu"_s, u"team.member.new.resend"_s});
         QCOMPARE(screen.name(u"team.member.new"_s), u"new@x.test, Invited, just now, viewer"_s);
         screen.click({u"team.member.new.menu"_s, u"team.member.new.revoke"_s});
@@ -179,13 +193,13 @@ private slots:
         const QString provisional = u"team.member."_s + live.store->members().value(u"w1"_s).last().id;
         const QStringList entries{u".resend"_s, u".revoke"_s};
         screen.click(provisional + u".menu"_s);
-        QCOMPARE(screen.standing(provisional, entries), u"oo"_s);
+        QCOMPARE(screen.shown(provisional, entries), u"(.resend) (.revoke)"_s);
         live.transport->release();
         live.settle();
         screen.settle();
         QTRY_VERIFY(!screen.shows(provisional + u".resend"_s));
         screen.click(u"team.member.m9.menu"_s);
-        QCOMPARE(screen.standing(u"team.member.m9"_s, entries), u"++"_s);
+        QCOMPARE(screen.shown(u"team.member.m9"_s, entries), u".resend .revoke"_s);
     }
 
     void inviteTellsWhatIsWrong()
@@ -211,6 +225,9 @@ private slots:
         const Member invited = screen.store().members().value(u"w1"_s).last();
         QCOMPARE(invited.email, u"new@x.testx"_s);
         QCOMPARE(invited.role, WorkspaceRole::admin);
+        screen.press(Qt::Key_Return);
+        screen.click(u"team.invite.cancel"_s);
+        QVERIFY(!screen.shows(u"team.inviteSheet"_s));
         screen.press({Qt::Key_Return, Qt::Key_Escape});
         QVERIFY(!screen.shows(u"team.inviteSheet"_s));
         QVERIFY(invite->property("visualFocus").toBool());
