@@ -3,6 +3,7 @@
 #include "model/account.h"
 #include "model/alert.h"
 #include "model/device.h"
+#include "model/instant.h"
 #include "model/member.h"
 #include "model/notification_settings.h"
 #include "model/topic.h"
@@ -37,6 +38,8 @@ struct FetchedDashboard
     /// None when the body is byte for byte the one the caller already knows.
     std::optional<Dashboard> dashboard;
     QByteArray body;
+    /// When the service answered, by its own clock and to the second; none when it did not say.
+    std::optional<Instant> date = std::nullopt;
 };
 
 /// A session as the service describes it.

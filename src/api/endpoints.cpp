@@ -82,6 +82,7 @@ QCoro::Task<FetchedDashboard> fetchDashboard(APIClientPtr client, QByteArray kno
     const HTTPResponse response = co_await responseTo(client, request);
     FetchedDashboard fetched;
     fetched.body = response.body;
+    fetched.date = response.date;
     const bool isKnown = isSuccess(response.status) && !known.isEmpty() && response.body == known;
     if (!isKnown) {
         Dashboard dashboard = co_await decodedInBackground(response, readData<DashboardDTO>);

@@ -1,6 +1,9 @@
 #include "api/http_exchange.h"
 
+#include <QDateTime>
+#include <QLocale>
 #include <QNetworkRequest>
+#include <QTimeZone>
 
 #include <algorithm>
 
@@ -44,6 +47,15 @@ QNetworkRequest networkRequest(const HTTPRequest &request, const QUrl &url, cons
     // Up to the cap any ratio of packed to unpacked is fine: the cap counts what is unpacked.
     prepared.setDecompressedSafetyCheckThreshold(limits.bodyBytes);
     return prepared;
+}
+
+/// The one form in which servers may write it today (IMF-fixdate, RFC 9110, 5.6.7); none for any other.
+std::optional<Instant> dateOf(const QNetworkReply &reply)
+{
+    const QString text = QString::fromLatin1(reply.rawHeader("Date"));
+    QDateTime date = QLocale::c().toDateTime(text, QStringLiteral("ddd, dd MMM yyyy hh:mm:ss 'GMT'"));
+    date.setTimeZone(QTimeZone::utc());
+    return date.isValid() ? std::optional(instantFromMilliseconds(double(date.toMSecsSinceEpoch()))) : std::nullopt;
 }
 
 } // namespace
@@ -133,6 +145,7 @@ void HTTPExchange::conclude()
     HTTPResponse response;
     response.status = status();
     response.body = std::move(m_body);
+    response.date = dateOf(*m_reply);
     end(std::move(response));
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/instant.h"
+
 #include <QByteArray>
 #include <QCoroTask>
 #include <QList>
@@ -27,6 +29,8 @@ struct HTTPResponse
 {
     int status = 0;
     QByteArray body;
+    /// When the server sent it, by its own clock and to the second (`Date`, RFC 9110, 6.6.1).
+    std::optional<Instant> date = std::nullopt;
 };
 
 /// Performs requests; the seam behind which tests and demo code put an in-memory service. Main thread.

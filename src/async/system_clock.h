@@ -9,6 +9,7 @@ class SystemClock final : public Clock
 {
 public:
     [[nodiscard]] Instant now() const override;
+    [[nodiscard]] Seconds uptime() const override;
     QCoro::Task<> sleep(std::chrono::milliseconds duration, std::stop_token stop) override;
 };
 

@@ -27,6 +27,7 @@ AppStore::AppStore(SeedData seed, bool signedIn, std::shared_ptr<Preferences> de
     , m_clock(std::move(clock))
     , m_now(now)
     , m_hasLoaded(m_backend == nullptr)
+    , m_notificationMark(m_defaults)
     , m_unreadOverrides(m_defaults)
 {
     connect(this, &AppStore::alertsChanged, this, &AppStore::unreadCountChanged);

@@ -11,7 +11,9 @@
 #include "store/attention.h"
 #include "store/backend.h"
 #include "store/mutation_count.h"
+#include "store/notification_mark.h"
 #include "store/seed_data.h"
+#include "store/service_clock.h"
 #include "store/unread_overrides.h"
 #include "store/waiting_asks.h"
 
@@ -83,6 +85,7 @@ public:
     [[nodiscard]] const QString &selfHostedURL() const { return m_selfHostedURL; }
     [[nodiscard]] bool focusMode() const { return m_focusMode; }
     [[nodiscard]] const QString &activeWorkspaceID() const { return m_activeWorkspaceID; }
+    /// The service's time where its answers have told it, else this computer's.
     [[nodiscard]] Instant now() const { return m_now; }
     [[nodiscard]] bool hasLoaded() const { return m_hasLoaded; }
     /// Changes of the person's are on their way to the service.
@@ -318,6 +321,7 @@ private:
     // What several subjects share.
     /// Reads the clock, and reckons anew when it is to tick.
     void takeTime();
+    [[nodiscard]] Instant serviceNow() const { return m_serviceClock.now(*m_clock); }
     void fillFromSeed();
     void clearSelectionAndFilter();
     void replaceAlert(const Alert &alert);
@@ -349,6 +353,8 @@ private:
     void refreshProvidersSoon();
     void takeAccount(const Account &account);
     void applyDashboard(FetchedDashboard fetched);
+    /// Whose notification mark it is while this account is signed in.
+    [[nodiscard]] QString markOwner(const std::optional<Account> &account) const;
 
     SeedData m_seed;
     std::shared_ptr<Preferences> m_defaults;
@@ -399,6 +405,10 @@ private:
     APIClientPtr m_refreshingClient;
     /// A refused change still waits for a refresh that may be applied.
     bool m_refreshIsOwed = false;
+    /// Invitations were answered across a change of the person's, and have to be asked for again.
+    bool m_invitationsAreOwed = false;
+    ServiceClock m_serviceClock;
+    NotificationMark m_notificationMark;
     UnreadOverrides m_unreadOverrides;
     WaitingAsks m_waitingAsks;
     bool m_toldOfForgetting = false;

@@ -1,7 +1,6 @@
 #include "store/app_store.h"
 
 #include "api/endpoints.h"
-#include "store/notification_mark.h"
 #include "store/test_alert.h"
 
 #include <algorithm>
@@ -117,8 +116,7 @@ QCoro::Task<> AppStore::AlertSteps::performTestAlert(QPointer<AppStore> store, A
     if (!store || store->m_client != client)
         co_return;
     receive(*store, alert);
-    if (store->m_defaults)
-        advanceNotificationMark(*store->m_defaults, {alert}, store->m_clock->now());
+    store->m_notificationMark.note(alert, store->serviceNow());
     if (alert.delivered && store->m_backend->notifier)
         store->m_backend->notifier->deliver(alert, store->workspaceName(alert.workspaceId), store->m_settings.sound);
     store->showToast(QStringLiteral("Test alert sent."), false);

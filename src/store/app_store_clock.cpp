@@ -48,7 +48,7 @@ void AppStore::takeTime()
     // Without a clock that was started, time stands still.
     if (!m_clockTask.stop_possible())
         return;
-    set(m_now, m_clock->now(), &AppStore::nowChanged);
+    set(m_now, serviceNow(), &AppStore::nowChanged);
     startClock();
 }
 
@@ -60,7 +60,7 @@ QCoro::Task<> AppStore::ClockSteps::runClock(QPointer<AppStore> store, std::shar
         co_await clock->sleep(pause, stop);
         if (stop.stop_requested() || !store)
             co_return;
-        store->set(store->m_now, clock->now(), &AppStore::nowChanged);
+        store->set(store->m_now, store->serviceNow(), &AppStore::nowChanged);
     }
 }
 

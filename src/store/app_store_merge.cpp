@@ -2,7 +2,6 @@
 
 #include "async/background.h"
 #include "store/notification_choice.h"
-#include "store/notification_mark.h"
 #include "store/preference_keys.h"
 
 #include <QDateTime>
@@ -42,9 +41,12 @@ void AppStore::applyDashboard(FetchedDashboard fetched)
         m_appliedEpoch = m_mutations.epoch();
         // There may be a deadline before the next tick.
         takeTime();
+    } else {
+        // At the first dashboard of a run it was not known yet what had vanished.
+        m_unreadOverrides.keepOnly(m_alerts);
     }
     set(m_connectionProblem, std::optional<QString>(), &AppStore::connectionProblemChanged);
-    set(m_lastSyncedAt, std::optional(m_clock->now()), &AppStore::lastSyncedAtChanged);
+    set(m_lastSyncedAt, std::optional(serviceNow()), &AppStore::lastSyncedAtChanged);
 }
 
 void AppStore::MergeSteps::merge(AppStore &store, Dashboard dashboard)
@@ -111,18 +113,25 @@ QString AppStore::MergeSteps::chooseActiveWorkspace(const AppStore &store, const
     return fresh.isEmpty() ? QString() : fresh.first().id;
 }
 
+QString AppStore::markOwner(const std::optional<Account> &account) const
+{
+    return account && m_client ? notificationMarkOwner(m_client->baseURL(), *account) : QString();
+}
+
 void AppStore::MergeSteps::notifyAbout(AppStore &store, const Dashboard &dashboard)
 {
-    if (!store.m_defaults)
-        return;
+    NotificationMark &mark = store.m_notificationMark;
+    const Instant now = store.serviceNow();
+    mark.claim(store.markOwner(store.m_account), now);
     QList<AlertToNotify> chosen;
-    if (const auto mark = notificationMark(*store.m_defaults))
+    if (const auto after = mark.after())
         chosen = chooseAlertsToNotify(dashboard, store.m_alerts,
-                                      {.after = *mark,
+                                      {.after = *after,
+                                       .ahead = mark.ahead(),
                                        .now = store.m_now,
                                        .minuteOfDay = localMinuteOfDay(store.m_now),
                                        .hasLoaded = store.m_hasLoaded});
-    advanceNotificationMark(*store.m_defaults, dashboard.alerts, store.m_clock->now());
+    mark.advance(dashboard.alerts, now);
     if (!store.m_backend->notifier)
         return;
     for (const AlertToNotify &notification : std::as_const(chosen))

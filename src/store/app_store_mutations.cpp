@@ -128,13 +128,6 @@ void AppStore::MutationSteps::leaveLane(AppStore &store, const std::shared_ptr<M
         start(store, waiting->first(), lane);
 }
 
-void AppStore::refreshIfOwed()
-{
-    // A refresh begun earlier would be thrown away by the very mutations it follows.
-    if (m_refreshIsOwed && !hasMutationsInFlight() && !isRefreshing())
-        refresh();
-}
-
 void AppStore::tellReply(const QPointer<AppStore> &store, const APIClientPtr &client,
                          const std::optional<QString> &message)
 {

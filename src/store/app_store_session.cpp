@@ -174,6 +174,9 @@ void AppStore::SessionSteps::reset(AppStore &store)
 {
     store.m_appliedBody.clear();
     store.m_refreshIsOwed = false;
+    store.m_invitationsAreOwed = false;
+    // The next session may be one of another server.
+    store.m_serviceClock.forget();
     store.m_mutationLanes.clear();
     store.m_provisionalMembers.clear();
     // The account first: what is empty behind the sign-in screen is not looked at.

@@ -6,6 +6,7 @@
 #include "store/preference_keys.h"
 
 #include <limits>
+#include <utility>
 
 namespace pingwell {
 
@@ -87,6 +88,17 @@ QCoro::Task<> AppStore::SyncSteps::runSync(QPointer<AppStore> store, std::shared
     }
 }
 
+void AppStore::refreshIfOwed()
+{
+    // What is asked for earlier would be thrown away because of the very changes that it is to follow.
+    if (hasMutationsInFlight())
+        return;
+    if (m_refreshIsOwed && !isRefreshing())
+        refresh();
+    if (std::exchange(m_invitationsAreOwed, false))
+        launch("invitations", SyncSteps::refreshInvitations(this, m_syncTask.get_token()));
+}
+
 void AppStore::refresh()
 {
     checkMainThread();
@@ -102,6 +114,8 @@ QCoro::Task<> AppStore::SyncSteps::runRefresh(QPointer<AppStore> store)
     const APIClientPtr client = store->m_client;
     const qint64 epoch = store->m_mutations.epoch();
     const QByteArray known = knownBody(*store);
+    const std::shared_ptr<Clock> clock = store->m_clock;
+    const Seconds sent = clock->uptime();
     std::optional<FetchedDashboard> fetched;
     std::optional<APIError> failure;
     try {
@@ -115,6 +129,10 @@ QCoro::Task<> AppStore::SyncSteps::runRefresh(QPointer<AppStore> store)
     const bool applies = !failure && store->m_mutations.restsSince(epoch);
     if (failure || applies)
         store->m_refreshIsOwed = false;
+    if (fetched && fetched->date)
+        store->m_serviceClock.learn(*fetched->date, sent, clock->uptime());
+    // What has arrived is judged at this moment, not at that of the last tick.
+    store->takeTime();
     if (failure)
         noteProblem(*store, *failure);
     else if (applies)
@@ -156,6 +174,9 @@ void AppStore::takeAccount(const Account &account)
 {
     if (m_account == account)
         return;
+    m_notificationMark.handOver(markOwner(m_account), markOwner(account));
+    // The plan that the dashboard told last may have gone with the old record.
+    m_appliedBody.clear();
     set(m_account, std::optional(account), &AppStore::accountChanged);
     saveAccount(account);
 }
@@ -176,11 +197,13 @@ QCoro::Task<> AppStore::SyncSteps::refreshInvitations(QPointer<AppStore> store, 
     }
     if (!store || store->m_client != client)
         co_return;
+    // One just answered would come back for a while, as in a dashboard.
+    store->m_invitationsAreOwed = !failure && !store->m_mutations.restsSince(epoch);
     if (failure)
         noteProblem(*store, *failure);
-    // One just answered would come back for a while, as in a dashboard.
-    else if (store->m_mutations.restsSince(epoch))
+    else if (!store->m_invitationsAreOwed)
         store->set(store->m_invitations, invitations, &AppStore::invitationsChanged);
+    store->refreshIfOwed();
 }
 
 QCoro::Task<> AppStore::SyncSteps::registerDevice(QPointer<AppStore> store, std::stop_token stop)
@@ -246,6 +269,7 @@ void AppStore::SyncSteps::takeDevice(AppStore &store, const Device &device)
     QList<Device> devices = store.m_devices;
     devices.removeIf([&device](const Device &other) { return other.id == device.id; });
     devices << device;
+    store.m_appliedBody.clear();
     store.set(store.m_devices, devices, &AppStore::devicesChanged);
 }
 

@@ -1,7 +1,5 @@
 #include "store/notification_choice.h"
 
-#include <QSet>
-
 #include <algorithm>
 
 namespace pingwell {
@@ -40,8 +38,8 @@ QList<Alert> newestNews(const QList<Alert> &fresh, const QList<Alert> &known, co
                  [&moment](const Alert &alert) { return isNews(alert, moment); });
     if (news.isEmpty())
         return news;
-    QSet<QString> knownIDs;
-    knownIDs.reserve(known.size());
+    QSet<QString> knownIDs = moment.ahead;
+    knownIDs.reserve(known.size() + moment.ahead.size());
     for (const Alert &alert : known)
         knownIDs.insert(alert.id);
     news.removeIf([&knownIDs](const Alert &alert) { return knownIDs.contains(alert.id); });

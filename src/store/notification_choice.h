@@ -5,6 +5,7 @@
 #include "model/notification_settings.h"
 
 #include <QList>
+#include <QSet>
 #include <QString>
 
 #include <optional>
@@ -19,6 +20,8 @@ struct NotificationMoment
 {
     /// Only alerts posted later are new.
     Instant after;
+    /// These have been announced before, although they are dated later still.
+    QSet<QString> ahead = {};
     Instant now;
     /// Minutes since midnight in the person's time zone.
     int minuteOfDay = 0;

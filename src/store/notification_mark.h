@@ -1,21 +1,52 @@
 #pragma once
 
+#include "model/account.h"
 #include "model/alert.h"
 #include "model/preferences.h"
 
 #include <QList>
+#include <QSet>
+#include <QUrl>
 
+#include <memory>
 #include <optional>
 
 namespace pingwell {
 
-// The notification mark: the time of the newest alert that this installation has ever known. Only later alerts are
-// announced, so that none is announced twice.
+/// Up to where the alerts of one person at one server have been looked through for what is new, kept in the
+/// preferences: only what lies beyond is announced, so that nothing is announced twice. The mark is the time of an
+/// alert, never goes back and never passes the time of the look; alerts dated later than that are remembered by name,
+/// because a mark that followed them would silence all that are posted until then.
+class NotificationMark
+{
+public:
+    /// Without `preferences` there is never a mark.
+    explicit NotificationMark(std::shared_ptr<Preferences> preferences);
 
-/// The mark; none before the first dashboard of an installation.
-[[nodiscard]] std::optional<Instant> notificationMark(const Preferences &preferences);
+    /// Makes it the mark of `owner`: one of somebody else is forgotten, one of nobody is taken over, and so is any by
+    /// an empty owner, who is not known yet. A mark that lies after `now`, the service's time, comes back to it.
+    void claim(const QString &owner, Instant now);
+    /// The owner goes by another name from now on.
+    void handOver(const QString &from, const QString &to);
 
-/// Moves the mark to the newest of the alerts, never back. Without alerts a mark that is missing becomes `now`.
-void advanceNotificationMark(Preferences &preferences, const QList<Alert> &alerts, Instant now);
+    /// Only later alerts are new; none before the first look, which only sets the mark.
+    [[nodiscard]] std::optional<Instant> after() const;
+    /// The alerts looked at that were dated later than the look.
+    [[nodiscard]] QSet<QString> ahead() const;
+
+    /// All alerts there are have been looked at.
+    void advance(const QList<Alert> &alerts, Instant now);
+    /// One more alert has been looked at.
+    void note(const Alert &alert, Instant now);
+
+private:
+    void moveTo(const QList<Alert> &alerts, Instant now);
+    void setAhead(const QStringList &alertIDs);
+
+    std::shared_ptr<Preferences> m_preferences;
+};
+
+/// Names a person at a server without telling who it is; empty while the person is not known.
+[[nodiscard]] QString notificationMarkOwner(const QUrl &server, const Account &account);
 
 } // namespace pingwell

@@ -15,6 +15,8 @@ inline const QString quietHoursEnabled = QStringLiteral("pingwell.settings.quiet
 inline const QString activeWorkspace = QStringLiteral("pingwell.workspace.active");
 inline const QString unreadAlerts = QStringLiteral("pingwell.alerts.unread");
 inline const QString lastNotifiedAt = QStringLiteral("pingwell.notifications.lastAt");
+inline const QString lastNotifiedOwner = QStringLiteral("pingwell.notifications.owner");
+inline const QString notifiedAhead = QStringLiteral("pingwell.notifications.ahead");
 inline const QString promptDismissed = QStringLiteral("pingwell.notifications.promptDismissed");
 
 /// One device identifier for each server.

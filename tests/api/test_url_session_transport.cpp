@@ -59,11 +59,13 @@ private slots:
             request.headers.emplaceBack("Content-Type", "application/json");
             request.body = R"({"a":1})";
         }
-        m_server->answer("HTTP/1.1 404 Not Found\r\nSet-Cookie: a=b\r\nContent-Length: 3\r\n\r\nno.");
+        m_server->answer("HTTP/1.1 404 Not Found\r\nDate: Sun, 06 Nov 1994 08:49:37 GMT\r\nSet-Cookie: "
+                         "a=b\r\nContent-Length: 3\r\n\r\nno.");
         m_server->answerWith("new");
         const auto settled = settle(m_transport->perform(request));
         QCOMPARE(settled.value->status, 404);
         QCOMPARE(settled.value->body, "no."_ba);
+        QCOMPARE(settled.value->date, std::optional(Instant(784'111'777s)));
 
         const QByteArray sent = m_server->requests().constFirst();
         const QByteArray head = sent.first(sent.indexOf("\r\n\r\n")).toLower();

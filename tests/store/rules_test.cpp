@@ -2,9 +2,11 @@
 #include "store/invite_rules.h"
 #include "store/outcome_text.h"
 #include "store/preference_keys.h"
+#include "store/service_clock.h"
 #include "store/text_cut.h"
 #include "store/topic_slug.h"
 #include "store/waiting_asks.h"
+#include "support/manual_clock.h"
 
 #include <QTest>
 
@@ -68,6 +70,47 @@ private slots:
     {
         QFETCH(QString, text);
         QTEST(withinUnits(text, 5), "expected");
+    }
+
+    /// What the service's clock is ahead of this computer's, after answers that said so and took that long.
+    void serviceTimes_data()
+    {
+        QTest::addColumn<QList<double>>("told");
+        QTest::addColumn<double>("seconds");
+        QTest::addColumn<double>("expected");
+        const auto row = [](const char *name, const QList<double> &told, double seconds, double expected) {
+            QTest::newRow(name) << told << seconds << expected;
+        };
+        row("nothing told", {}, 1, 0);
+        row("the first answer counts at once", {-3600}, 1, -3600);
+        row("the rest of a second that a date leaves out", {1.5}, 0, 0);
+        row("beyond what is left out", {2.5}, 0, 2.5);
+        row("a slow answer may explain the difference", {10}, 18, 0);
+        row("one odd answer among several", {-3600, -3601, 86400, -3599, -3600}, 0, -3600);
+        row("the newest five", {0, 0, 0, 60, 60, 60, 60, 60}, 0, 60);
+    }
+
+    void serviceTimes()
+    {
+        QFETCH(QList<double>, told);
+        QFETCH(double, seconds);
+        QFETCH(double, expected);
+        ManualClock clock(Instant(Seconds(1'700'000'000)));
+        ServiceClock service;
+        for (const double ahead : told) {
+            const Seconds sent = clock.uptime();
+            clock.advance(std::chrono::milliseconds(qint64(seconds * 1000)));
+            service.learn(clock.now() + Seconds(ahead - seconds / 2 - 0.5), sent, clock.uptime());
+        }
+        QCOMPARE((service.now(clock) - clock.now()).count(), expected);
+        // Whoever sets this computer's clock doesn't move the service's.
+        const Instant before = service.now(clock);
+        clock.jump(std::chrono::hours(24));
+        clock.advance(std::chrono::seconds(5));
+        if (!told.isEmpty())
+            QVERIFY(std::abs((service.now(clock) - before).count() - 5) <= 10);
+        service.forget();
+        QCOMPARE(service.now(clock), clock.now());
     }
 
     void addresses_data()

@@ -245,6 +245,132 @@ private slots:
         QCOMPARE(store().settings().quietHoursEnabled, on);
     }
 
+    /// The computer's clock is an hour fast: nothing that waits is hidden, and it can be answered.
+    void deadlinesAreTheServices()
+    {
+        m->startWith({});
+        m->clock->jump(1h);
+        store().startClock();
+        const QJsonObject soon{{u"expiresAt"_s, millisecondsFromInstant(testStart + Seconds(600))}};
+        const QJsonObject late{{u"expiresAt"_s, millisecondsFromInstant(testStart + Seconds(1))}};
+        ScriptedAnswer answer =
+            ScriptedAnswer::data(withAlerts({askJSON(a1, -1, soon), askJSON(u"late"_s, -1, late)}).body());
+        answer.response->date = testStart + Seconds(2);
+        m->transport->plan("GET", "/dashboard", answer);
+        store().refresh();
+        m->settle();
+        QCOMPARE(m->notifier->delivered, QStringList{u"a1, sounds"_s});
+        QCOMPARE(store().needsReplyCount(), 1);
+        QVERIFY(store().canAnswer(m->alert(a1)));
+        QCOMPARE(store().lastSyncedAt(), std::optional(store().now()));
+        QCOMPARE(m->preferences->number(preference_keys::lastNotifiedAt),
+                 std::optional(millisecondsFromInstant(testStart + Seconds(1))));
+        m->clock->jump(-3h);
+        m->clock->advance(598s);
+        QCOMPARE(store().needsReplyCount(), 0);
+        // Another server has another clock.
+        m->changeSession();
+        m->clock->advance(1s);
+        QCOMPARE(store().now(), m->clock->now());
+    }
+
+    void anAskThatTimedOutOnItsWayIsNotAnnounced()
+    {
+        m->startWith({});
+        store().startClock();
+        store().setWatched(false);
+        const QJsonObject soon{{u"expiresAt"_s, millisecondsFromInstant(testStart + Seconds(10))}};
+        m->transport->plan("GET", "/dashboard",
+                           ScriptedAnswer::data(withAlerts({askJSON(a1, -1, soon)}).body()).heldBack());
+        store().refresh();
+        m->settle();
+        m->clock->advance(14s);
+        m->release();
+        QVERIFY(store().alerts().size() == 1 && m->notifier->delivered.isEmpty());
+    }
+
+    void oneDatedAheadSilencesNobodyAndIsAnnouncedOnce()
+    {
+        // As an earlier version left it behind.
+        m->preferences->setNumber(preference_keys::lastNotifiedAt, millisecondsFromInstant(testStart + Seconds(9e5)));
+        m->startWith({});
+        QJsonArray alerts{alertJSON(u"ahead"_s, -86400)};
+        const auto delivered = [&](const QString &id, double secondsAfter) {
+            m->notifier->delivered.clear();
+            m->clock->advance(10s);
+            alerts << alertJSON(id, -secondsAfter);
+            m->refreshWith(withAlerts(alerts));
+            return m->notifier->delivered.join(u' ');
+        };
+        QCOMPARE(delivered(u"b"_s, 5), u"ahead, sounds b, sounds"_s);
+        QCOMPARE(delivered(u"c"_s, 15), u"c, sounds"_s);
+        m->start();
+        QCOMPARE(delivered(u"d"_s, 25), u"d, sounds"_s);
+        m->clock->advance(24h);
+        m->start();
+        QCOMPARE(delivered(u"e"_s, 86430), u"e, sounds"_s);
+        QCOMPARE(m->preferences->strings(preference_keys::notifiedAhead), std::nullopt);
+    }
+
+    /// Who signs in again hears of what came meanwhile; of another person's or server's alerts none is news at first.
+    void theMarkBelongsToOnePersonAtOneServer()
+    {
+        const Account ada{u"Ada"_s, u"ada@example.com"_s, AuthProvider::github, u"Pro"_s};
+        const Account eve{u"Eve"_s, u"eve@example.com"_s, AuthProvider::github, u"Pro"_s};
+        m->preferences->setNumber(preference_keys::lastNotifiedAt, millisecondsFromInstant(testStart - Seconds(100)));
+        m->start();
+        int number = 0;
+        const auto announcedTo = [&](const Account &account, const QString &server) {
+            m->notifier->delivered.clear();
+            store().signOut();
+            store().persistSession(u"t"_s, QUrl(server), account);
+            ++number;
+            m->refreshWith(withAlerts({alertJSON(u"n%1"_s.arg(number), 60 - number)}));
+            return m->notifier->delivered.size();
+        };
+        QCOMPARE(announcedTo(ada, u"https://one.test"_s), 1);
+        QCOMPARE(announcedTo(ada, u"https://one.test"_s), 1);
+        QCOMPARE(announcedTo(eve, u"https://one.test"_s), 0);
+        QCOMPARE(announcedTo(eve, u"https://two.test"_s), 0);
+        QCOMPARE(announcedTo(eve, u"https://two.test"_s), 1);
+        QVERIFY(!m->preferences->string(preference_keys::lastNotifiedOwner)->contains(u"eve"_s));
+    }
+
+    void invitationsDroppedForAChangeAreAskedForAgain()
+    {
+        startLoop();
+        m->transport->plan("GET", "/invites",
+                           ScriptedAnswer::data(R"([{"token":"old","workspace":"Old"}])").heldBack());
+        m->transport->plan("POST", "/workspaces/w1/alerts/a1/read", ScriptedAnswer::raw(204, "").heldBack());
+        poll(4);
+        store().setRead(a1, true);
+        m->settle();
+        m->release("GET", "/invites");
+        QCOMPARE(m->transport->count("GET", "/invites"), 2);
+        m->release();
+        QCOMPARE(m->transport->count("GET", "/invites"), 3);
+        QCOMPARE(store().invitations().first().workspaceName, u"Acme"_s);
+    }
+
+    /// What the same bytes mean depends on what else happened.
+    void theSameBytesStillApplyTheRest()
+    {
+        m->preferences->setStrings(preference_keys::unreadAlerts, {u"gone"_s});
+        startLoop();
+        QCOMPARE(store().account()->plan, u"Cloud"_s);
+        QCOMPARE(store().devices().size(), 1);
+        poll(1);
+        QCOMPARE(store().account()->plan, u"Pro"_s);
+        QCOMPARE(store().devices().size(), 0);
+        QCOMPARE(m->preferences->strings(preference_keys::unreadAlerts), std::optional(QStringList()));
+        m->preferences->setStrings(preference_keys::unreadAlerts, {u"gone"_s});
+        m->start();
+        m->refreshWith(withAlerts({}));
+        QCOMPARE(m->preferences->strings(preference_keys::unreadAlerts)->size(), 1);
+        m->refreshWith(withAlerts({}));
+        QCOMPARE(m->preferences->strings(preference_keys::unreadAlerts)->size(), 0);
+    }
+
     void theActiveWorkspaceSurvivesAndMoves()
     {
         m->preferences->setString(preference_keys::activeWorkspace, u"w2"_s);

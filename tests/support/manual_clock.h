@@ -21,6 +21,7 @@ public:
     }
 
     [[nodiscard]] Instant now() const override { return m_start + m_elapsed; }
+    [[nodiscard]] Seconds uptime() const override { return m_elapsed; }
     QCoro::Task<> sleep(std::chrono::milliseconds duration, std::stop_token stop) override;
 
     void advance(std::chrono::milliseconds duration);
