@@ -26,13 +26,14 @@ private slots:
         QCOMPARE(QStringList({sessionAccount, sessionBaseURL, sessionProvider, serverKind, selfHostedURL,
                               device(QUrl(u"https://x.test/api"_s)), quietHoursEnabled, activeWorkspace,
                               responseTimeoutMinutes(u"w1"_s), timeoutAction(u"w1"_s), unreadAlerts, lastNotifiedAt,
-                              promptDismissed})
+                              lastNotifiedOwner, notifiedAhead, promptDismissed})
                      .join(u' '),
                  u"pingwell.session.account pingwell.session.baseURL pingwell.session.provider pingwell.server.kind"
                  " pingwell.server.selfHostedURL pingwell.device.https://x.test/api"
                  " pingwell.settings.quietHoursEnabled pingwell.workspace.active"
                  " pingwell.workspace.w1.responseTimeoutMinutes pingwell.workspace.w1.timeoutAction"
-                 " pingwell.alerts.unread pingwell.notifications.lastAt pingwell.notifications.promptDismissed"_s);
+                 " pingwell.alerts.unread pingwell.notifications.lastAt pingwell.notifications.owner"
+                 " pingwell.notifications.ahead pingwell.notifications.promptDismissed"_s);
     }
 
     void slugs_data()
