@@ -12,6 +12,8 @@ namespace {
 
 using Act = std::function<void(AppStore &)>;
 
+const ScriptedAnswer registered = ScriptedAnswer::data(R"({"id":"d9","name":"Desk","platform":"linux"})");
+
 QJsonObject member(const QString &id, const QString &role, const QString &status, bool isSelf = false)
 {
     return {{u"id"_s, id},     {u"workspaceId"_s, u"w1"_s}, {u"email"_s, QString(id + u"@x.test")},
@@ -166,12 +168,11 @@ QList<Action> allActions()
 QList<Action> allQuestions()
 {
     const Act poll = [](AppStore &s) { s.startSync(); };
-    const ScriptedAnswer device = ScriptedAnswer::data(R"({"id":"d9","name":"Desk","platform":"linux"})");
     return {
         {"account", poll, "GET /auth/user-data ", ScriptedAnswer::raw(200, R"({"user":{"name":"Ada"}})")},
         {"invitations", poll, "GET /invites ", ScriptedAnswer::data(R"([{"token":"late"}])")},
         {"heartbeat", poll, "POST /devices/here/heartbeat ", ScriptedAnswer::failure(404)},
-        {"registration", poll, "POST /devices ", device},
+        {"registration", poll, "POST /devices ", registered},
         {"deletion of the account", [](AppStore &s) { s.deleteAccount(); }, "DELETE /auth/account ",
          ScriptedAnswer::message("Goodbye.")},
     };
@@ -270,7 +271,7 @@ private slots:
             for (const char *path : {"/dashboard", "/auth/user-data", "/invites"})
                 m->transport->always("GET", path, ScriptedAnswer::noAnswer());
             m->transport->always("POST", "/devices/here/heartbeat", ScriptedAnswer::failure(404));
-            m->transport->always("POST", "/devices", allQuestions().at(3).answer);
+            m->transport->always("POST", "/devices", registered);
             for (const char *path : {"/devices/here", "/devices/d9"})
                 m->transport->always("DELETE", path, ScriptedAnswer::raw(204, {}));
             m->transport->plan(action.method(), action.path(), answer.heldBack());
