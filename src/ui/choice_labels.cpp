@@ -4,6 +4,8 @@
 
 #include <QHash>
 
+#include <algorithm>
+
 namespace pingwell {
 
 namespace {
@@ -30,10 +32,12 @@ QHash<QString, int> looksOf(const QStringList &labels)
 
 QStringList choiceLabels(const QStringList &actions)
 {
+    // Together no more than layout can take, however many there are.
+    const qsizetype longest = std::max(displayLineLength, fullDisplayLength / std::max<qsizetype>(actions.size(), 1));
     QStringList labels;
     labels.reserve(actions.size());
     for (const QString &action : actions) {
-        const QString label = displayLine(action, fullDisplayLength);
+        const QString label = displayLine(action, longest);
         labels.append(label.isEmpty() ? numbered(labels.size()) : label);
     }
     const QHash<QString, int> looks = looksOf(labels);

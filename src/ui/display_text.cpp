@@ -12,6 +12,10 @@ constexpr char16_t firstStrongIsolate = u'\u2068';
 constexpr char16_t popIsolate = u'\u2069';
 constexpr char16_t ellipsis = u'\u2026';
 constexpr qsizetype longestNewlineRun = 3;
+/// Unseen, and as wide as a letter.
+constexpr char16_t wideBlanks[]{u'\u2800', u'\u3164', u'\uFFA0'};
+/// A text that begins with more than this that cannot be seen is not read further.
+constexpr qsizetype longestUnseenRun = fullDisplayLength;
 
 bool isControl(char16_t unit)
 {
@@ -49,12 +53,6 @@ bool isUnseen(char32_t character)
     });
 }
 
-/// Unseen, and as wide as a letter.
-bool isWideBlank(QChar character)
-{
-    return character == QChar(0x2800) || character == QChar(0x3164) || character == QChar(0xFFA0);
-}
-
 /// The character that begins at `at`, and how many units it has.
 std::pair<char32_t, qsizetype> characterAt(const QString &text, qsizetype at)
 {
@@ -66,14 +64,13 @@ std::pair<char32_t, qsizetype> characterAt(const QString &text, qsizetype at)
 /// Where the first character stands that can be seen; the length of `text` where there is none.
 qsizetype firstSeen(const QString &text)
 {
-    qsizetype at = 0;
-    while (at < text.size()) {
+    for (qsizetype at = 0; at < std::min(text.size(), longestUnseenRun);) {
         const auto [character, units] = characterAt(text, at);
         if (!isUnseen(character))
-            break;
+            return at;
         at += units;
     }
-    return at;
+    return text.size();
 }
 
 bool isSpace(char16_t unit)
@@ -180,8 +177,10 @@ DisplayText displayText(const QString &raw, qsizetype maximumLength)
 QString displayLine(const QString &raw, qsizetype maximumLength)
 {
     // Twice the room, for the white space that goes. What comes before the first visible character takes none.
-    QString text = displayText(raw.sliced(firstSeen(raw)), 2 * maximumLength).text;
-    std::replace_if(text.begin(), text.end(), isWideBlank, QChar(u' '));
+    const qsizetype start = firstSeen(raw);
+    QString text = displayText(start == 0 ? raw : raw.sliced(start), 2 * maximumLength).text;
+    for (const char16_t blank : wideBlanks)
+        text.replace(QChar(blank), QChar(u' '));
     const QString line = text.simplified();
     return line.size() > maximumLength ? cut(line, maximumLength) : line;
 }

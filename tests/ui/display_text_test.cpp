@@ -1,3 +1,4 @@
+#include "ui/choice_labels.h"
 #include "ui/display_text.h"
 
 #include <QTest>
@@ -78,6 +79,24 @@ private slots:
         QCOMPARE(seenOf(u"De\u034Flete it\uFE0F"_s), u"Delete it"_s);
         QCOMPARE(seenOf(u"\uFB01le e\u0301"_s), u"file \u00E9"_s);
         QVERIFY(seenOf(u"Delete"_s) != seenOf(u"delete"_s));
+    }
+
+    void choicesAreToldApart()
+    {
+        const QString words = u"Delete what nobody reads "_s.repeated(40) + u"in "_s;
+        const QList<std::pair<QStringList, QStringList>> pairs{
+            {{u"Hold"_s, words + u"staging"_s, words + u"production"_s},
+             {u"Hold"_s, words + u"staging"_s, words + u"production"_s}},
+            {{u"Hold"_s, u"\u3164"_s, u"\u2800"_s}, {u"Hold"_s, u"Choice 2"_s, u"Choice 3"_s}},
+            {{u"Yes"_s, u"No"_s, u" Yes\uFE0F\n"_s}, {u"Yes (choice 1)"_s, u"No"_s, u"Yes\uFE0F (choice 3)"_s}},
+            {{u"Choice 2"_s, u""_s}, {u"Choice 2 (choice 1)"_s, u"Choice 2 (choice 2)"_s}},
+            {{u"Yes"_s, u"Yes"_s, u"Yes (choice 1)"_s},
+             {u"Yes (choice 1)"_s, u"Yes (choice 2)"_s, u"Yes (choice 1) (choice 3)"_s}},
+            {{u"כן"_s, u"כן"_s}, {u"\u2068כן\u2069 (choice 1)"_s, u"\u2068כן\u2069 (choice 2)"_s}}};
+        for (const auto &[actions, labels] : pairs)
+            QCOMPARE(choiceLabels(actions), labels);
+        const QStringList many = choiceLabels(QStringList(400, words.repeated(100)));
+        QVERIFY(many.join(QString()).size() < 400 * 330 && many.at(1).endsWith(u"… (choice 2)"_s));
     }
 };
 

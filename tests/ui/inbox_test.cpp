@@ -285,33 +285,26 @@ private slots:
         QVERIFY(!screen.shows(u"detail.showAll"_s));
         open(u"a3"_s);
         QCOMPARE(screen.name(u"detail.answered"_s), u"You replied “Choice 2”"_s);
-        const auto textIn = [&](const QString &row, const QString &start) -> QQuickItem * {
-            for (QQuickItem *part : screen.find(u"alert.row."_s + row)->findChildren<QQuickItem *>()) {
-                if (part->isVisible() && part->property("elide").isValid() &&
-                    part->property("text").toString().startsWith(start))
-                    return part;
-            }
-            return nullptr;
-        };
-        const QQuickItem *const said = textIn(u"a2"_s, u"No reply in 15m — the agent continued with"_s);
-        const QQuickItem *const mark = textIn(u"a2"_s, u"TIMED OUT"_s);
+        const QQuickItem *const said =
+            screen.textIn(u"alert.row.a2"_s, u"No reply in 15m — the agent continued with"_s);
+        const QQuickItem *const mark = screen.textIn(u"alert.row.a2"_s, u"TIMED OUT"_s);
         QVERIFY(said && mark);
         QVERIFY(mark->mapToScene({0, mark->height()}).y() < said->mapToScene({}).y());
-        QVERIFY(!textIn(u"a1"_s, u"TIMED OUT"_s));
+        QVERIFY(!screen.textIn(u"alert.row.a1"_s, u"TIMED OUT"_s));
     }
 
     void rowKeepsItsMeasures()
     {
-        Screen screen(root, aDay());
+        const Screen screen(root, aDay());
         const QQuickItem *const row = screen.find(u"alert.row.n0"_s);
+        const auto placeOf = [&](const QString &text) {
+            return screen.textIn(row->objectName(), text)->mapToItem(row, {});
+        };
+        QCOMPARE(placeOf(u"Deploy bot"_s), QPointF(10 + 7 + 8, 4));
+        QCOMPARE(row->height() - placeOf(u"All checks"_s).y(), 16.0 + 4);
         for (const QQuickItem *part : row->findChildren<QQuickItem *>()) {
-            const QPointF place = part->mapToItem(row, {});
             if (part->property("size") == 7)
-                QCOMPARE(place, QPointF(10, 4 + 6));
-            if (part->property("text") == u"Deploy bot"_s)
-                QCOMPARE(place, QPointF(10 + 7 + 8, 4));
-            if (part->property("text") == u"All checks passed."_s)
-                QCOMPARE(row->height() - place.y(), std::max(std::ceil(part->height()), 16.0) + 4);
+                QCOMPARE(part->mapToItem(row, {}), QPointF(10, 4 + 6));
         }
     }
 

@@ -15,16 +15,6 @@ QJsonObject textAskJSON(const QString &id, double secondsAgo)
     return askJSON(id, secondsAgo, {{u"answerType"_s, u"text"_s}});
 }
 
-/// The element within another one that shows that text; null when there is none.
-const QQuickItem *textWithin(const QQuickItem *item, const QString &text)
-{
-    for (const QQuickItem *part : item->findChildren<QQuickItem *>()) {
-        if (part->property("text") == text && part->property("lineCount").isValid())
-            return part;
-    }
-    return nullptr;
-}
-
 int caretOf(const QQuickItem *field)
 {
     return field->property("cursorPosition").toInt();
@@ -273,7 +263,7 @@ private slots:
         QCOMPARE(screen.find(prefix + u".action.0"_s)->height(), height);
         for (const QString &number : {u"1"_s, u"2"_s}) {
             const QQuickItem *const button = screen.find(prefix + u".action."_s + number);
-            const QQuickItem *const label = textWithin(button, ask.actions.at(number.toInt()));
+            const QQuickItem *const label = screen.textIn(button->objectName(), ask.actions.at(number.toInt()));
             QVERIFY(label && !label->property("truncated").toBool());
             QVERIFY(label->mapToItem(button, {}).y() >= 4 && label->height() + 8 <= button->height());
         }

@@ -211,6 +211,17 @@ bool Screen::isFilled(const QString &identifier) const
     return image.pixelColor((inside * image.devicePixelRatio()).toPoint()).hsvSaturationF() > 0.5;
 }
 
+QQuickItem *Screen::textIn(const QString &identifier, const QString &start) const
+{
+    QQuickItem *found = nullptr;
+    visit(find(identifier), [&](QQuickItem *item) {
+        const bool isText = item->property("truncated").isValid();
+        if (!found && isText && item->property("text").toString().startsWith(start))
+            found = item;
+    });
+    return found;
+}
+
 QPointF Screen::place(const QString &identifier, const QPointF &within) const
 {
     const QQuickItem *const item = find(identifier);

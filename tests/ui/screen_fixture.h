@@ -70,6 +70,8 @@ public:
     [[nodiscard]] QStringList drawnOver() const;
     /// Whether a button is filled with a colour rather than outlined, as it is drawn now.
     [[nodiscard]] bool isFilled(const QString &identifier) const;
+    /// The first text within the element that begins so; null when there is none.
+    [[nodiscard]] QQuickItem *textIn(const QString &identifier, const QString &start) const;
     /// A place of the element in the window; far outside for what is not shown.
     [[nodiscard]] QPointF place(const QString &identifier, const QPointF &within = {}) const;
     /// How many visible elements have an identifier that matches.

@@ -153,30 +153,14 @@ private slots:
         QVERIFY(screen.shows(addressError) && !screen.shows(addressWarning));
     }
 
-    void plainAddressesAreOpenExceptOfThisMachine_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<bool>("open");
-        const auto row = [](const char *typed, bool open) {
-            QTest::newRow(typed) << QString::fromLatin1(typed) << open;
-        };
-        row("http://alerts.example.org", true);
-        row("HTTP://192.168.1.7:8080", true);
-        row("http://localhost.example.org", true);
-        row("http://[::2]", true);
-        row("https://alerts.example.org", false);
-        row("alerts.example.org", false);
-        row("http://localhost:8080", false);
-        row("http://LOCALHOST", false);
-        row("http://127.3.2.1", false);
-        row("http://[::1]:8080/base", false);
-        row("http://", false);
-    }
-
     void plainAddressesAreOpenExceptOfThisMachine()
     {
-        QFETCH(QString, typed);
-        QTEST(ServerAddress().isOpen(typed), "open");
+        for (const char *typed :
+             {"http://alerts.example.org", "HTTP://192.168.1.7:8080", "http://localhost.example.org", "http://[::2]"})
+            QVERIFY2(ServerAddress().isOpen(QString::fromLatin1(typed)), typed);
+        for (const char *typed : {"https://alerts.example.org", "alerts.example.org", "http://LOCALHOST:8080",
+                                  "http://127.3.2.1", "http://[::1]:8080/base", "http://"})
+            QVERIFY2(!ServerAddress().isOpen(QString::fromLatin1(typed)), typed);
     }
 
     void namesTheServerThatIsNotTheManagedOne()
@@ -184,6 +168,7 @@ private slots:
         m->backend->baseURLOverride = QUrl(u"http://127.0.0.1:8080"_s);
         Screen &screen = show();
         QVERIFY(screen.name(u"signin.server.fixed"_s).contains(u"127.0.0.1:8080"_s));
+        const Screen panel(u"PopoverView"_s, *m->store);
         const auto name = [&screen] { return screen.name(u"sidebar.account"_s); };
         m->store->persistSession(u"token"_s, QUrl(u"https://alerts.example.org:8443"_s),
                                  demoAccount(AuthProvider::google));
@@ -194,7 +179,6 @@ private slots:
         screen.settle();
         QCOMPARE(screen.value(u"settings.server.name"_s), u"Pingwell Cloud"_s);
         QCOMPARE(screen.value(u"settings.server.host"_s), u"alerts.example.org:8443"_s);
-        const Screen panel(u"PopoverView"_s, *m->store);
         QCOMPARE(panel.name(u"popover.server"_s), u"alerts.example.org:8443"_s);
         QCOMPARE(panel.name(u"popover.status"_s), u"Connected · Pingwell Cloud"_s);
 

@@ -255,7 +255,7 @@ private slots:
         TeamScreen screen(teamSeed(WorkspaceRole::member));
         screen.click(u"team.leave"_s);
         QCOMPARE(screen.focused(), u"team.leave.cancel"_s);
-        screen.find(u"team.leave.cancel"_s)->setFocus(false);
+        screen.find(u"team.leave.cancel"_s)->parentItem()->forceActiveFocus();
         screen.press(Qt::Key_Return);
         QVERIFY(screen.shows(u"team.leave.confirm"_s));
         screen.find(u"team.leave.cancel"_s)->forceActiveFocus();
