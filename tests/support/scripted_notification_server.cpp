@@ -61,6 +61,7 @@ QVariantList ScriptedNotificationServer::answerTo(const QDBusMessage &message)
     if (message.member() == u"CloseNotification") {
         const uint number = message.arguments().value(0).toUInt();
         m_closed.append(number);
+        emit wasClosed(number);
         close(number, closedByCall);
     }
     return {};
@@ -77,6 +78,7 @@ uint ScriptedNotificationServer::show(const QVariantList &arguments)
                     .body = arguments.value(4).toString(),
                     .actions = arguments.value(5).toStringList(),
                     .hints = qdbus_cast<QVariantMap>(arguments.value(6))});
+    emit wasShown(m_shown.last());
     return number;
 }
 

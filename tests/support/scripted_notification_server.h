@@ -62,6 +62,13 @@ public:
     /// 1: expired, 2: dismissed by the person, 3: closed by a call, 4: undefined.
     void close(uint number, uint reason) const { tell(QStringLiteral("NotificationClosed"), {number, reason}); }
 
+signals:
+    /// A Notify call, new or replacing, once it is written down.
+    void wasShown(const pingwell::ShownNotification &notification);
+    /// A CloseNotification call.
+    void wasClosed(uint number);
+
+public:
     QString introspect(const QString &) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
 
