@@ -36,6 +36,13 @@ public:
     /// The value as JSON text (RFC 8259), UTF-8.
     [[nodiscard]] QByteArray encoded() const;
 
+    /// The value, where it is of that type: `QString`, `std::int64_t` or `bool`.
+    template<typename Type>
+    [[nodiscard]] const Type *as() const
+    {
+        return std::get_if<Type>(&m_value);
+    }
+
     friend bool operator==(const JSON &, const JSON &) = default;
 
 private:

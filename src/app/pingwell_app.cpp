@@ -37,11 +37,11 @@ void PingwellApp::start()
 void PingwellApp::quit()
 {
     const AppStore *store = m_parts.store.get();
-    if (!store->hasMutationsInFlight() || m_quitWait.isActive()) {
+    if (!store->hasUnfinishedWork() || m_quitWait.isActive()) {
         emit quitRequested();
         return;
     }
-    connect(store, &AppStore::mutationsEnded, this, &PingwellApp::quitRequested);
+    connect(store, &AppStore::workEnded, this, &PingwellApp::quitRequested);
     m_quitWait.start();
 }
 

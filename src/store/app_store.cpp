@@ -55,7 +55,6 @@ AppStore::~AppStore()
     m_syncTask.request_stop();
     m_toastTask.request_stop();
     m_providersTask.request_stop();
-    m_mutationLanes.clear();
     if (m_backend && m_backend->tokenStore) {
         m_backend->tokenStore->onBecameReadable = nullptr;
         m_backend->tokenStore->onNotKept = nullptr;

@@ -14,6 +14,7 @@
 #include "store/notification_mark.h"
 #include "store/seed_data.h"
 #include "store/service_clock.h"
+#include "store/unfinished_work.h"
 #include "store/unread_overrides.h"
 #include "store/waiting_asks.h"
 
@@ -29,6 +30,9 @@
 #include <stop_token>
 
 namespace pingwell {
+
+struct FieldChange;
+struct Records;
 
 /// The one state of the program: the person's data, what the windows show of it, and the way to the service. Screens
 /// read it and call its operations; they never talk to the service. An operation that may not be done is ignored, one
@@ -88,8 +92,10 @@ public:
     /// The service's time where its answers have told it, else this computer's.
     [[nodiscard]] Instant now() const { return m_now; }
     [[nodiscard]] bool hasLoaded() const { return m_hasLoaded; }
-    /// Changes of the person's are on their way to the service.
+    /// Changes of the person's are on their way to the service, and no dashboard may be merged meanwhile.
     [[nodiscard]] bool hasMutationsInFlight() const { return m_mutations.isAny(); }
+    /// Something that the person did has not been answered by the service yet; the program had better not end.
+    [[nodiscard]] bool hasUnfinishedWork() const { return m_unfinishedWork.isAny(); }
     [[nodiscard]] bool isSigningIn() const { return m_isSigningIn; }
     [[nodiscard]] const std::optional<QString> &signInError() const { return m_signInError; }
     [[nodiscard]] const std::optional<QString> &connectionProblem() const { return m_connectionProblem; }
@@ -265,8 +271,8 @@ signals:
     void showsNotificationPromptChanged();
     void replyDraftChanged(const QString &alertID);
     void unreadCountChanged();
-    /// The last change that was on its way to the service has been answered, one way or the other.
-    void mutationsEnded();
+    /// All that the person did has been answered by the service, one way or the other.
+    void workEnded();
 
 private:
     using Rollback = std::function<void(AppStore &)>;
@@ -276,6 +282,7 @@ private:
     class RefreshInProgress;
     class MutationInProgress;
     struct Mutation;
+    struct Lane;
     // What stands behind the operations, each group in the file of its subject.
     struct StartSteps;
     struct ClockSteps;
@@ -287,6 +294,7 @@ private:
     struct TopicSteps;
     struct AccountSteps;
     struct MutationSteps;
+    struct LaneSteps;
     struct SessionSteps;
     struct SignInSteps;
     struct SyncSteps;
@@ -334,8 +342,12 @@ private:
     [[nodiscard]] std::optional<QString> workspaceName(const QString &workspaceID) const;
     /// Tells the service of a change already made here; a demo has nobody to tell.
     void mutate(Rollback rollback, Operation operation, Refused refused = {});
-    /// The same in a lane: what is sent for one `lane` is sent in the order of the changes, one after the other.
-    void mutateInOrder(const QString &lane, Rollback rollback, Operation operation);
+    /// Changes fields of the thing that `lane` names, and tells the service: in the order of the changes, one request
+    /// after the other, and with `together` all that waits in one.
+    void changeFields(const QString &lane, const QList<FieldChange> &changes, bool together = false);
+    [[nodiscard]] Records records();
+    /// Puts the changes that the service may still take over what it holds.
+    void applyChangesTo(Dashboard &dashboard);
     [[nodiscard]] bool isRefreshing() const { return m_client && m_refreshingClient == m_client; }
     void refreshIfOwed();
     /// Shows what the service said to a change, if anything, while the session of `client` lasts.
@@ -397,8 +409,9 @@ private:
     std::stop_source m_providersTask{std::nostopstate};
     QUrl m_signInPage;
     MutationCount m_mutations;
-    /// What is under way and what waits behind it, by lane.
-    QHash<QString, QList<std::shared_ptr<Mutation>>> m_mutationLanes;
+    UnfinishedWork m_unfinishedWork{[this] { emit workEnded(); }};
+    /// The things whose changes are being told, by name.
+    QHash<QString, std::shared_ptr<Lane>> m_lanes;
     /// Members that exist here alone until the service answers their invitation.
     QSet<QString> m_provisionalMembers;
     /// Whose dashboard request is outstanding; that of an earlier session does not hold up the next one's.

@@ -3,6 +3,7 @@
 #include "api/endpoints.h"
 #include "async/launch.h"
 #include "store/preference_keys.h"
+#include "store/record_field.h"
 
 #include <algorithm>
 
@@ -10,45 +11,28 @@ namespace pingwell {
 
 namespace {
 
-const QString quietFromKey = QStringLiteral("quietFrom");
-const QString quietToKey = QStringLiteral("quietTo");
-const QString digestKey = QStringLiteral("digest");
-const QString soundKey = QStringLiteral("sound");
-
-/// What the service is to be told; whether quiet hours are on at all is not its business.
-JSONObject changedFields(const NotificationSettings &before, const NotificationSettings &after)
-{
-    JSONObject changes;
-    if (after.quietFrom != before.quietFrom)
-        changes.insert(quietFromKey, after.quietFrom);
-    if (after.quietTo != before.quietTo)
-        changes.insert(quietToKey, after.quietTo);
-    if (after.digest != before.digest)
-        changes.insert(digestKey, after.digest);
-    if (after.sound != before.sound)
-        changes.insert(soundKey, after.sound);
-    return changes;
-}
-
-/// `settings` with the fields that were changed as they were `before`.
-NotificationSettings restored(NotificationSettings settings, const NotificationSettings &before,
-                              const JSONObject &changes)
-{
-    if (changes.contains(quietFromKey))
-        settings.quietFrom = before.quietFrom;
-    if (changes.contains(quietToKey))
-        settings.quietTo = before.quietTo;
-    if (changes.contains(digestKey))
-        settings.digest = before.digest;
-    if (changes.contains(soundKey))
-        settings.sound = before.sound;
-    return settings;
-}
-
 /// The settings call, for its success or failure alone: the next refresh brings them as the service holds them.
 QCoro::Task<> sendSettings(APIClientPtr client, JSONObject changes)
 {
     co_await endpoints::saveSettings(client, changes);
+}
+
+template<typename Value>
+FieldChange changeOf(const QString &key, Value NotificationSettings::*member, const NotificationSettings &after)
+{
+    RecordField field{.name = key, .changed = &AppStore::settingsChanged, .tell = &sendSettings};
+    bindField(
+        field, [](const Records &records) { return &records.settings; }, member);
+    return {field, wireValue(after.*member)};
+}
+
+/// What the service is to be told; whether quiet hours are on at all is not its business.
+QList<FieldChange> keptByTheService(const NotificationSettings &after)
+{
+    return {changeOf(QStringLiteral("quietFrom"), &NotificationSettings::quietFrom, after),
+            changeOf(QStringLiteral("quietTo"), &NotificationSettings::quietTo, after),
+            changeOf(QStringLiteral("digest"), &NotificationSettings::digest, after),
+            changeOf(QStringLiteral("sound"), &NotificationSettings::sound, after)};
 }
 
 } // namespace
@@ -58,29 +42,22 @@ struct AppStore::AccountSteps
 {
     static void putBackDevice(AppStore &store, qsizetype index, const Device &device);
     static QCoro::Task<> performRemoveDevice(QPointer<AppStore> store, APIClientPtr client, QString deviceID);
-    static QCoro::Task<> runDeleteAccount(QPointer<AppStore> store, APIClientPtr client);
+    static QCoro::Task<> runDeleteAccount(QPointer<AppStore> store, APIClientPtr client,
+                                          std::shared_ptr<const void> work);
 };
 
 void AppStore::updateSettings(const std::function<void(NotificationSettings &)> &change)
 {
     checkMainThread();
-    const NotificationSettings before = m_settings;
-    NotificationSettings after = before;
+    const bool wereQuiet = m_settings.quietHoursEnabled;
+    NotificationSettings after = m_settings;
     change(after);
+    changeFields(QStringLiteral("settings"), keptByTheService(after), true);
     set(m_settings, after, &AppStore::settingsChanged);
-    if (after.quietHoursEnabled != before.quietHoursEnabled && m_defaults) {
-        m_defaults->setBoolean(preference_keys::quietHoursEnabled, after.quietHoursEnabled);
-        tellIfForgotten();
-    }
-    const JSONObject changes = changedFields(before, after);
-    if (changes.isEmpty())
+    if (after.quietHoursEnabled == wereQuiet || !m_defaults)
         return;
-    mutateInOrder(
-        QStringLiteral("settings"),
-        [before, changes](AppStore &store) {
-            store.set(store.m_settings, restored(store.m_settings, before, changes), &AppStore::settingsChanged);
-        },
-        [changes](APIClientPtr client) { return sendSettings(client, changes); });
+    m_defaults->setBoolean(preference_keys::quietHoursEnabled, after.quietHoursEnabled);
+    tellIfForgotten();
 }
 
 void AppStore::removeDevice(const QString &deviceID)
@@ -121,10 +98,11 @@ void AppStore::deleteAccount()
 {
     checkMainThread();
     if (m_client)
-        launch("account deletion", AccountSteps::runDeleteAccount(this, m_client));
+        launch("account deletion", AccountSteps::runDeleteAccount(this, m_client, m_unfinishedWork.begin()));
 }
 
-QCoro::Task<> AppStore::AccountSteps::runDeleteAccount(QPointer<AppStore> store, APIClientPtr client)
+QCoro::Task<> AppStore::AccountSteps::runDeleteAccount(QPointer<AppStore> store, APIClientPtr client,
+                                                       [[maybe_unused]] std::shared_ptr<const void> work)
 {
     std::optional<QString> message;
     std::optional<APIError> failure;

@@ -3,6 +3,7 @@
 #include "api/endpoints.h"
 #include "store/invite_rules.h"
 #include "store/local_id.h"
+#include "store/record_field.h"
 
 #include <algorithm>
 
@@ -33,7 +34,11 @@ struct AppStore::MemberSteps
     static void setList(AppStore &store, const QString &workspaceID, const QList<Member> &members);
     static void replace(AppStore &store, const Place &place, const Member &member);
     static void remove(AppStore &store, const QString &workspaceID, const QString &memberID);
-    static void putBack(AppStore &store, const Place &place);
+    static Member *findIn(const Records &records, const Place &place);
+    // How the service is told is the caller's to say.
+    template<typename Value>
+    static RecordField fieldOf(const Place &place, const QString &name, Value Member::*member);
+    static RecordField existenceOf(const Place &place);
 
     static QCoro::Task<> performInvite(QPointer<AppStore> store, APIClientPtr client, Place provisional);
     static QCoro::Task<> performResend(QPointer<AppStore> store, APIClientPtr client, Place place);
@@ -97,14 +102,13 @@ void AppStore::changeRole(const QString &memberID, WorkspaceRole role)
     const auto place = MemberSteps::findActive(*this, memberID);
     if (!place || !canChangeRole(place->member) || role == WorkspaceRole::owner || role == place->member.role)
         return;
-    Member changed = place->member;
-    changed.role = role;
-    MemberSteps::replace(*this, *place, changed);
-    mutateInOrder(
-        laneOf(memberID), [before = *place](AppStore &store) { MemberSteps::replace(store, before, before.member); },
-        [store = QPointer(this), before = *place, role](APIClientPtr client) {
-            return MemberSteps::performChangeRole(store, client, before, role);
-        });
+    RecordField field = MemberSteps::fieldOf(*place, QStringLiteral("role"), &Member::role);
+    field.tell = [store = QPointer(this), place = *place](APIClientPtr client, const JSONObject &change) {
+        WorkspaceRole wanted = place.member.role;
+        takeWireValue(wanted, change.first());
+        return MemberSteps::performChangeRole(store, client, place, wanted);
+    };
+    changeFields(laneOf(memberID), {{field, wireValue(role)}});
 }
 
 QCoro::Task<> AppStore::MemberSteps::performChangeRole(QPointer<AppStore> store, APIClientPtr client, Place place,
@@ -127,12 +131,11 @@ void AppStore::removeMember(const QString &memberID)
     const auto place = MemberSteps::findActive(*this, memberID);
     if (!place || !canRemoveMember(place->member))
         return;
-    MemberSteps::remove(*this, place->workspaceID, memberID);
-    mutateInOrder(
-        laneOf(memberID), [before = *place](AppStore &store) { MemberSteps::putBack(store, before); },
-        [store = QPointer(this), before = *place](APIClientPtr client) {
-            return MemberSteps::performRemove(store, client, before);
-        });
+    RecordField field = MemberSteps::existenceOf(*place);
+    field.tell = [store = QPointer(this), place = *place](APIClientPtr client, const JSONObject &) {
+        return MemberSteps::performRemove(store, client, place);
+    };
+    changeFields(laneOf(memberID), {{field, false}});
 }
 
 QCoro::Task<> AppStore::MemberSteps::performRemove(QPointer<AppStore> store, APIClientPtr client, Place place)
@@ -152,14 +155,11 @@ void AppStore::resendInvitation(const QString &memberID)
     const auto place = MemberSteps::findActive(*this, memberID);
     if (!place || !canResendInvitation(place->member))
         return;
-    Member resent = place->member;
-    resent.invitedAt = m_now;
-    MemberSteps::replace(*this, *place, resent);
-    mutateInOrder(
-        laneOf(memberID), [before = *place](AppStore &store) { MemberSteps::replace(store, before, before.member); },
-        [store = QPointer(this), before = *place](APIClientPtr client) {
-            return MemberSteps::performResend(store, client, before);
-        });
+    RecordField field = MemberSteps::fieldOf(*place, QStringLiteral("invitedAt"), &Member::invitedAt);
+    field.tell = [store = QPointer(this), place = *place](APIClientPtr client, const JSONObject &) {
+        return MemberSteps::performResend(store, client, place);
+    };
+    changeFields(laneOf(memberID), {{field, wireValue(std::optional(m_now))}});
 }
 
 QCoro::Task<> AppStore::MemberSteps::performResend(QPointer<AppStore> store, APIClientPtr client, Place place)
@@ -210,13 +210,40 @@ void AppStore::MemberSteps::remove(AppStore &store, const QString &workspaceID, 
         setList(store, workspaceID, members);
 }
 
-void AppStore::MemberSteps::putBack(AppStore &store, const Place &place)
+Member *AppStore::MemberSteps::findIn(const Records &records, const Place &place)
 {
-    if (!store.m_members.contains(place.workspaceID) || find(store, place.workspaceID, place.member.id))
-        return;
-    QList<Member> members = store.m_members.value(place.workspaceID);
-    members.insert(std::min(place.index, members.size()), place.member);
-    setList(store, place.workspaceID, members);
+    const auto list = records.members.find(place.workspaceID);
+    if (list == records.members.end())
+        return nullptr;
+    const auto found = std::find_if(list->begin(), list->end(),
+                                    [&place](const Member &member) { return member.id == place.member.id; });
+    return found == list->end() ? nullptr : &*found;
+}
+
+template<typename Value>
+RecordField AppStore::MemberSteps::fieldOf(const Place &place, const QString &name, Value Member::*member)
+{
+    RecordField field{.name = name, .changed = &AppStore::membersChanged};
+    bindField(
+        field, [place](const Records &records) { return findIn(records, place); }, member);
+    return field;
+}
+
+RecordField AppStore::MemberSteps::existenceOf(const Place &place)
+{
+    return {.name = existenceField,
+            .read = [place](const Records &records) { return std::optional<JSON>(findIn(records, place) != nullptr); },
+            .write =
+                [place](const Records &records, const JSON &exists) {
+                    const auto list = records.members.find(place.workspaceID);
+                    if (list == records.members.end())
+                        return;
+                    if (exists == JSON(true))
+                        list->insert(std::min(place.index, list->size()), place.member);
+                    else
+                        list->removeIf([&place](const Member &member) { return member.id == place.member.id; });
+                },
+            .changed = &AppStore::membersChanged};
 }
 
 } // namespace pingwell

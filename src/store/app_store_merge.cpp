@@ -59,6 +59,7 @@ void AppStore::MergeSteps::merge(AppStore &store, Dashboard dashboard)
         std::swap(field, fresh);
         changes << changed;
     };
+    store.applyChangesTo(dashboard);
     // Before the first dashboard of a run nothing is known that could have vanished.
     if (store.m_hasLoaded)
         store.m_unreadOverrides.keepOnly(dashboard.alerts);

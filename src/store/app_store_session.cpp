@@ -20,7 +20,7 @@ QString lostServerMessage()
     return QStringLiteral("Pingwell couldn't read its settings on this computer. Sign in again.");
 }
 
-QCoro::Task<> forgetDevice(APIClientPtr client, QString deviceID)
+QCoro::Task<> forgetDevice(APIClientPtr client, QString deviceID, [[maybe_unused]] std::shared_ptr<const void> work)
 {
     try {
         co_await endpoints::unregisterDevice(client, deviceID);
@@ -141,7 +141,7 @@ void AppStore::signOut()
         const QString key = preference_keys::device(m_client->baseURL());
         if (const auto deviceID = m_defaults->string(key)) {
             m_defaults->remove(key);
-            launch("device removal", forgetDevice(m_client, *deviceID));
+            launch("device removal", forgetDevice(m_client, *deviceID, m_unfinishedWork.begin()));
         }
     }
     endSession(std::nullopt);
@@ -177,7 +177,7 @@ void AppStore::SessionSteps::reset(AppStore &store)
     store.m_invitationsAreOwed = false;
     // The next session may be one of another server.
     store.m_serviceClock.forget();
-    store.m_mutationLanes.clear();
+    store.m_lanes.clear();
     store.m_provisionalMembers.clear();
     // The account first: what is empty behind the sign-in screen is not looked at.
     store.set(store.m_account, std::optional<Account>(), &AppStore::accountChanged);

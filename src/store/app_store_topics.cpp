@@ -2,6 +2,7 @@
 
 #include "api/endpoints.h"
 #include "store/local_id.h"
+#include "store/record_field.h"
 #include "store/topic_slug.h"
 
 #include <algorithm>
@@ -35,13 +36,12 @@ QCoro::Task<> sendChange(APIClientPtr client, QString workspaceID, QString topic
 /// Changes of topics, and what follows the service's answers.
 struct AppStore::TopicSteps
 {
-    static Topic *find(AppStore &store, const QString &topicID);
-    template<typename Value>
-    static void setField(AppStore &store, const QString &topicID, Value Topic::*field, const Value &value);
+    static Topic *find(QList<Topic> &topics, const QString &topicID);
     /// Changes one field of a topic, which the service calls `key`.
     template<typename Value>
     static void change(AppStore &store, const QString &topicID, Value Topic::*field, const Value &value,
-                       const QString &key, const JSON &wireValue);
+                       const QString &key);
+    static RecordField existenceOf(const Topic &topic);
     static void add(AppStore &store, const Topic &topic);
     static QCoro::Task<> performCreate(QPointer<AppStore> store, APIClientPtr client, QString workspaceID,
                                        QString name);
@@ -75,77 +75,78 @@ QCoro::Task<> AppStore::TopicSteps::performCreate(QPointer<AppStore> store, APIC
 void AppStore::setTopicMuted(const QString &topicID, bool muted)
 {
     checkMainThread();
-    TopicSteps::change(*this, topicID, &Topic::muted, muted, QStringLiteral("muted"), muted);
+    TopicSteps::change(*this, topicID, &Topic::muted, muted, QStringLiteral("muted"));
 }
 
 void AppStore::setTopicMinPriority(const QString &topicID, Priority priority)
 {
     checkMainThread();
-    TopicSteps::change(*this, topicID, &Topic::minPriority, priority, QStringLiteral("minPriority"),
-                       QString(rawValue(priority)));
+    TopicSteps::change(*this, topicID, &Topic::minPriority, priority, QStringLiteral("minPriority"));
 }
 
 void AppStore::setTopicQuietHours(const QString &topicID, bool quietHours)
 {
     checkMainThread();
-    TopicSteps::change(*this, topicID, &Topic::quietHours, quietHours, QStringLiteral("quietHours"), quietHours);
+    TopicSteps::change(*this, topicID, &Topic::quietHours, quietHours, QStringLiteral("quietHours"));
 }
 
 void AppStore::deleteTopic(const QString &topicID)
 {
     checkMainThread();
-    const Topic *const found = TopicSteps::find(*this, topicID);
+    const Topic *const found = TopicSteps::find(m_topics, topicID);
     if (m_activeWorkspaceID.isEmpty() || !activeWorkspace() || !found)
         return;
     const Topic topic = *found;
-    QList<Topic> topics = m_topics;
-    topics.removeIf([&topicID](const Topic &other) { return other.id == topicID; });
-    set(m_topics, topics, &AppStore::topicsChanged);
+    changeFields(laneOf(topicID), {{TopicSteps::existenceOf(topic), false}});
     if (m_filter == InboxFilter::topic(topic.name))
         setFilter(InboxFilter::all());
-    mutateInOrder(
-        laneOf(topicID), [topic](AppStore &store) { TopicSteps::add(store, topic); },
-        [topic](APIClientPtr client) { return endpoints::deleteTopic(client, topic.workspaceId, topic.id); });
 }
 
-Topic *AppStore::TopicSteps::find(AppStore &store, const QString &topicID)
+RecordField AppStore::TopicSteps::existenceOf(const Topic &topic)
 {
-    const auto found = std::find_if(store.m_topics.begin(), store.m_topics.end(),
-                                    [&topicID](const Topic &topic) { return topic.id == topicID; });
-    return found == store.m_topics.end() ? nullptr : &*found;
+    return {
+        .name = existenceField,
+        .read =
+            [topic](const Records &records) { return std::optional<JSON>(find(records.topics, topic.id) != nullptr); },
+        .write =
+            [topic](const Records &records, const JSON &exists) {
+                if (exists == JSON(true))
+                    records.topics << topic;
+                else
+                    records.topics.removeIf([&topic](const Topic &other) { return other.id == topic.id; });
+            },
+        .changed = &AppStore::topicsChanged,
+        .tell = [topic](APIClientPtr client,
+                        const JSONObject &) { return endpoints::deleteTopic(client, topic.workspaceId, topic.id); }};
 }
 
-template<typename Value>
-void AppStore::TopicSteps::setField(AppStore &store, const QString &topicID, Value Topic::*field, const Value &value)
+Topic *AppStore::TopicSteps::find(QList<Topic> &topics, const QString &topicID)
 {
-    Topic *const topic = find(store, topicID);
-    if (!topic || topic->*field == value)
-        return;
-    topic->*field = value;
-    emit store.topicsChanged();
+    const auto found =
+        std::find_if(topics.begin(), topics.end(), [&topicID](const Topic &topic) { return topic.id == topicID; });
+    return found == topics.end() ? nullptr : &*found;
 }
 
 template<typename Value>
 void AppStore::TopicSteps::change(AppStore &store, const QString &topicID, Value Topic::*field, const Value &value,
-                                  const QString &key, const JSON &wireValue)
+                                  const QString &key)
 {
-    const Topic *const found = find(store, topicID);
-    if (!found || found->*field == value)
+    const Topic *const topic = find(store.m_topics, topicID);
+    if (!topic)
         return;
-    const Topic before = *found;
-    setField(store, topicID, field, value);
-    store.mutateInOrder(
-        laneOf(topicID),
-        // The one field: another change of the topic may be on its way.
-        [field, before](AppStore &taken) { setField(taken, before.id, field, before.*field); },
-        [before, change = JSONObject{{key, wireValue}}](APIClientPtr client) {
-            return sendChange(client, before.workspaceId, before.id, change);
-        });
+    RecordField changed{.name = key,
+                        .changed = &AppStore::topicsChanged,
+                        .tell = [workspaceID = topic->workspaceId, topicID](APIClientPtr client, JSONObject change) {
+                            return sendChange(client, workspaceID, topicID, change);
+                        }};
+    bindField(
+        changed, [topicID](const Records &records) { return find(records.topics, topicID); }, field);
+    store.changeFields(laneOf(topicID), {{changed, wireValue(value)}});
 }
 
 void AppStore::TopicSteps::add(AppStore &store, const Topic &topic)
 {
-    if (find(store, topic.id))
+    if (find(store.m_topics, topic.id))
         return;
     store.m_topics << topic;
     emit store.topicsChanged();

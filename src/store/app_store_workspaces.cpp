@@ -3,7 +3,10 @@
 #include "api/endpoints.h"
 #include "store/local_id.h"
 #include "store/preference_keys.h"
+#include "store/record_field.h"
 #include "store/text_cut.h"
+
+#include <algorithm>
 
 namespace pingwell {
 
@@ -50,13 +53,9 @@ QCoro::Task<> sendChange(APIClientPtr client, QString workspaceID, JSONObject ch
 /// Changes of workspaces, and what follows the service's answers.
 struct AppStore::WorkspaceSteps
 {
-    static Workspace *find(AppStore &store, const QString &workspaceID);
-    template<typename Value>
-    static void setField(AppStore &store, const QString &workspaceID, Value Workspace::*field, const Value &value);
     /// Changes one field of the active workspace, which the service calls `key`.
     template<typename Value>
-    static void change(AppStore &store, Value Workspace::*field, const Value &value, const QString &key,
-                       const JSON &wireValue);
+    static void change(AppStore &store, Value Workspace::*field, const Value &value, const QString &key);
     static void rememberTimeout(AppStore &store);
     static void add(AppStore &store, const Workspace &workspace, const QList<Member> &members);
     static void remove(AppStore &store, const QString &workspaceID);
@@ -112,14 +111,16 @@ void AppStore::leaveWorkspace()
         WorkspaceSteps::remove(*this, workspace->id);
         return;
     }
-    const QString lane = QStringLiteral("leave/") + workspace->id;
-    if (m_mutationLanes.contains(lane))
-        return;
-    mutateInOrder(
-        lane, [](AppStore &) {},
-        [store = QPointer(this), workspaceID = workspace->id](APIClientPtr client) {
-            return WorkspaceSteps::performLeave(store, client, workspaceID);
-        });
+    // It is shown as long as the service hasn't confirmed; asked for again meanwhile, it is told once.
+    const RecordField membership{
+        .name = existenceField,
+        .read = [](const Records &) { return std::optional<JSON>(true); },
+        .write = [](const Records &, const JSON &) {},
+        .tell =
+            [store = QPointer(this), workspaceID = workspace->id](APIClientPtr client, const JSONObject &) {
+                return WorkspaceSteps::performLeave(store, client, workspaceID);
+            }};
+    changeFields(QStringLiteral("leave/") + workspace->id, {{membership, false}});
 }
 
 QCoro::Task<> AppStore::WorkspaceSteps::performLeave(QPointer<AppStore> store, APIClientPtr client, QString workspaceID)
@@ -161,14 +162,14 @@ void AppStore::renameWorkspace(const QString &name)
     checkMainThread();
     const QString trimmed = name.trimmed();
     if (managesActiveTeam() && !trimmed.isEmpty())
-        WorkspaceSteps::change(*this, &Workspace::name, trimmed, QStringLiteral("name"), trimmed);
+        WorkspaceSteps::change(*this, &Workspace::name, trimmed, QStringLiteral("name"));
 }
 
 void AppStore::setResponseTimeout(std::int64_t minutes)
 {
     checkMainThread();
-    WorkspaceSteps::change(*this, &Workspace::responseTimeoutMinutes, minutes, QStringLiteral("responseTimeoutMinutes"),
-                           minutes);
+    WorkspaceSteps::change(*this, &Workspace::responseTimeoutMinutes, minutes,
+                           QStringLiteral("responseTimeoutMinutes"));
     WorkspaceSteps::rememberTimeout(*this);
 }
 
@@ -178,46 +179,28 @@ void AppStore::setTimeoutAction(TimeoutAction action)
     const auto workspace = activeWorkspace();
     if (!workspace || !isAllowed(action, workspace->kind))
         return;
-    WorkspaceSteps::change(*this, &Workspace::timeoutAction, action, QStringLiteral("timeoutAction"),
-                           QString(rawValue(action)));
+    WorkspaceSteps::change(*this, &Workspace::timeoutAction, action, QStringLiteral("timeoutAction"));
     WorkspaceSteps::rememberTimeout(*this);
 }
 
-Workspace *AppStore::WorkspaceSteps::find(AppStore &store, const QString &workspaceID)
-{
-    for (Workspace &workspace : store.m_workspaces) {
-        if (workspace.id == workspaceID)
-            return &workspace;
-    }
-    return nullptr;
-}
-
 template<typename Value>
-void AppStore::WorkspaceSteps::setField(AppStore &store, const QString &workspaceID, Value Workspace::*field,
-                                        const Value &value)
-{
-    Workspace *const workspace = find(store, workspaceID);
-    if (!workspace || workspace->*field == value)
-        return;
-    workspace->*field = value;
-    emit store.workspacesChanged();
-}
-
-template<typename Value>
-void AppStore::WorkspaceSteps::change(AppStore &store, Value Workspace::*field, const Value &value, const QString &key,
-                                      const JSON &wireValue)
+void AppStore::WorkspaceSteps::change(AppStore &store, Value Workspace::*field, const Value &value, const QString &key)
 {
     const auto workspace = store.activeWorkspace();
-    if (!workspace || !workspace->canManage() || (*workspace).*field == value)
+    if (!workspace || !workspace->canManage())
         return;
-    setField(store, workspace->id, field, value);
-    store.mutateInOrder(
-        QStringLiteral("workspace/") + workspace->id,
-        // The one field: another change of the workspace may be on its way.
-        [field, before = *workspace](AppStore &taken) { setField(taken, before.id, field, before.*field); },
-        [id = workspace->id, change = JSONObject{{key, wireValue}}](APIClientPtr client) {
-            return sendChange(client, id, change);
-        });
+    const auto find = [id = workspace->id](const Records &records) -> Workspace * {
+        const auto found = std::find_if(records.workspaces.begin(), records.workspaces.end(),
+                                        [&id](const Workspace &candidate) { return candidate.id == id; });
+        return found == records.workspaces.end() ? nullptr : &*found;
+    };
+    RecordField changed{.name = key,
+                        .changed = &AppStore::workspacesChanged,
+                        .tell = [id = workspace->id](APIClientPtr client, JSONObject change) {
+                            return sendChange(client, id, change);
+                        }};
+    bindField(changed, find, field);
+    store.changeFields(QStringLiteral("workspace/") + workspace->id, {{changed, wireValue(value)}});
 }
 
 void AppStore::WorkspaceSteps::rememberTimeout(AppStore &store)

@@ -11,6 +11,8 @@ class MutationCount
 public:
     void begin();
     void end();
+    /// One ended that had not held the merge back.
+    void endBeside() { advanceEpoch(); }
 
     [[nodiscard]] bool isAny() const { return m_inFlight > 0; }
     [[nodiscard]] qint64 epoch() const { return m_epoch; }

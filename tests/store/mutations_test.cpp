@@ -80,39 +80,51 @@ private slots:
         QVERIFY(!m->alert(a1).answer);
     }
 
-    /// Two quick changes of one thing: said in order, and whatever becomes of them, what the service holds is shown.
-    void quickChangesConverge_data()
+    /// While later changes of one thing wait for their turn, dashboards come in beneath them.
+    void theMergeWaitsForOneRequest()
     {
-        QTest::addColumn<bool>("firstRefused");
-        QTest::addColumn<bool>("secondRefused");
-        QTest::newRow("both taken") << false << false;
-        QTest::newRow("the first refused") << true << false;
-        QTest::newRow("the second refused") << false << true;
-        QTest::newRow("both refused") << true << true;
-    }
-
-    void quickChangesConverge()
-    {
-        QFETCH(bool, firstRefused);
-        QFETCH(bool, secondRefused);
         m->startWith(oneTopic(u"normal"_s));
-        const ScriptedAnswer taken = ScriptedAnswer::data(R"({"id":"t1","workspaceId":"w1","name":"deploys"})");
-        m->transport->plan("PATCH", topicPath, (firstRefused ? refusal : taken).heldBack());
-        m->transport->plan("PATCH", topicPath, (secondRefused ? refusal : taken).heldBack());
-        const QString held = !secondRefused ? u"critical"_s : !firstRefused ? u"high"_s : u"normal"_s;
-        // One fetched in between, and one that may count.
-        m->transport->always("GET", "/dashboard", ScriptedAnswer::data(oneTopic(held).body()));
-        store().setTopicMinPriority(u"t1"_s, Priority::high);
-        store().setTopicMinPriority(u"t1"_s, Priority::critical);
+        m->transport->plan("PATCH", topicPath,
+                           ScriptedAnswer::data(R"({"id":"t1","workspaceId":"w1","name":"x"})").heldBack());
+        m->transport->plan("PATCH", topicPath, refusal.heldBack());
+        for (const Priority priority : {Priority::high, Priority::silent, Priority::critical})
+            store().setTopicMinPriority(u"t1"_s, priority);
         m->settle();
-        QCOMPARE(m->transport->count("PATCH", topicPath), 1);
-        store().refresh();
-        m->settle();
+        m->refreshWith(DashboardJSON());
+        QCOMPARE(store().topics().size(), 1);
         m->release();
         QCOMPARE(m->transport->lastRequest("PATCH", topicPath).body, QByteArray(R"({"minPriority":"critical"})"));
+        DashboardJSON fresh = oneTopic(u"normal"_s);
+        fresh.alerts = {alertJSON(u"new"_s, 1)};
+        m->refreshWith(fresh);
+        QCOMPARE(m->alert(u"new"_s).id, u"new"_s);
+        QVERIFY(store().topics().first().minPriority == Priority::critical);
+        // What the service was seen to hold in between is what a refusal leaves; a dashboard fetched across it is not.
+        m->transport->plan("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()).heldBack());
+        m->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        store().refresh();
+        m->settle();
+        m->release("PATCH", topicPath);
+        QVERIFY(store().topics().first().minPriority == Priority::normal && store().toast());
         m->release();
-        QCOMPARE(QString(rawValue(store().topics().first().minPriority)), held);
-        QCOMPARE(store().toast().has_value(), firstRefused || secondRefused);
+        QCOMPARE(store().topics().size(), 1);
+    }
+
+    void aRemovalWaitsForTheChangesBeforeIt()
+    {
+        m->startWith(oneTopic(u"normal"_s));
+        m->transport->plan("PATCH", topicPath, refusal.heldBack());
+        m->transport->plan("DELETE", topicPath, refusal.heldBack());
+        m->transport->plan("GET", "/dashboard", ScriptedAnswer::data(oneTopic(u"normal"_s).body()));
+        m->transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        store().setTopicMuted(u"t1"_s, true);
+        store().deleteTopic(u"t1"_s);
+        m->settle();
+        QVERIFY(store().topics().isEmpty() && m->transport->count("DELETE", topicPath) == 0);
+        m->release();
+        QVERIFY2(store().topics().isEmpty() && m->transport->plannedCount() == 0, "merged beneath the removal");
+        m->release();
+        QVERIFY(store().topics().size() == 1 && !store().topics().first().muted);
     }
 
     /// The service took the answer, but nobody heard it say so.
@@ -134,13 +146,13 @@ private slots:
         m->startWith(oneTopic(u"normal"_s));
         m->transport->plan("PATCH", topicPath, refusal.heldBack());
         m->transport->plan("PATCH", topicPath, ScriptedAnswer::noAnswer().heldBack());
+        m->transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
         store().setTopicMuted(u"t1"_s, true);
         store().setTopicQuietHours(u"t1"_s, true);
         m->settle();
         m->release();
         QVERIFY(!store().topics().first().muted && store().topics().first().quietHours);
         m->transport->plan("PUT", settingsPath, refusal.heldBack());
-        m->transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
         store().updateSettings([](auto &settings) { settings.digest = false; });
         // Quiet hours are this machine's own: the service is not told.
         store().updateSettings([](auto &settings) { settings.quietHoursEnabled = true; });
