@@ -92,8 +92,8 @@ std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstanc
     // The status item takes its place while the rest is being made.
     AppParts parts;
     constexpr qsizetype nothingWaits = 0;
-    parts.statusItem =
-        std::make_unique<StatusNotifierItem>(statusIcon(nothingWaits), menuBarLabel(nothingWaits).accessibleLabel);
+    parts.statusItem = std::make_unique<StatusNotifierItem>(statusIcon(nothingWaits, StatusCondition::following),
+                                                            menuBarLabel(nothingWaits).accessibleLabel);
     parts.singleInstance = singleInstance;
     const auto clock = std::make_shared<SystemClock>();
     const auto browser = std::make_shared<WebAuthenticator>(&QDesktopServices::openUrl, clock);

@@ -59,8 +59,11 @@ int run(int &argc, char **argv, SingleInstance *instance)
     const std::unique_ptr<UITestBridge> bridge = makeBridge(options);
     const QuitSignals quitSignals;
     QObject::connect(&quitSignals, &QuitSignals::quitRequested, app.get(), &PingwellApp::quit);
+    // At log-out a session manager ends the program once it has agreed.
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, app.get(), &PingwellApp::finishWork);
     app->start();
     const int status = QApplication::exec();
+    app->finishWork();
     app.reset();
     // What still slept was told to stop; this lets it see that and end.
     QCoreApplication::processEvents();

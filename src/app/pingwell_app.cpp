@@ -3,6 +3,8 @@
 #include "app/menu_bar_label.h"
 #include "app/status_icon_painter.h"
 
+#include <QEventLoop>
+
 #include <algorithm>
 
 namespace pingwell {
@@ -10,15 +12,16 @@ namespace pingwell {
 PingwellApp::PingwellApp(LaunchOptions options, AppParts parts)
     : m_options(std::move(options))
     , m_parts(std::move(parts))
+    , m_exitGuard(*m_parts.store)
 {
     m_statusAreaWait.setSingleShot(true);
     m_statusAreaWait.setInterval(statusAreaPatience);
     connect(&m_statusAreaWait, &QTimer::timeout, this, &PingwellApp::openMainWithoutStatusArea);
     m_quitWait.setSingleShot(true);
     m_quitWait.setInterval(quitPatience);
-    connect(&m_quitWait, &QTimer::timeout, this, &PingwellApp::quitRequested);
+    connect(&m_quitWait, &QTimer::timeout, this, &PingwellApp::end);
     connect(m_parts.windows.get(), &AppWindows::quitRequested, this, &PingwellApp::quit);
-    followCount();
+    followStore();
     followStatusItem();
     followSystem();
 }
@@ -27,7 +30,7 @@ PingwellApp::~PingwellApp() = default;
 
 void PingwellApp::start()
 {
-    showCount();
+    showStatus();
     if (m_options.isAutomated())
         m_parts.windows->showMain({});
     else if (!m_parts.statusItem->isAvailable())
@@ -38,20 +41,39 @@ void PingwellApp::quit()
 {
     const AppStore *store = m_parts.store.get();
     if (!store->hasUnfinishedWork() || m_quitWait.isActive()) {
-        emit quitRequested();
+        end();
         return;
     }
-    connect(store, &AppStore::workEnded, this, &PingwellApp::quitRequested);
+    connect(store, &AppStore::workEnded, this, &PingwellApp::end);
     m_quitWait.start();
 }
 
-void PingwellApp::followCount()
+void PingwellApp::end()
+{
+    m_mayEnd = true;
+    emit quitRequested();
+}
+
+void PingwellApp::finishWork()
+{
+    const AppStore *store = m_parts.store.get();
+    if (m_mayEnd || !store->hasUnfinishedWork())
+        return;
+    QEventLoop wait;
+    connect(store, &AppStore::workEnded, &wait, &QEventLoop::quit);
+    QTimer::singleShot(quitPatience, &wait, &QEventLoop::quit);
+    wait.exec(QEventLoop::ExcludeUserInputEvents);
+}
+
+void PingwellApp::followStore()
 {
     AppStore *store = m_parts.store.get();
-    connect(store, &AppStore::alertsChanged, this, &PingwellApp::showCount);
-    connect(store, &AppStore::activeWorkspaceIDChanged, this, &PingwellApp::showCount);
-    // A deadline passes without anything else changing.
-    connect(store, &AppStore::nowChanged, this, &PingwellApp::showCount);
+    connect(store, &AppStore::alertsChanged, this, &PingwellApp::showStatus);
+    connect(store, &AppStore::activeWorkspaceIDChanged, this, &PingwellApp::showStatus);
+    connect(store, &AppStore::accountChanged, this, &PingwellApp::showStatus);
+    connect(store, &AppStore::connectionProblemChanged, this, &PingwellApp::showStatus);
+    // A deadline passes, and a silence gets too long, without anything else changing.
+    connect(store, &AppStore::nowChanged, this, &PingwellApp::showStatus);
 }
 
 void PingwellApp::followStatusItem()
@@ -86,13 +108,18 @@ void PingwellApp::followSystem()
             });
 }
 
-void PingwellApp::showCount()
+void PingwellApp::showStatus()
 {
     const qsizetype count = m_parts.store->needsReplyCount();
+    const StatusCondition condition = m_conditionWatch.look(*m_parts.store);
+    if (m_shownCount == count && m_shownCondition == condition)
+        return;
+    m_shownCondition = condition;
+    m_parts.statusItem->setContent(statusIcon(count, condition), menuBarLabel(count).accessibleLabel,
+                                   statusDescription(condition));
     if (m_shownCount == count)
         return;
     m_shownCount = count;
-    m_parts.statusItem->setContent(statusIcon(count), menuBarLabel(count).accessibleLabel);
     m_parts.badge->setCount(count);
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "app/app_windows.h"
+#include "app/exit_guard.h"
 #include "app/launch_options.h"
 #include "app/launcher_badge.h"
 #include "app/single_instance.h"
+#include "app/status_condition.h"
 #include "app/status_item.h"
 #include "app/system_events.h"
 #include "notify/alert_responses.h"
@@ -52,24 +54,31 @@ public:
     /// Puts the item into the status area. The main window opens in an automated test, and where there is no status
     /// area to open it from.
     void start();
-    /// Asks for the end of the program: at once, or when the changes on their way to the service have arrived there.
-    /// Asked again, it waits no longer.
+    /// Asks for the end of the program: at once, or when what the person did last has arrived at the service. Asked
+    /// again, it waits no longer.
     void quit();
+    /// Waits for that as long as `quit` would have, unless it has; for an end that comes without it.
+    void finishWork();
 
 signals:
     void quitRequested();
 
 private:
-    void followCount();
+    void followStore();
     void followStatusItem();
     void followSystem();
-    void showCount();
+    void showStatus();
+    void end();
     void openMainWithoutStatusArea();
 
     LaunchOptions m_options;
     // The windows go before the store they show.
     AppParts m_parts;
+    ExitGuard m_exitGuard;
+    bool m_mayEnd = false;
     std::optional<qsizetype> m_shownCount;
+    StatusConditionWatch m_conditionWatch;
+    StatusCondition m_shownCondition = StatusCondition::following;
     QTimer m_statusAreaWait;
     QTimer m_quitWait;
 };

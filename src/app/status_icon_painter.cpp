@@ -75,10 +75,11 @@ void drawNumber(QPainter &painter, const QString &text)
 {
     const QRectF ground = groundFor(text);
     // The gap around the ground keeps bell and number apart at the smallest sizes.
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(groundColor);
     painter.setCompositionMode(QPainter::CompositionMode_Clear);
     painter.drawRoundedRect(ground.adjusted(-1.5, -1.5, 1.5, 1.5), 9, 9);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    painter.setBrush(groundColor);
     painter.drawRoundedRect(ground, groundHeight / 2, groundHeight / 2);
 
     painter.setBrush(Qt::NoBrush);
@@ -91,33 +92,62 @@ void drawNumber(QPainter &painter, const QString &text)
     }
 }
 
+/// A line from corner to corner, in a gap of its own.
+void drawSlash(QPainter &painter)
+{
+    const QLineF slash(4, 3, 20, 21);
+    painter.setCompositionMode(QPainter::CompositionMode_Clear);
+    painter.setPen(QPen(bellColor, 6, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(slash);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.setPen(QPen(bellColor, 2.4, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(slash);
+}
+
+void drawBell(QPainter &painter, StatusCondition condition)
+{
+    const bool isHollow = condition == StatusCondition::signedOut;
+    painter.setBrush(isHollow ? QBrush(Qt::NoBrush) : QBrush(bellColor));
+    painter.setPen(isHollow ? QPen(bellColor, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin) : QPen(Qt::NoPen));
+    painter.drawPath(bell());
+    if (condition == StatusCondition::offline)
+        drawSlash(painter);
+}
+
+/// The bell makes room for the number.
+void drawAside(QPainter &painter, StatusCondition condition)
+{
+    painter.save();
+    painter.translate(-2.5, -0.8);
+    painter.scale(bellScaleBesideNumber, bellScaleBesideNumber);
+    drawBell(painter, condition);
+    painter.restore();
+}
+
 } // namespace
 
-QPixmap statusPixmap(qsizetype count, int size)
+QPixmap statusPixmap(qsizetype count, StatusCondition condition, int size)
 {
     QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(size / grid, size / grid);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(bellColor);
-    if (count > 0) {
-        const QTransform aside = QTransform::fromScale(bellScaleBesideNumber, bellScaleBesideNumber);
-        painter.drawPath(aside.map(bell()).translated(-2.5, -0.8));
+    if (count > 0)
+        drawAside(painter, condition);
+    else
+        drawBell(painter, condition);
+    if (count > 0)
         drawNumber(painter, shortNumber(count));
-    } else {
-        painter.drawPath(bell());
-    }
     painter.end();
     return QPixmap::fromImage(image);
 }
 
-QIcon statusIcon(qsizetype count)
+QIcon statusIcon(qsizetype count, StatusCondition condition)
 {
     QIcon icon;
     for (const int size : {16, 22, 24, 32, 44, 48, 64})
-        icon.addPixmap(statusPixmap(count, size));
+        icon.addPixmap(statusPixmap(count, condition, size));
     return icon;
 }
 

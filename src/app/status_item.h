@@ -19,8 +19,8 @@ public:
     [[nodiscard]] virtual bool isAvailable() const = 0;
 
     /// What the item shows from now on, also when the status area only appears later. `label` is the tooltip and what a
-    /// screen reader says.
-    virtual void setContent(const QIcon &icon, const QString &label) = 0;
+    /// screen reader says; a `description` stands in the tooltip below it.
+    virtual void setContent(const QIcon &icon, const QString &label, const QString &description) = 0;
 
 signals:
     void availabilityChanged(bool available);

@@ -10,6 +10,8 @@ namespace pingwell {
 
 namespace {
 
+constexpr std::array caught{SIGTERM, SIGINT, SIGHUP};
+
 /// A handler may do almost nothing; it wakes the event loop through this pipe.
 std::array<int, 2> pipeEnds{-1, -1};
 
@@ -22,6 +24,9 @@ void noteSignal(int)
 void catchSignal(int number)
 {
     struct sigaction action = {};
+    // Whoever started the program may want it to outlive its terminal.
+    if (sigaction(number, nullptr, &action) == 0 && action.sa_handler == SIG_IGN)
+        return;
     action.sa_handler = noteSignal;
     // A second signal ends the program at once, should the first one have had no effect.
     action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
@@ -42,14 +47,14 @@ QuitSignals::QuitSignals(QObject *parent)
         [[maybe_unused]] const ssize_t count = read(pipeEnds[0], &byte, 1);
         emit quitRequested();
     });
-    catchSignal(SIGTERM);
-    catchSignal(SIGINT);
+    for (const int number : caught)
+        catchSignal(number);
 }
 
 QuitSignals::~QuitSignals()
 {
-    std::signal(SIGTERM, SIG_DFL);
-    std::signal(SIGINT, SIG_DFL);
+    for (const int number : caught)
+        std::signal(number, SIG_DFL);
 }
 
 } // namespace pingwell

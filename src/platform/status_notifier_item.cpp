@@ -35,7 +35,7 @@ QDBusMessage hostQuestion()
 StatusNotifierItem::StatusNotifierItem(QIcon icon, QString label, QObject *parent)
     : StatusItem(parent)
     , m_icon(std::move(icon))
-    , m_label(std::move(label))
+    , m_toolTip(std::move(label))
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     auto *const owner = new QDBusServiceWatcher(watcherService, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
@@ -48,14 +48,14 @@ StatusNotifierItem::StatusNotifierItem(QIcon icon, QString label, QObject *paren
 
 StatusNotifierItem::~StatusNotifierItem() = default;
 
-void StatusNotifierItem::setContent(const QIcon &icon, const QString &label)
+void StatusNotifierItem::setContent(const QIcon &icon, const QString &label, const QString &description)
 {
     m_icon = icon;
-    m_label = label;
+    m_toolTip = description.isEmpty() ? label : QString(label + u'\n' + description);
     if (!m_trayIcon)
         return;
     m_trayIcon->setIcon(icon);
-    m_trayIcon->setToolTip(label);
+    m_trayIcon->setToolTip(m_toolTip);
 }
 
 /// Waits for it: the item takes its place while the rest of the program is being made.
@@ -97,7 +97,7 @@ void StatusNotifierItem::show()
     m_menu->setObjectName(u"statusItem.menu"_s);
     fillMenu();
     m_trayIcon = std::make_unique<QSystemTrayIcon>(m_icon);
-    m_trayIcon->setToolTip(m_label);
+    m_trayIcon->setToolTip(m_toolTip);
     m_trayIcon->setContextMenu(m_menu.get());
     connect(m_trayIcon.get(), &QSystemTrayIcon::activated, this, &StatusNotifierItem::reportClick);
     m_trayIcon->show();

@@ -22,7 +22,7 @@ public:
     ~StatusNotifierItem() override;
 
     [[nodiscard]] bool isAvailable() const override { return m_available; }
-    void setContent(const QIcon &icon, const QString &label) override;
+    void setContent(const QIcon &icon, const QString &label, const QString &description) override;
 
 private slots:
     void askForHost();
@@ -35,7 +35,7 @@ private:
     void reportClick(QSystemTrayIcon::ActivationReason reason);
 
     QIcon m_icon;
-    QString m_label;
+    QString m_toolTip;
     bool m_available = false;
     // Counts the questions for a host: only the answer to the latest one counts.
     int m_question = 0;

@@ -1,6 +1,7 @@
 #include "app/demo_data.h"
 #include "app/pingwell_app.h"
-#include "support/manual_clock.h"
+#include "store/preference_keys.h"
+#include "store_fixture.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -19,16 +20,20 @@ public:
     {
     }
     bool isAvailable() const override { return available; }
-    void setContent(const QIcon &icon, const QString &label) override
+    void setContent(const QIcon &icon, const QString &label, const QString &description) override
     {
         hasIcon = !icon.isNull();
         labels += label;
+        descriptions += description;
     }
 
     bool available;
     bool hasIcon = false;
     QStringList labels;
+    QStringList descriptions;
 };
+
+using Act = void (*)(AppStore &);
 
 class FakeBadge final : public LauncherBadge
 {
@@ -74,11 +79,16 @@ private:
     /// The program in demo mode, among fakes that the test holds on to.
     void launch(const LaunchOptions &options, bool hasStatusArea)
     {
-        m_app.reset();
         m_clock = std::make_shared<ManualClock>(instantFromMilliseconds(1'700'000'000'000.0));
         const Instant now = m_clock->now();
+        launch(options, hasStatusArea, std::make_unique<AppStore>(demoData(now), true, nullptr, now, nullptr, m_clock));
+    }
+
+    void launch(const LaunchOptions &options, bool hasStatusArea, std::unique_ptr<AppStore> store)
+    {
+        m_app.reset();
         AppParts parts{
-            .store = std::make_unique<AppStore>(demoData(now), true, nullptr, now, nullptr, m_clock),
+            .store = std::move(store),
             .statusItem = std::make_unique<FakeStatusItem>(hasStatusArea),
             .badge = std::make_unique<FakeBadge>(),
             .systemEvents = std::make_unique<SystemEvents>(),
@@ -120,6 +130,93 @@ private slots:
         emit m_item->quitRequested();
         emit m_windows->quitRequested();
         QCOMPARE(quits.size(), 2);
+    }
+
+    void quittingWaitsForWhatIsUnderWay_data()
+    {
+        QTest::addColumn<QByteArray>("method");
+        QTest::addColumn<QByteArray>("path");
+        QTest::addColumn<Act>("act");
+        const auto row = [](const char *name, const char *method, const char *path, Act act) {
+            QTest::newRow(name) << QByteArray(method) << QByteArray(path) << act;
+        };
+        row("an answer", "POST", "/workspaces/w1/alerts/a1/answer",
+            [](auto &store) { store.answer(u"a1"_s, u"Deny"_s); });
+        row("a change in a lane", "PATCH", "/workspaces/w1", [](auto &store) { store.renameWorkspace(u"New"_s); });
+        row("the account's deletion", "DELETE", "/auth/account", [](auto &store) { store.deleteAccount(); });
+        row("the device of who signs out", "DELETE", "/devices/d1", [](auto &store) { store.signOut(); });
+    }
+
+    void quittingWaitsForWhatIsUnderWay()
+    {
+        QFETCH(QByteArray, method);
+        QFETCH(QByteArray, path);
+        QFETCH(Act, act);
+        StoreFixture service;
+        service.preferences->setString(preference_keys::device(*service.backend->baseURLOverride), u"d1"_s);
+        service.startWith({.alerts = {askJSON(u"a1"_s, 60)}});
+        service.transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        for (int time = 0; time < 2; ++time)
+            service.transport->plan(method, path, ScriptedAnswer::failure(409).heldBack());
+        launch({}, true, std::move(service.store));
+        const QSignalSpy quits(m_app.get(), &PingwellApp::quitRequested);
+        act(*m_store);
+        service.settle();
+        m_app->quit();
+        QVERIFY(quits.isEmpty());
+        service.release(method, path);
+        QCOMPARE(quits.size(), 1);
+        m_app->quit();
+        QCOMPARE(quits.size(), 2);
+        m_app.reset();
+    }
+
+    /// Whoever doesn't wait for a quit that waits, and ends that come without one.
+    void someEndsAreNotAskedFor()
+    {
+        StoreFixture service;
+        service.startWith({.alerts = {askJSON(u"a1"_s, 60)}});
+        service.transport->plan("POST", "/workspaces/w1/alerts/a1/answer", ScriptedAnswer::data("{}").heldBack());
+        service.transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        launch({}, true, std::move(service.store));
+        m_store->answer(u"a1"_s, u"Deny"_s);
+        QTimer::singleShot(0, &m_instance, [&] { service.transport->release(); });
+        m_app->finishWork();
+        QVERIFY(!m_store->hasUnfinishedWork());
+        service.transport->plan("POST", "/workspaces/w1/alerts/a1/answer", ScriptedAnswer::data("{}").heldBack());
+        m_store->answer(u"a1"_s, u"Deny"_s);
+        service.settle();
+        const QSignalSpy quits(m_app.get(), &PingwellApp::quitRequested);
+        m_app->quit();
+        QVERIFY(quits.isEmpty());
+        m_app->quit();
+        QCOMPARE(quits.size(), 1);
+        m_app->finishWork();
+        QVERIFY2(m_store->hasUnfinishedWork(), "the person has waited long enough");
+        m_app.reset();
+    }
+
+    void theIconTellsWhenItCantBeReliedOn()
+    {
+        StoreFixture service;
+        service.startWith({.alerts = {askJSON(u"a1"_s, 60)}});
+        service.transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        launch({}, true, std::move(service.store));
+        m_store->startClock();
+        m_store->refresh();
+        service.settle();
+        service.clock->advance(59s);
+        QCOMPARE(m_item->descriptions, QStringList{QString()});
+        service.clock->advance(1s);
+        QCOMPARE(m_item->descriptions.last(), u"Not up to date. New alerts don't arrive."_s);
+        service.transport->plan("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()));
+        m_store->refresh();
+        service.settle();
+        QCOMPARE(m_item->descriptions.last(), QString());
+        m_store->signOut();
+        service.settle();
+        QCOMPARE(m_item->descriptions.last(), u"Signed out. Open Pingwell to sign in."_s);
+        m_app.reset();
     }
 
     void laterStartsBringTheWindowForward()

@@ -5,6 +5,8 @@
 using namespace pingwell;
 using namespace Qt::StringLiterals;
 
+constexpr StatusCondition following = StatusCondition::following;
+
 class StatusIconTest : public QObject
 {
     Q_OBJECT
@@ -14,8 +16,8 @@ private slots:
     void paintsAtEverySize()
     {
         for (const int size : {16, 22, 24, 32, 44, 48, 64}) {
-            QVERIFY(statusIcon(3).availableSizes().contains(QSize(size, size)));
-            const QImage image = statusPixmap(3, size).toImage();
+            QVERIFY(statusIcon(3, following).availableSizes().contains(QSize(size, size)));
+            const QImage image = statusPixmap(3, following, size).toImage();
             int opaque = 0;
             int red = 0;
             int white = 0;
@@ -36,11 +38,18 @@ private slots:
     {
         QList<QImage> images;
         for (qsizetype count = 0; count <= 10; ++count) {
-            const QImage image = statusPixmap(count, 22).toImage();
+            const QImage image = statusPixmap(count, following, 22).toImage();
             QVERIFY2(!images.contains(image), qPrintable(QString::number(count)));
             images += image;
         }
-        QCOMPARE(statusPixmap(11, 22).toImage(), images.last());
+        QCOMPARE(statusPixmap(11, following, 22).toImage(), images.last());
+        const qsizetype nothing = 0;
+        for (const qsizetype count : {nothing, qsizetype(3)}) {
+            const QImage offline = statusPixmap(count, StatusCondition::offline, 22).toImage();
+            QVERIFY(!images.contains(offline));
+            images += offline;
+        }
+        QVERIFY(!images.contains(statusPixmap(nothing, StatusCondition::signedOut, 22).toImage()));
     }
 };
 

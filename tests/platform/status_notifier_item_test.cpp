@@ -108,7 +108,7 @@ private slots:
     void appearsWithTheStatusArea()
     {
         QSignalSpy changed(&m_item, &StatusItem::availabilityChanged);
-        m_item.setContent(redIcon(), u"Pingwell, 1 waiting"_s);
+        m_item.setContent(redIcon(), u"Pingwell, 1 waiting"_s, QString());
         QVERIFY(!m_item.isAvailable());
         m_area->start();
         // A watcher alone shows nothing.

@@ -1,0 +1,43 @@
+#include "app/exit_guard.h"
+
+#include "app/pingwell_app.h"
+
+#include <QCoreApplication>
+
+#include <chrono>
+#include <cstdlib>
+#include <thread>
+
+namespace pingwell {
+
+namespace {
+
+const AppStore *guarded = nullptr;
+
+void finishWithoutLoop()
+{
+    using Clock = std::chrono::steady_clock;
+    constexpr std::chrono::milliseconds pause{5};
+    const Clock::time_point end = Clock::now() + PingwellApp::quitPatience;
+    while (guarded && guarded->hasUnfinishedWork() && Clock::now() < end) {
+        QCoreApplication::sendPostedEvents();
+        std::this_thread::sleep_for(pause);
+    }
+}
+
+} // namespace
+
+ExitGuard::ExitGuard(const AppStore &store)
+{
+    guarded = &store;
+    // What was made last goes first: by then the network and the thread pool have been used, and are still there.
+    QObject::connect(&store, &AppStore::hasLoadedChanged, &store,
+                     [] { [[maybe_unused]] static const bool registered = std::atexit(finishWithoutLoop) == 0; });
+}
+
+ExitGuard::~ExitGuard()
+{
+    guarded = nullptr;
+}
+
+} // namespace pingwell
