@@ -1,8 +1,18 @@
 #include "api/decoding.h"
 
+#include <algorithm>
+
 namespace pingwell {
 
 namespace {
+
+/// Whether a person can read anything in it.
+bool isReadable(const QString &text)
+{
+    const QList<uint> characters = text.toUcs4();
+    return std::any_of(characters.begin(), characters.end(),
+                       [](uint character) { return QChar::isPrint(character) && !QChar::isSpace(character); });
+}
 
 QString defaultMessage(int status)
 {
@@ -18,7 +28,9 @@ ErrorEnvelope ErrorEnvelope::read(WireObject object)
     ErrorEnvelope envelope;
     envelope.success = object.flag("success");
     envelope.code = object.string("code");
-    envelope.message = object.string("message");
+    envelope.message = WireStrings::text(object.string("message"));
+    if (envelope.message && !isReadable(*envelope.message))
+        envelope.message.reset();
     return envelope;
 }
 
@@ -34,7 +46,7 @@ std::optional<APIError> failureOf(int status, const WireDocument &body)
         envelope = ErrorEnvelope::read(*body.root());
     if (isSuccess(status) && envelope.success.value_or(true))
         return std::nullopt;
-    const QString message = WireStrings::text(envelope.message).value_or(defaultMessage(status));
+    const QString message = envelope.message.value_or(defaultMessage(status));
     // A failure that came as a plain 200 is passed on as a bad request.
     const int reported = status == 200 ? 400 : status;
     return APIError(reported, WireStrings::text(envelope.code), message);
@@ -47,7 +59,7 @@ Outcome<std::optional<QString>> messageOrFailureOf(const HTTPResponse &response)
         return *failure;
     if (!body.root())
         return std::optional<QString>();
-    return WireStrings::text(ErrorEnvelope::read(*body.root()).message);
+    return ErrorEnvelope::read(*body.root()).message;
 }
 
 } // namespace pingwell

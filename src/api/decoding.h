@@ -28,7 +28,8 @@ struct ErrorEnvelope
 {
     std::optional<bool> success;
     std::optional<std::string_view> code;
-    std::optional<std::string_view> message;
+    /// A sentence for the person. One in which nothing can be read counts as missing.
+    std::optional<QString> message;
 
     static ErrorEnvelope read(WireObject object);
 };

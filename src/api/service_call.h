@@ -42,7 +42,7 @@ template<typename DTO>
 WithMessage<Mapped<DTO>> readMessageData(WireObject body, WireStrings &strings)
 {
     WithMessage<Mapped<DTO>> result;
-    result.message = WireStrings::text(body.string("message"));
+    result.message = ErrorEnvelope::read(body).message;
     result.record = readData<DTO>(body, strings);
     return result;
 }

@@ -89,6 +89,11 @@ private slots:
         fails(403, R"({"success":true,"code":"limit"})", APIError(403, u"limit"_s, wrong(403)));
         fails(401, "nope", APIError(401, std::nullopt, ended));
         fails(401, R"({"message":"Bye."})", APIError(401, std::nullopt, u"Bye."_s));
+        // A sentence that nobody can read is none.
+        succeeds(200, R"({"message":""})");
+        succeeds(200, R"({"message":"\ud83d\ude00"})", u"\U0001F600"_s);
+        fails(403, R"({"message":" \n\t"})", APIError(403, std::nullopt, wrong(403)));
+        fails(401, "{\"message\":\"\u200b\u2060\"}", APIError(401, std::nullopt, ended));
         fails(500, R"({"message":7,"code":[]})", APIError(500, std::nullopt, wrong(500)));
         fails(302, "", APIError(302, std::nullopt, wrong(302)));
         fails(199, "", APIError(199, std::nullopt, wrong(199)));
