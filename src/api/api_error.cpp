@@ -21,6 +21,12 @@ APIError APIError::badResponse()
         QStringLiteral("The server sent something this app doesn't understand. Update the app and try again."));
 }
 
+APIError APIError::tooLarge()
+{
+    return APIError(500, QStringLiteral("too_large"),
+                    QStringLiteral("The server sent more than this app can take in. Try again later."));
+}
+
 APIError APIError::from(std::exception_ptr thrown)
 {
     try {

@@ -17,12 +17,14 @@ public:
     static APIError offline();
     /// The service accepted, but its answer isn't what this program understands.
     static APIError badResponse();
+    /// The service's answer is larger than this program takes in.
+    static APIError tooLarge();
     /// What was thrown, as the person is to be told of it: anything but an `APIError` means that no answer arrived.
     static APIError from(std::exception_ptr thrown);
 
-    /// HTTP status; 0 when no HTTP answer arrived, 500 for an answer that could not be decoded.
+    /// HTTP status; 0 when no HTTP answer arrived, 500 for an answer that could not be taken in or decoded.
     [[nodiscard]] int status() const { return m_status; }
-    /// The service's code, or "offline" or "bad_response".
+    /// The service's code, or "offline", "bad_response" or "too_large".
     [[nodiscard]] const std::optional<QString> &code() const { return m_code; }
     [[nodiscard]] const QString &message() const { return m_message; }
     /// For a log, where nothing that the service says may stand.

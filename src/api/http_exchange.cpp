@@ -30,7 +30,7 @@ bool haveSameOrigin(const QUrl &left, const QUrl &right)
            left.port(defaultPort) == right.port(defaultPort);
 }
 
-QNetworkRequest networkRequest(const HTTPRequest &request, const QUrl &url, const TransportLimits &limits)
+QNetworkRequest networkRequest(const HTTPRequest &request, const QUrl &url)
 {
     QNetworkRequest prepared(url);
     prepared.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Pingwell/" PINGWELL_VERSION));
@@ -44,8 +44,8 @@ QNetworkRequest networkRequest(const HTTPRequest &request, const QUrl &url, cons
     prepared.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
     prepared.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     prepared.setTransferTimeout(static_cast<int>(std::max<qint64>(1, request.timeout.count())));
-    // Up to the cap any ratio of packed to unpacked is fine: the cap counts what is unpacked.
-    prepared.setDecompressedSafetyCheckThreshold(limits.bodyBytes);
+    // Named here, the network layer leaves the unpacking to us: it would do it on this thread.
+    prepared.setRawHeader("Accept-Encoding", "gzip");
     return prepared;
 }
 
@@ -60,14 +60,15 @@ std::optional<Instant> dateOf(const QNetworkReply &reply)
 
 } // namespace
 
-HTTPExchange::HTTPExchange(QNetworkAccessManager &manager, HTTPRequest request, TransportLimits limits, QObject *parent)
+HTTPExchange::HTTPExchange(Connections connections, HTTPRequest request, TransportLimits limits, QObject *parent)
     : QObject(parent)
-    , m_manager(manager)
+    , m_connections(std::move(connections))
     , m_request(std::move(request))
     , m_limits(limits)
+    , m_url(m_request.url)
 {
     m_deadline.setSingleShot(true);
-    connect(&m_deadline, &QTimer::timeout, this, [this] { end(std::nullopt); });
+    connect(&m_deadline, &QTimer::timeout, this, &HTTPExchange::giveUp);
 }
 
 HTTPExchange::~HTTPExchange()
@@ -79,23 +80,33 @@ HTTPExchange::~HTTPExchange()
 void HTTPExchange::start()
 {
     m_deadline.start(m_limits.deadline);
-    if (isWeb(m_request.url))
-        sendTo(m_request.url);
+    if (isWeb(m_url))
+        send();
     else
-        end(std::nullopt);
+        fail(APIError::offline());
 }
 
-void HTTPExchange::sendTo(const QUrl &url)
+void HTTPExchange::moveTo(const Connections &connections)
 {
-    QNetworkRequest prepared = networkRequest(m_request, url, m_limits);
+    if (m_request.method != "GET" || !m_reply)
+        return;
+    m_body.clear();
+    dropReply();
+    m_connections = connections;
+    send();
+}
+
+void HTTPExchange::send()
+{
+    QNetworkRequest prepared = networkRequest(m_request, m_url);
     if (m_request.method == "GET") {
-        m_reply = m_manager.get(prepared);
+        m_reply = m_connections->get(prepared);
     } else if (m_request.body) {
-        m_reply = m_manager.sendCustomRequest(prepared, m_request.method, *m_request.body);
+        m_reply = m_connections->sendCustomRequest(prepared, m_request.method, *m_request.body);
     } else {
         // Without a body there is no content to be of a type, but a length that servers insist on (RFC 9110, 8.6).
         prepared.setRawHeader("Content-Length", "0");
-        m_reply = m_manager.sendCustomRequest(prepared, m_request.method, static_cast<QIODevice *>(nullptr));
+        m_reply = m_connections->sendCustomRequest(prepared, m_request.method, static_cast<QIODevice *>(nullptr));
     }
     m_reply->setReadBufferSize(readBufferBytes);
     connect(m_reply, &QNetworkReply::metaDataChanged, this, &HTTPExchange::checkLength);
@@ -107,7 +118,7 @@ void HTTPExchange::checkLength()
 {
     const qint64 length = m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong();
     if (length > m_limits.bodyBytes)
-        end(std::nullopt);
+        fail(APIError::tooLarge());
     else if (length > m_body.capacity())
         m_body.reserve(length + spareBytes);
 }
@@ -119,7 +130,7 @@ void HTTPExchange::takeBytes()
         if (bytes.isEmpty())
             return;
         if (m_body.size() + bytes.size() > m_limits.bodyBytes) {
-            end(std::nullopt);
+            fail(APIError::tooLarge());
             return;
         }
         m_body.append(bytes);
@@ -131,22 +142,29 @@ void HTTPExchange::conclude()
     takeBytes();
     if (!m_reply)
         return;
+    if (m_reply->error() == QNetworkReply::OperationCanceledError) {
+        giveUp();
+        return;
+    }
     if (!hasArrived()) {
-        end(std::nullopt);
+        fail(APIError::offline());
         return;
     }
     if (const std::optional<QUrl> target = redirection()) {
         --m_redirectsLeft;
         m_body.clear();
         dropReply();
-        sendTo(*target);
+        m_url = *target;
+        send();
         return;
     }
     HTTPResponse response;
     response.status = status();
     response.body = std::move(m_body);
     response.date = dateOf(*m_reply);
-    end(std::move(response));
+    response.contentEncoding = m_reply->rawHeader("Content-Encoding").trimmed().toLower();
+    m_response.finish(std::move(response));
+    end();
 }
 
 int HTTPExchange::status() const
@@ -172,11 +190,23 @@ std::optional<QUrl> HTTPExchange::redirection() const
     return resolved;
 }
 
-void HTTPExchange::end(std::optional<HTTPResponse> response)
+/// The server was silent for too long. Only that cancels a reply that is still listened to.
+void HTTPExchange::giveUp()
+{
+    emit timedOut();
+    fail(APIError::offline());
+}
+
+void HTTPExchange::fail(const APIError &error)
+{
+    m_response.fail(error);
+    end();
+}
+
+void HTTPExchange::end()
 {
     m_deadline.stop();
     dropReply();
-    m_response.finish(std::move(response));
     deleteLater();
 }
 
@@ -184,7 +214,7 @@ void HTTPExchange::dropReply()
 {
     if (!m_reply)
         return;
-    // Aborting tells of the end at once, from inside the call; nobody is to hear it.
+    // Aborting emits the end at once, from inside the call.
     m_reply->disconnect(this);
     if (m_reply->isRunning())
         m_reply->abort();

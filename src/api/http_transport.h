@@ -31,6 +31,8 @@ struct HTTPResponse
     QByteArray body;
     /// When the server sent it, by its own clock and to the second (`Date`, RFC 9110, 6.6.1).
     std::optional<Instant> date = std::nullopt;
+    /// How the body is packed, as RFC 9110, 8.4 has it; empty when it isn't, as every one that a transport hands out.
+    QByteArray contentEncoding = {};
 };
 
 /// Performs requests; the seam behind which tests and demo code put an in-memory service. Main thread.
@@ -39,8 +41,14 @@ class HTTPTransport
 public:
     virtual ~HTTPTransport() = default;
 
-    /// The answer, whatever its status. Throws `APIError::offline()` when none arrived.
+    /// The answer, whatever its status. Throws `APIError::offline()` when none arrived, and `APIError::tooLarge()` when
+    /// it is more than may be taken in.
     virtual QCoro::Task<HTTPResponse> perform(HTTPRequest request) = 0;
+
+    /// Called after the computer slept or came to another network: connections kept from before may be dead without
+    /// showing it. Later requests use new ones, and so does every GET under way, which is sent anew. Other requests
+    /// under way wait on, because the service may have had them. Without kept connections there is nothing to do.
+    virtual void dropConnections() {}
 };
 
 } // namespace pingwell

@@ -1,6 +1,5 @@
 #include "api/pending_response.h"
 
-#include "api/api_error.h"
 #include "model/check.h"
 
 #include <QCoreApplication>
@@ -12,7 +11,7 @@ namespace pingwell {
 struct PendingResponse::State
 {
     bool finished = false;
-    std::optional<HTTPResponse> response;
+    std::variant<HTTPResponse, APIError> result = APIError::offline();
     std::coroutine_handle<> awaiting;
 };
 
@@ -23,10 +22,23 @@ PendingResponse::PendingResponse()
 
 void PendingResponse::finish(std::optional<HTTPResponse> response)
 {
+    if (response)
+        end(*std::move(response));
+    else
+        end(APIError::offline());
+}
+
+void PendingResponse::fail(const APIError &error)
+{
+    end(error);
+}
+
+void PendingResponse::end(std::variant<HTTPResponse, APIError> result)
+{
     if (m_state->finished)
         return;
     m_state->finished = true;
-    m_state->response = std::move(response);
+    m_state->result = std::move(result);
     if (m_state->awaiting)
         resumeLater(m_state);
 }
@@ -39,9 +51,9 @@ void PendingResponse::await_suspend(std::coroutine_handle<> awaiting)
         resumeLater(m_state);
 }
 
-std::optional<HTTPResponse> PendingResponse::await_resume()
+std::variant<HTTPResponse, APIError> PendingResponse::await_resume()
 {
-    return std::exchange(m_state->response, std::nullopt);
+    return std::move(m_state->result);
 }
 
 void PendingResponse::resumeLater(const std::shared_ptr<State> &state)
@@ -53,10 +65,10 @@ void PendingResponse::resumeLater(const std::shared_ptr<State> &state)
 
 QCoro::Task<HTTPResponse> responseOf(PendingResponse pending)
 {
-    std::optional<HTTPResponse> response = co_await pending;
-    if (!response)
-        throw APIError::offline();
-    co_return std::move(*response);
+    std::variant<HTTPResponse, APIError> result = co_await pending;
+    if (const APIError *error = std::get_if<APIError>(&result))
+        throw *error;
+    co_return std::get<HTTPResponse>(std::move(result));
 }
 
 } // namespace pingwell

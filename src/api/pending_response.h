@@ -1,10 +1,12 @@
 #pragma once
 
+#include "api/api_error.h"
 #include "api/http_transport.h"
 
 #include <coroutine>
 #include <memory>
 #include <optional>
+#include <variant>
 
 namespace pingwell {
 
@@ -17,19 +19,23 @@ public:
 
     /// Sets the answer, or with none that none arrived. Only the first call counts.
     void finish(std::optional<HTTPResponse> response);
+    /// Ends the wait with an error instead. Only the first call of either kind counts.
+    void fail(const APIError &error);
 
     [[nodiscard]] bool await_ready() const { return false; }
     void await_suspend(std::coroutine_handle<> awaiting);
-    [[nodiscard]] std::optional<HTTPResponse> await_resume();
+    /// The answer or why there is none.
+    [[nodiscard]] std::variant<HTTPResponse, APIError> await_resume();
 
 private:
     struct State;
+    void end(std::variant<HTTPResponse, APIError> result);
     static void resumeLater(const std::shared_ptr<State> &state);
 
     std::shared_ptr<State> m_state;
 };
 
-/// Waits for the answer. Throws `APIError::offline()` when none arrived.
+/// Waits for the answer. Throws the error when there is none, `APIError::offline()` when nothing arrived.
 QCoro::Task<HTTPResponse> responseOf(PendingResponse pending);
 
 } // namespace pingwell

@@ -22,7 +22,9 @@ struct TransportLimits
 /// HTTP/1.1 over the network. Keeps nothing between requests but connections: no cookies, cache or credentials. Only a
 /// GET follows redirects, three at most, and only within the origin of the request (RFC 6454), so that no header of it
 /// reaches another server; every other redirect is the answer. Certificates are always checked. A transport that is
-/// destroyed ends its requests as offline; destroy it while the application and its event loop still live.
+/// destroyed ends its requests as offline; destroy it while the application and its event loop still live. When a
+/// server was silent for too long, its kept connections are dropped. Bodies packed with gzip are unpacked in the thread
+/// pool.
 class URLSessionTransport final : public HTTPTransport
 {
 public:
@@ -34,11 +36,15 @@ public:
     static std::shared_ptr<URLSessionTransport> shared();
 
     QCoro::Task<HTTPResponse> perform(HTTPRequest request) override;
+    void dropConnections() override;
 
 private:
+    /// Of later requests. Those under way keep the ones that they began with.
+    void takeNewConnections();
+
     TransportLimits m_limits;
-    QNetworkAccessManager m_manager;
-    /// Parent of the exchanges under way; dies before the manager.
+    std::shared_ptr<QNetworkAccessManager> m_connections;
+    /// Parent of the exchanges under way.
     QObject m_exchanges;
 };
 

@@ -96,8 +96,8 @@ void PingwellApp::followSystem()
 {
     AppStore *store = m_parts.store.get();
     AppWindows *windows = m_parts.windows.get();
-    connect(m_parts.systemEvents.get(), &SystemEvents::wokeUp, store, &AppStore::refresh);
-    connect(m_parts.systemEvents.get(), &SystemEvents::networkReturned, store, &AppStore::refresh);
+    connect(m_parts.systemEvents.get(), &SystemEvents::wokeUp, store, &AppStore::reconnect);
+    connect(m_parts.systemEvents.get(), &SystemEvents::networkReturned, store, &AppStore::reconnect);
     if (!m_parts.singleInstance)
         return;
     connect(m_parts.singleInstance, &SingleInstance::activated, windows, &AppWindows::showMain);

@@ -234,6 +234,8 @@ public:
     void startSync();
     /// Fetches the dashboard and merges it, unless a fetch is under way.
     Q_INVOKABLE void refresh();
+    /// The same over new connections: after a sleep or in another network, kept ones may be dead without showing it.
+    void reconnect();
 
     /// Opens the sheet that asks for notifications, once an account.
     void considerNotificationPrompt(NotificationPermission permission);

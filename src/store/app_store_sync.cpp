@@ -105,6 +105,14 @@ void AppStore::refresh()
     launch("refresh", SyncSteps::runRefresh(this));
 }
 
+void AppStore::reconnect()
+{
+    checkMainThread();
+    if (m_backend)
+        m_backend->transport->dropConnections();
+    refresh();
+}
+
 QCoro::Task<> AppStore::SyncSteps::runRefresh(QPointer<AppStore> store)
 {
     if (!store || !store->m_client || store->isRefreshing())

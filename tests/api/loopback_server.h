@@ -26,6 +26,7 @@ public:
     {
         connect(&m_server, &QTcpServer::newConnection, this, [this] {
             while (QTcpSocket *socket = m_server.nextPendingConnection()) {
+                ++m_connectionCount;
                 connect(socket, &QTcpSocket::readyRead, this, [this, socket] { read(socket); });
                 connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
             }
@@ -36,10 +37,11 @@ public:
     void answer(const QByteArray &bytes) { m_scripts.append(Script{bytes}); }
     void answer(const Script &script) { m_scripts.append(script); }
     /// 200 with this body and further header lines, each ended by CR LF.
-    void answerWith(const QByteArray &body, const QByteArray &headers = {})
+    void answerWith(const QByteArray &body, const QByteArray &headers = {}, bool staysOpen = false)
     {
-        answer("HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n" + headers + "\r\n" +
-               body);
+        answer(
+            {"HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n" + headers + "\r\n" + body,
+             staysOpen});
     }
 
     [[nodiscard]] QUrl url(const QString &path = QStringLiteral("/")) const
@@ -48,6 +50,8 @@ public:
     }
     /// Every request so far, head and body.
     [[nodiscard]] const QList<QByteArray> &requests() const { return m_requests; }
+
+    [[nodiscard]] int connectionCount() const { return m_connectionCount; }
 
 private:
     void read(QTcpSocket *socket)
@@ -86,6 +90,7 @@ private:
     }
 
     QTcpServer m_server;
+    int m_connectionCount = 0;
     QList<Script> m_scripts;
     QList<QByteArray> m_requests;
 };

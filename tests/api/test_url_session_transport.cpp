@@ -122,29 +122,34 @@ private slots:
         QCOMPARE(other.requests().size(), 0);
     }
 
-    void endsAsOffline_data()
+    void endsWithoutAnAnswer_data()
     {
         using Script = LoopbackServer::Script;
         QTest::addColumn<Script>("script");
         QTest::addColumn<std::chrono::milliseconds>("silence");
         QTest::addColumn<std::chrono::milliseconds>("deadline");
+        QTest::addColumn<APIError>("error");
         const auto row = [](const char *name, const Script &script, std::chrono::milliseconds silence = 20s,
                             std::chrono::milliseconds deadline = 60s) {
-            QTest::newRow(name) << script << silence << deadline;
+            QTest::newRow(name) << script << silence << deadline << APIError::offline();
+        };
+        const auto tooLarge = [](const char *name, const Script &script) {
+            QTest::newRow(name) << script << std::chrono::milliseconds(20s) << std::chrono::milliseconds(60s)
+                                << APIError::tooLarge();
         };
         const QByteArray okay = "HTTP/1.1 200 OK\r\n";
         row("short body", {okay + "Content-Length: 10\r\n\r\nhalf"});
         row("no HTTP", {"+OK ready\r\n\r\n"});
         row("nothing", {""});
-        row("announced too long", {okay + "Content-Length: 99999999999\r\n\r\n", true});
-        row("too long", {chunked(QByteArray(100'001, 'x')), true});
-        row("endless", {okay + "\r\n" + QByteArray(5'000'000, 'x'), true});
+        tooLarge("announced too long", {okay + "Content-Length: 99999999999\r\n\r\n", true});
+        tooLarge("too long", {chunked(QByteArray(100'001, 'x')), true});
+        tooLarge("endless", {okay + "\r\n" + QByteArray(5'000'000, 'x'), true});
         row("silent", {okay, true}, 100ms);
         // Bytes that trickle in keep the silence limit from striking; only the deadline ends that.
         row("dripping", {okay + "Content-Length: 900\r\n\r\n" + QByteArray(900, 'x'), true, 10}, 2s, 300ms);
     }
 
-    void endsAsOffline()
+    void endsWithoutAnAnswer()
     {
         QFETCH(LoopbackServer::Script, script);
         QFETCH(std::chrono::milliseconds, silence);
@@ -153,7 +158,7 @@ private slots:
         m_server->answer(script);
         HTTPRequest request = requestFor(m_server->url());
         request.timeout = silence;
-        QCOMPARE(settle(transport.perform(request)).error, APIError::offline());
+        QTEST(settle(transport.perform(request)).error.value_or(APIError::badResponse()), "error");
     }
 
     void limitsAreThese()
@@ -171,16 +176,100 @@ private slots:
         QVERIFY(settle(endpoints::listInvitations(client)).error.has_value());
     }
 
-    void countsWhatIsUnpacked()
+    void unpacks_data()
     {
-        URLSessionTransport transport({.bodyBytes = 100'000});
-        const QByteArray body(100'000, 'x');
-        m_server->answer(chunked(body) + "0\r\n\r\n");
-        m_server->answerWith(packed(body), "Content-Encoding: deflate\r\n");
-        m_server->answerWith(packed(body + 'x'), "Content-Encoding: deflate\r\n");
-        for (int whole = 0; whole < 2; ++whole)
-            QCOMPARE(settle(transport.perform(requestFor(m_server->url()))).value->body, body);
-        QCOMPARE(settle(transport.perform(requestFor(m_server->url()))).error, APIError::offline());
+        QTest::addColumn<QByteArray>("sent");
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<std::optional<APIError>>("error");
+        const QByteArray largest(8'000'000, 'x');
+        const QByteArray mixed = QByteArray("a text that packs well, though not without end. ").repeated(1000);
+        const std::optional<APIError> none;
+        QTest::newRow("whole") << packed(mixed) << mixed << none;
+        QTest::newRow("nothing") << QByteArray() << QByteArray() << none;
+        // It packs to a thousandth: four megabytes may be unpacked of it whatever it measures, five may not.
+        QTest::newRow("small") << packed(largest.first(4'000'000)) << largest.first(4'000'000) << none;
+        QTest::newRow("packed too well") << packed(largest.first(5'000'000)) << QByteArray()
+                                         << std::optional(APIError::tooLarge());
+        QTest::newRow("less well") << packed(largest) + QByteArray(60'000, 'x') << largest << none;
+        QTest::newRow("too long") << packed(largest + 'x') + QByteArray(60'000, 'x') << QByteArray()
+                                  << std::optional(APIError::tooLarge());
+        QTest::newRow("cut") << packed(mixed).chopped(8) << QByteArray() << std::optional(APIError::badResponse());
+        QTest::newRow("damaged") << "nothing of the kind"_ba << QByteArray() << std::optional(APIError::badResponse());
+    }
+
+    void unpacks()
+    {
+        QFETCH(QByteArray, sent);
+        URLSessionTransport transport({.bodyBytes = 8'000'000});
+        m_server->answerWith(sent, "Content-Encoding: deflate\r\n");
+        const auto settled = settle(transport.perform(requestFor(m_server->url())));
+        QTEST(settled.value ? settled.value->body : QByteArray(), "body");
+        QTEST(settled.error, "error");
+        QVERIFY(m_server->requests().constFirst().toLower().contains("\r\naccept-encoding: gzip\r\n"));
+    }
+
+    void leavesSilentConnections_data()
+    {
+        QTest::addColumn<QByteArray>("method");
+        QTest::addColumn<bool>("isTold");
+        QTest::addColumn<QByteArray>("answer");
+        QTest::addColumn<int>("requests");
+        QTest::newRow("a question is asked again") << "GET"_ba << true << "alive"_ba << 3;
+        // The service may have had it.
+        QTest::newRow("a change is not sent twice") << "POST"_ba << true << QByteArray() << 2;
+        QTest::newRow("nothing was noticed") << "GET"_ba << false << QByteArray() << 2;
+    }
+
+    void leavesSilentConnections()
+    {
+        QFETCH(QByteArray, method);
+        QFETCH(bool, isTold);
+        m_server->answerWith("kept", {}, true);
+        m_server->answer({.bytes = {}, .staysOpen = true});
+        m_server->answerWith("alive", {}, true);
+        QCOMPARE(settle(m_transport->perform(requestFor(m_server->url()))).value->body, "kept"_ba);
+        HTTPRequest request = requestFor(m_server->url(), method);
+        request.timeout = 500ms;
+        QCoro::Task<HTTPResponse> waiting = m_transport->perform(request);
+        QTRY_COMPARE(m_server->requests().size(), 2);
+        QCOMPARE(m_server->connectionCount(), 1);
+        if (isTold)
+            m_transport->dropConnections();
+        const auto settled = settle(std::move(waiting));
+        QTEST(settled.value ? settled.value->body : QByteArray(), "answer");
+        QTEST(int(m_server->requests().size()), "requests");
+        QCOMPARE(settle(m_transport->perform(requestFor(m_server->url()))).value->body, "alive"_ba);
+    }
+
+    void asksOverNewConnections_data()
+    {
+        QTest::addColumn<bool>("isTold");
+        QTest::newRow("when told") << true;
+        QTest::newRow("after a silence") << false;
+    }
+
+    /// Two connections are kept; the request after the event uses neither, although both look alive.
+    void asksOverNewConnections()
+    {
+        QFETCH(bool, isTold);
+        m_server->answerWith("kept", {}, true);
+        QCoro::Task<HTTPResponse> first = m_transport->perform(requestFor(m_server->url()));
+        QCoro::Task<HTTPResponse> second = m_transport->perform(requestFor(m_server->url()));
+        QVERIFY(settle(std::move(first)).value && settle(std::move(second)).value);
+        QCOMPARE(settle(m_transport->perform(requestFor(m_server->url()))).value->body, "kept"_ba);
+        QCOMPARE(m_server->connectionCount(), 2);
+        if (isTold) {
+            m_transport->dropConnections();
+        } else {
+            m_server->answer({.bytes = {}, .staysOpen = true});
+            m_server->answerWith("kept", {}, true);
+            QVERIFY(settle(m_transport->perform(requestFor(m_server->url()))).value);
+            HTTPRequest unanswered = requestFor(m_server->url(), "POST");
+            unanswered.timeout = 100ms;
+            QCOMPARE(settle(m_transport->perform(unanswered)).error, APIError::offline());
+        }
+        QCOMPARE(settle(m_transport->perform(requestFor(m_server->url()))).value->body, "kept"_ba);
+        QCOMPARE(m_server->connectionCount(), 3);
     }
 
     void failsWithoutAServer()

@@ -72,6 +72,7 @@ private:
     FakeBadge *m_badge = nullptr;
     FakeWindows *m_windows = nullptr;
     AppStore *m_store = nullptr;
+    SystemEvents *m_events = nullptr;
     FakeInstance m_instance;
     QList<QUrl> m_openedURLs;
     std::unique_ptr<PingwellApp> m_app;
@@ -97,6 +98,7 @@ private:
             .openURL = [this](const QUrl &url) { m_openedURLs += url; },
         };
         m_store = parts.store.get();
+        m_events = parts.systemEvents.get();
         m_item = static_cast<FakeStatusItem *>(parts.statusItem.get());
         m_badge = static_cast<FakeBadge *>(parts.badge.get());
         m_windows = static_cast<FakeWindows *>(parts.windows.get());
@@ -216,6 +218,18 @@ private slots:
         m_store->signOut();
         service.settle();
         QCOMPARE(m_item->descriptions.last(), u"Signed out. Open Pingwell to sign in."_s);
+        m_app.reset();
+    }
+
+    void oldConnectionsAreLeftWhenTheSystemSays()
+    {
+        StoreFixture service;
+        service.start();
+        launch({}, true, std::move(service.store));
+        emit m_events->wokeUp();
+        QCOMPARE(service.transport->dropCount(), 1);
+        emit m_events->networkReturned();
+        QCOMPARE(service.transport->dropCount(), 2);
         m_app.reset();
     }
 

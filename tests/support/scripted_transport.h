@@ -66,7 +66,11 @@ public:
     /// How many answers of `plan` and `planNext` nobody asked for yet.
     [[nodiscard]] qsizetype plannedCount() const;
 
+    /// How often the connections were dropped.
+    [[nodiscard]] int dropCount() const { return m_dropCount; }
+
     QCoro::Task<HTTPResponse> perform(HTTPRequest request) override;
+    void dropConnections() override { ++m_dropCount; }
 
 private:
     using Route = std::pair<QByteArray, QByteArray>;
@@ -81,6 +85,7 @@ private:
     static void failTest(const char *problem, const Route &route);
     ScriptedAnswer takeAnswer(const Route &route);
 
+    int m_dropCount = 0;
     QList<HTTPRequest> m_requests;
     QHash<Route, QList<ScriptedAnswer>> m_planned;
     QList<ScriptedAnswer> m_next;

@@ -1,0 +1,73 @@
+#include "api/unpacked_response.h"
+
+#include <zlib.h>
+
+#include <algorithm>
+
+namespace pingwell {
+
+namespace {
+
+constexpr qsizetype stepBytes = qsizetype{256} * 1024;
+/// Both forms, told apart by their first bytes.
+constexpr int gzipOrDeflate = 15 + 32;
+
+/// An unpacking under way; frees what the library holds for it.
+class Inflation
+{
+public:
+    explicit Inflation(const QByteArray &packed)
+    {
+        // The library reads the bytes and never writes them. A body is far below 4 GiB.
+        m_stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(packed.constData()));
+        m_stream.avail_in = static_cast<uInt>(packed.size());
+        m_state = inflateInit2(&m_stream, gzipOrDeflate);
+    }
+    ~Inflation() { inflateEnd(&m_stream); }
+    Q_DISABLE_COPY_MOVE(Inflation)
+
+    [[nodiscard]] bool goesOn() const { return m_state == Z_OK; }
+    [[nodiscard]] bool isComplete() const { return m_state == Z_STREAM_END; }
+
+    /// Adds the next bytes to `body`. Input that ends too early is an error to the library, too.
+    void step(QByteArray &body)
+    {
+        const qsizetype before = body.size();
+        body.resize(before + stepBytes);
+        m_stream.next_out = reinterpret_cast<Bytef *>(body.data() + before);
+        m_stream.avail_out = static_cast<uInt>(stepBytes);
+        m_state = inflate(&m_stream, Z_NO_FLUSH);
+        body.truncate(body.size() - qsizetype(m_stream.avail_out));
+    }
+
+private:
+    z_stream m_stream{};
+    int m_state = Z_OK;
+};
+
+bool isPacked(const QByteArray &encoding)
+{
+    return encoding == "gzip" || encoding == "x-gzip" || encoding == "deflate";
+}
+
+} // namespace
+
+std::variant<HTTPResponse, APIError> unpacked(const HTTPResponse &response, qint64 limit)
+{
+    if (response.body.isEmpty() || !isPacked(response.contentEncoding))
+        return response;
+    const qint64 allowed = std::min(limit, freelyUnpackedBytes + unpackedBytesPerByte * response.body.size());
+    HTTPResponse plain;
+    plain.status = response.status;
+    Inflation inflation(response.body);
+    while (inflation.goesOn()) {
+        inflation.step(plain.body);
+        if (plain.body.size() > allowed)
+            return APIError::tooLarge();
+    }
+    if (!inflation.isComplete())
+        return APIError::badResponse();
+    return plain;
+}
+
+} // namespace pingwell
