@@ -5,10 +5,10 @@ namespace pingwell {
 AlertDTO AlertDTO::read(WireObject object)
 {
     AlertDTO dto;
-    dto.id = required(object.string("id"));
-    dto.workspaceId = required(object.string("workspaceId"));
+    dto.id = object.requiredIdentifier("id");
+    dto.workspaceId = object.requiredIdentifier("workspaceId");
     dto.app = object.string("app");
-    dto.title = required(object.string("title"));
+    dto.title = object.requiredString("title");
     dto.body = object.string("body");
     dto.topic = object.string("topic");
     dto.priority = object.string("priority");
@@ -17,7 +17,7 @@ AlertDTO AlertDTO::read(WireObject object)
     dto.answerType = object.string("answerType");
     dto.placeholder = object.string("placeholder");
     dto.delivered = object.flag("delivered");
-    dto.at = required(object.instant("at"));
+    dto.at = object.requiredInstant("at");
     dto.expiresAt = object.instant("expiresAt");
     dto.answer = object.string("answer");
     dto.timedOutAt = object.instant("timedOutAt");
@@ -37,7 +37,11 @@ Alert AlertDTO::mapped(WireStrings &strings) const
     alert.topic = strings.shared(topic.value_or("general"));
     alert.priority = fromWord<Priority>(priority).value_or(Priority::normal);
     alert.kind = fromWord<AlertKind>(kind).value_or(AlertKind::notify);
-    alert.actions = strings.sharedList(actions);
+    if (actions) {
+        alert.actions = strings.sharedList(*actions, maximumKeptChoices);
+        actions->forEach([&alert](std::string_view) { ++alert.furtherChoices; });
+        alert.furtherChoices -= alert.actions.size();
+    }
     alert.answerType = fromWord<AnswerType>(answerType).value_or(AnswerType::choice);
     if (placeholder && !placeholder->empty())
         alert.placeholder = strings.shared(*placeholder);

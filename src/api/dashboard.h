@@ -1,5 +1,6 @@
 #pragma once
 
+#include "api/list_count.h"
 #include "model/account.h"
 #include "model/alert.h"
 #include "model/device.h"
@@ -18,6 +19,18 @@
 
 namespace pingwell {
 
+/// What became of the lists of a dashboard.
+struct DashboardCounts
+{
+    ListCount alerts;
+    ListCount workspaces;
+    ListCount members;
+    ListCount topics;
+    ListCount devices;
+
+    friend bool operator==(const DashboardCounts &, const DashboardCounts &) = default;
+};
+
 /// Everything the service knows of the person, already in the program's own terms.
 struct Dashboard
 {
@@ -30,6 +43,7 @@ struct Dashboard
     /// `quietHoursEnabled` is not the service's to say and stands at its default here.
     NotificationSettings settings;
     QString plan;
+    DashboardCounts counts;
 };
 
 /// An answer to the dashboard request.

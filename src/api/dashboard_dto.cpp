@@ -1,19 +1,50 @@
 #include "api/dashboard_dto.h"
 
+#include "api/dashboard_bounds.h"
+
+#include <algorithm>
+#include <vector>
+
 namespace pingwell {
 
 namespace {
 
-/// Devices are no part the dashboard can't do without: a list that makes no sense counts as missing.
-QList<Device> mappedDevices(const std::optional<WireList<DeviceDTO>> &devices, WireStrings &strings)
+/// Whether the ask waits for an answer, as far as that shows without knowing the time.
+bool isOpen(const AlertDTO &alert)
 {
-    if (!devices)
-        return {};
-    try {
-        return devices->mapped(strings);
-    } catch (const UndecodableRecord &) {
-        return {};
-    }
+    return fromWord<AlertKind>(alert.kind) == AlertKind::ask && !alert.answer && !alert.timedOutAt;
+}
+
+/// The alerts that are taken in, in the order in which they came. They are looked at twice, so that those left out cost
+/// no memory.
+ListCount mapAlerts(const WireList<AlertDTO> &list, QList<Alert> &alerts, WireStrings &strings)
+{
+    std::vector<AlertRank> ranks;
+    ListCount count = list.forEach([&ranks](const AlertDTO &alert) { ranks.push_back({isOpen(alert), alert.at}); });
+    const std::vector<qsizetype> taken = alertsToTake(ranks, maximumAlerts);
+    count.beyond = qint64(ranks.size() - taken.size());
+    alerts.reserve(qsizetype(taken.size()));
+    qsizetype place = 0;
+    auto next = taken.begin();
+    list.forEach([&](const AlertDTO &alert) {
+        if (next == taken.end() || place++ != *next)
+            return;
+        ++next;
+        alerts.append(alert.mapped(strings));
+    });
+    return count;
+}
+
+/// Members by workspace, each list in the order in which they came.
+ListCount mapMembers(const WireList<MemberDTO> &list, QMap<QString, QList<Member>> &members, WireStrings &strings)
+{
+    qint64 seen = 0;
+    ListCount count = list.forEach([&](const MemberDTO &member) {
+        if (++seen <= maximumMembers)
+            members[strings.shared(member.workspaceId)].append(member.mapped(strings));
+    });
+    count.beyond = std::max<qint64>(0, seen - maximumMembers);
+    return count;
 }
 
 } // namespace
@@ -32,13 +63,14 @@ DashboardDTO DashboardDTO::read(WireObject object)
 Dashboard DashboardDTO::mapped(WireStrings &strings) const
 {
     Dashboard dashboard;
-    dashboard.workspaces = workspaces.mapped(strings);
-    members.forEach([&dashboard, &strings](const MemberDTO &member) {
-        dashboard.members[strings.shared(member.workspaceId)].append(member.mapped(strings));
-    });
-    dashboard.topics = topics.mapped(strings);
-    dashboard.alerts = alerts.mapped(strings);
-    dashboard.devices = mappedDevices(devices, strings);
+    DashboardCounts &counts = dashboard.counts;
+    counts.workspaces = workspaces.mapTo(dashboard.workspaces, maximumWorkspaces, strings);
+    counts.members = mapMembers(members, dashboard.members, strings);
+    counts.topics = topics.mapTo(dashboard.topics, maximumTopics, strings);
+    counts.alerts = mapAlerts(alerts, dashboard.alerts, strings);
+    // The list of devices may be missing as a whole; one that lacks something is no reason to lose the alerts.
+    if (devices)
+        counts.devices = devices->mapTo<UndecodableRecord>(dashboard.devices, maximumDevices, strings);
     if (settings)
         dashboard.settings = settings->mapped(strings);
     dashboard.plan = planName(plan);

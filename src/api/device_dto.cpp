@@ -5,9 +5,9 @@ namespace pingwell {
 DeviceDTO DeviceDTO::read(WireObject object)
 {
     DeviceDTO dto;
-    dto.id = required(object.string("id"));
-    dto.name = required(object.string("name"));
-    dto.platform = required(object.string("platform"));
+    dto.id = object.requiredIdentifier("id");
+    dto.name = object.requiredString("name");
+    dto.platform = object.requiredString("platform");
     dto.version = object.string("version");
     dto.lastSeen = object.instant("lastSeen");
     return dto;

@@ -1,5 +1,6 @@
 #include "api/endpoints.h"
 
+#include "api/dashboard_bounds.h"
 #include "api/dashboard_dto.h"
 #include "api/invitation_dto.h"
 #include "api/service_call.h"
@@ -178,7 +179,7 @@ QCoro::Task<> deleteTopic(APIClientPtr client, QString workspaceId, QString topi
 
 QCoro::Task<QList<Invitation>> listInvitations(APIClientPtr client)
 {
-    return request(std::move(client), {"GET", u"/invites"_s}, readDataList<InvitationDTO>);
+    return request(std::move(client), {"GET", u"/invites"_s}, readDataList<InvitationDTO, maximumInvitations>);
 }
 
 QCoro::Task<std::optional<QString>> acceptInvitation(APIClientPtr client, QString token)

@@ -5,7 +5,7 @@ namespace pingwell {
 InvitationDTO InvitationDTO::read(WireObject object)
 {
     InvitationDTO dto;
-    dto.token = required(object.string("token"));
+    dto.token = object.requiredIdentifier("token");
     dto.role = object.string("role");
     dto.workspace = object.string("workspace");
     dto.invitedAt = object.instant("invitedAt");

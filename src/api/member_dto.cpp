@@ -5,11 +5,11 @@ namespace pingwell {
 MemberDTO MemberDTO::read(WireObject object)
 {
     MemberDTO dto;
-    dto.id = required(object.string("id"));
-    dto.workspaceId = required(object.string("workspaceId"));
-    dto.email = required(object.string("email"));
-    dto.role = required(object.string("role"));
-    dto.status = required(object.string("status"));
+    dto.id = object.requiredIdentifier("id");
+    dto.workspaceId = object.requiredIdentifier("workspaceId");
+    dto.email = object.requiredString("email");
+    dto.role = object.requiredString("role");
+    dto.status = object.requiredString("status");
     dto.invitedAt = object.instant("invitedAt");
     dto.name = object.string("name");
     dto.isSelf = object.flag("isSelf");

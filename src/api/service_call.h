@@ -31,10 +31,13 @@ Mapped<DTO> readData(WireObject body, WireStrings &strings)
     return required(body.record<DTO>("data")).mapped(strings);
 }
 
-template<typename DTO>
+/// The first `limit` of the records.
+template<typename DTO, qsizetype limit>
 QList<Mapped<DTO>> readDataList(WireObject body, WireStrings &strings)
 {
-    return required(body.list<DTO>("data")).mapped(strings);
+    QList<Mapped<DTO>> records;
+    required(body.list<DTO>("data")).mapTo(records, limit, strings);
+    return records;
 }
 
 /// Of `MessageDataEnvelope`.

@@ -5,9 +5,9 @@ namespace pingwell {
 TopicDTO TopicDTO::read(WireObject object)
 {
     TopicDTO dto;
-    dto.id = required(object.string("id"));
-    dto.workspaceId = required(object.string("workspaceId"));
-    dto.name = required(object.string("name"));
+    dto.id = object.requiredIdentifier("id");
+    dto.workspaceId = object.requiredIdentifier("workspaceId");
+    dto.name = object.requiredIdentifier("name");
     dto.minPriority = object.string("minPriority");
     dto.quietHours = object.flag("quietHours");
     dto.muted = object.flag("muted");

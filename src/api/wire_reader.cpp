@@ -2,6 +2,7 @@
 
 #include "api/wire_repair.h"
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 
@@ -9,8 +10,29 @@ namespace pingwell {
 
 namespace {
 
+/// A body may have so many values, and one more for every so many bytes. An alert takes ten bytes a value.
+constexpr qsizetype fewValues = 1'000'000;
+constexpr qsizetype fewestBytesPerValue = 10;
+
 /// Longer texts hardly repeat.
 constexpr std::size_t longestSharedText = 64;
+
+/// Whether there are more values in the body than the parser may be given. It takes up to 24 bytes for each, however
+/// short the value is: a body of nothing but digits and commas would cost twelve times its size. Every value but the
+/// first follows one of these characters; some of them stand in texts and count for nothing.
+bool isTooDense(const QByteArray &json)
+{
+    const qsizetype most = fewValues + json.size() / fewestBytesPerValue;
+    return json.size() > most && std::count_if(json.begin(), json.end(), [](char c) {
+                                     return c == ',' || c == ':' || c == '[' || c == '{';
+                                 }) > most;
+}
+
+bool isRepairable(simdjson::error_code error)
+{
+    return error == simdjson::NUMBER_ERROR || error == simdjson::STRING_ERROR || error == simdjson::UTF8_ERROR ||
+           error == simdjson::UNESCAPED_CHARS;
+}
 
 bool hasPadding(QByteArray &json)
 {
@@ -19,15 +41,6 @@ bool hasPadding(QByteArray &json)
 }
 
 } // namespace
-
-std::optional<WireTexts> WireTexts::of(simdjson::dom::array array)
-{
-    for (const simdjson::dom::element element : array) {
-        if (!element.is_string())
-            return std::nullopt;
-    }
-    return WireTexts(array);
-}
 
 std::optional<std::string_view> WireObject::string(std::string_view key)
 {
@@ -68,9 +81,39 @@ std::optional<Instant> WireObject::instant(std::string_view key)
     double milliseconds = 0;
     if (!element || element->get(milliseconds) != simdjson::SUCCESS)
         return std::nullopt;
-    if (std::abs(milliseconds) > maximumInstantMilliseconds)
-        return std::nullopt;
-    return instantFromMilliseconds(milliseconds);
+    return instantFromMilliseconds(std::clamp(milliseconds, -maximumInstantMilliseconds, maximumInstantMilliseconds));
+}
+
+std::string_view WireObject::requiredString(std::string_view key)
+{
+    const std::optional<std::string_view> text = string(key);
+    if (!text)
+        refuse(key);
+    return *text;
+}
+
+std::string_view WireObject::requiredIdentifier(std::string_view key)
+{
+    const std::string_view identifier = requiredString(key);
+    if (identifier.size() > maximumIdentifierBytes)
+        throw UnfitRecord();
+    return identifier;
+}
+
+Instant WireObject::requiredInstant(std::string_view key)
+{
+    const std::optional<Instant> found = instant(key);
+    if (!found)
+        refuse(key);
+    return *found;
+}
+
+void WireObject::refuse(std::string_view key)
+{
+    const std::optional<simdjson::dom::element> element = find(key);
+    if (element && !element->is_null())
+        throw UnfitRecord();
+    throw UndecodableRecord();
 }
 
 std::optional<WireTexts> WireObject::texts(std::string_view key)
@@ -78,7 +121,7 @@ std::optional<WireTexts> WireObject::texts(std::string_view key)
     const std::optional<simdjson::dom::array> found = array(key);
     if (!found)
         return std::nullopt;
-    return WireTexts::of(*found);
+    return WireTexts(*found);
 }
 
 std::optional<WireObject> WireObject::object(std::string_view key)
@@ -121,9 +164,11 @@ std::optional<simdjson::dom::element> WireObject::find(std::string_view key)
 
 WireDocument::WireDocument(QByteArray json)
 {
+    if (isTooDense(json))
+        return;
     simdjson::dom::element root;
     simdjson::error_code error = parse(json, root);
-    if (error == simdjson::NUMBER_ERROR || error == simdjson::STRING_ERROR) {
+    if (isRepairable(error)) {
         json = withReadableTokens(json);
         error = parse(json, root);
     }
@@ -166,13 +211,13 @@ std::optional<QString> WireStrings::shared(std::optional<std::string_view> utf8)
     return shared(*utf8);
 }
 
-QStringList WireStrings::sharedList(const std::optional<WireTexts> &texts)
+QStringList WireStrings::sharedList(const WireTexts &texts, qsizetype limit)
 {
-    if (!texts)
-        return {};
     QStringList list;
-    list.reserve(static_cast<qsizetype>(texts->size()));
-    texts->forEach([this, &list](std::string_view text) { list.append(shared(text)); });
+    texts.forEach([&](std::string_view text) {
+        if (list.size() < limit)
+            list.append(shared(text));
+    });
     return list;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "api/list_count.h"
 #include "model/instant.h"
 #include "model/raw_value.h"
 
@@ -19,8 +20,17 @@
 
 namespace pingwell {
 
+/// The longest identifier of a record, in bytes. It becomes part of an address and of many names on a screen.
+inline constexpr std::size_t maximumIdentifierBytes = 4096;
+
 /// A record lacks something it can't do without. Never leaves the decoding of one body.
-class UndecodableRecord final : public std::exception
+class UndecodableRecord : public std::exception
+{
+};
+
+/// A record has everything it can't do without, but something of it is of a kind that no record can have. A list leaves
+/// that one record out.
+class UnfitRecord final : public UndecodableRecord
 {
 };
 
@@ -36,14 +46,14 @@ Value required(std::optional<Value> value)
 template<typename Record>
 class WireList;
 
-/// A list of texts.
+/// A list of texts. An element that is something other than text is left out.
 class WireTexts
 {
 public:
-    /// None when any element is something other than text.
-    static std::optional<WireTexts> of(simdjson::dom::array array);
-
-    [[nodiscard]] std::size_t size() const { return m_array.size(); }
+    explicit WireTexts(simdjson::dom::array array)
+        : m_array(array)
+    {
+    }
 
     /// Hands every text to `take`.
     template<typename Take>
@@ -57,11 +67,6 @@ public:
     }
 
 private:
-    explicit WireTexts(simdjson::dom::array array)
-        : m_array(array)
-    {
-    }
-
     simdjson::dom::array m_array;
 };
 
@@ -80,11 +85,17 @@ public:
     std::optional<bool> flag(std::string_view key);
     /// None for a number with a fraction or beyond 64 bits.
     std::optional<std::int64_t> integer(std::string_view key);
-    /// From milliseconds since 1970; none for what is no date.
+    /// From milliseconds since 1970; a number beyond the range of dates is the first or last date.
     std::optional<Instant> instant(std::string_view key);
-    /// None too when any element is something other than text.
     std::optional<WireTexts> texts(std::string_view key);
     std::optional<WireObject> object(std::string_view key);
+
+    // Of what a record can't do without. Each throws `UndecodableRecord` for a key that is absent or null, and
+    // `UnfitRecord` for one that holds something else.
+    std::string_view requiredString(std::string_view key);
+    /// Of at most `maximumIdentifierBytes`.
+    std::string_view requiredIdentifier(std::string_view key);
+    Instant requiredInstant(std::string_view key);
 
     /// None too when the record is not decodable.
     template<typename Record>
@@ -96,6 +107,8 @@ public:
 private:
     std::optional<simdjson::dom::element> find(std::string_view key);
     std::optional<simdjson::dom::array> array(std::string_view key);
+    /// Ends the reading of a record whose required key gives no value.
+    [[noreturn]] void refuse(std::string_view key);
 
     simdjson::dom::object m_object;
     /// Where the next key is expected.
@@ -110,7 +123,8 @@ public:
     WireDocument(const WireDocument &) = delete;
     WireDocument &operator=(const WireDocument &) = delete;
 
-    /// The body as an object; none when it is no JSON (RFC 8259) or another kind of value.
+    /// The body as an object; none when it is no JSON (RFC 8259), another kind of value, or made of so many values that
+    /// reading them would take many times the memory of the body.
     [[nodiscard]] const std::optional<WireObject> &root() const { return m_root; }
 
 private:
@@ -129,8 +143,8 @@ public:
     static std::optional<QString> text(std::optional<std::string_view> utf8);
     QString shared(std::string_view utf8);
     std::optional<QString> shared(std::optional<std::string_view> utf8);
-    /// Empty when missing.
-    QStringList sharedList(const std::optional<WireTexts> &texts);
+    /// The first `limit` of the texts.
+    QStringList sharedList(const WireTexts &texts, qsizetype limit);
 
 private:
     struct Known
@@ -166,25 +180,39 @@ public:
     {
     }
 
-    /// Hands every record to `take`. Throws `UndecodableRecord`.
-    template<typename Take>
-    void forEach(Take take) const
+    /// Hands every record to `take`, leaving out the unfit ones, and counts both. Throws `UndecodableRecord` for one
+    /// that lacks a key; with `LeftOut` given as that type, such a record is left out as well.
+    template<typename LeftOut = UnfitRecord, typename Take>
+    ListCount forEach(Take take) const
     {
+        ListCount count;
         for (const simdjson::dom::element element : m_array) {
-            simdjson::dom::object object;
-            if (element.get(object) != simdjson::SUCCESS)
-                throw UndecodableRecord();
-            take(Record::read(WireObject(object)));
+            ++count.sent;
+            try {
+                simdjson::dom::object object;
+                if (element.get(object) != simdjson::SUCCESS)
+                    throw UnfitRecord();
+                take(Record::read(WireObject(object)));
+            } catch (const LeftOut &) {
+                ++count.unfit;
+            }
         }
+        return count;
     }
 
-    /// The records in the program's own terms. Throws `UndecodableRecord`.
-    [[nodiscard]] auto mapped(WireStrings &strings) const
+    /// The first `limit` records in the program's own terms, added to `records`. Throws as `forEach` does.
+    template<typename LeftOut = UnfitRecord, typename Mapped>
+    ListCount mapTo(QList<Mapped> &records, qsizetype limit, WireStrings &strings) const
     {
-        QList<decltype(std::declval<Record>().mapped(strings))> records;
-        records.reserve(static_cast<qsizetype>(m_array.size()));
-        forEach([&records, &strings](const Record &record) { records.append(record.mapped(strings)); });
-        return records;
+        qsizetype beyond = 0;
+        ListCount count = forEach<LeftOut>([&](const Record &record) {
+            if (records.size() < limit)
+                records.append(record.mapped(strings));
+            else
+                ++beyond;
+        });
+        count.beyond = beyond;
+        return count;
     }
 
 private:

@@ -14,6 +14,8 @@ namespace pingwell {
 namespace {
 
 constexpr qsizetype escapeLength = 6; // \uXXXX
+constexpr qsizetype maximumGrowth = 1024 * 1024;
+constexpr QByteArrayView replacement = "\xEF\xBF\xBD"; // U+FFFD
 
 bool isDigit(char c)
 {
@@ -58,6 +60,47 @@ bool isNumber(QByteArrayView token)
     return at == token.size();
 }
 
+/// How long the UTF-8 sequence is that begins with this byte; 1 where none begins with it.
+qsizetype sequenceLength(char first)
+{
+    const auto byte = static_cast<unsigned char>(first);
+    if (byte >= 0xF0)
+        return 4;
+    if (byte >= 0xE0)
+        return 3;
+    return byte >= 0xC0 ? 2 : 1;
+}
+
+bool isContinuation(char c)
+{
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
+bool isControl(char c)
+{
+    return static_cast<unsigned char>(c) < 0x20;
+}
+
+/// Whether the character stands for itself in a string.
+bool isPlain(char c)
+{
+    return static_cast<unsigned char>(c) < 0x80 && !isControl(c) && c != '"' && c != '\\';
+}
+
+/// A raw control character as it may stand in a string.
+QByteArrayView escaped(char control)
+{
+    switch (control) {
+    case '\n':
+        return "\\n";
+    case '\r':
+        return "\\r";
+    case '\t':
+        return "\\t";
+    }
+    return replacement;
+}
+
 /// The code unit that the escape at the beginning of `text` stands for; none when there is none.
 std::optional<char16_t> escapedUnit(QByteArrayView text)
 {
@@ -75,7 +118,8 @@ class Repair
 {
 public:
     explicit Repair(QByteArrayView json)
-        : m_rest(json)
+        : m_largest(json.size() + maximumGrowth)
+        , m_rest(json)
     {
         m_result.reserve(json.size());
     }
@@ -83,6 +127,8 @@ public:
     QByteArray run()
     {
         while (!m_rest.isEmpty()) {
+            if (m_result.size() > m_largest)
+                return {};
             if (m_inString)
                 takeInString();
             else
@@ -121,10 +167,41 @@ private:
 
     void takeInString()
     {
+        const char first = m_rest.front();
+        if (isPlain(first)) {
+            keep(std::find_if_not(m_rest.begin(), m_rest.end(), isPlain) - m_rest.begin());
+        } else if (isControl(first)) {
+            replace(1, escaped(first));
+        } else if (first == '"') {
+            m_inString = false;
+            keep(1);
+        } else if (first == '\\') {
+            takeEscape();
+        } else {
+            takeSequence();
+        }
+    }
+
+    /// What begins with a byte beyond ASCII.
+    void takeSequence()
+    {
+        qsizetype length = 1;
+        const qsizetype wanted = std::min(sequenceLength(m_rest.front()), m_rest.size());
+        while (length < wanted && isContinuation(m_rest[length]))
+            ++length;
+        if (simdjson::validate_utf8(m_rest.data(), static_cast<std::size_t>(length)))
+            keep(length);
+        else
+            replace(length, replacement);
+    }
+
+    void takeEscape()
+    {
         const std::optional<char16_t> unit = escapedUnit(m_rest);
         if (!unit) {
-            m_inString = !m_rest.startsWith('"');
-            keep(m_rest.startsWith('\\') ? 2 : 1);
+            // Together with the character it escapes, which may be a quotation mark; what needs repair is none.
+            const bool escapes = m_rest.size() > 1 && (isPlain(m_rest[1]) || m_rest[1] == '"' || m_rest[1] == '\\');
+            keep(escapes ? 2 : 1);
             return;
         }
         if (!QChar::isSurrogate(*unit)) {
@@ -145,6 +222,7 @@ private:
     }
 
     simdjson::dom::parser m_parser;
+    qsizetype m_largest;
     QByteArrayView m_rest;
     QByteArray m_result;
     bool m_inString = false;

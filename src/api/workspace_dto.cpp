@@ -1,14 +1,16 @@
 #include "api/workspace_dto.h"
 
+#include "api/dashboard_bounds.h"
+
 namespace pingwell {
 
 WorkspaceDTO WorkspaceDTO::read(WireObject object)
 {
     WorkspaceDTO dto;
-    dto.id = required(object.string("id"));
-    dto.name = required(object.string("name"));
-    dto.kind = required(object.string("kind"));
-    dto.role = required(object.string("role"));
+    dto.id = object.requiredIdentifier("id");
+    dto.name = object.requiredString("name");
+    dto.kind = object.requiredString("kind");
+    dto.role = object.requiredString("role");
     dto.responseTimeoutMinutes = object.integer("responseTimeoutMinutes");
     dto.timeoutAction = object.string("timeoutAction");
     return dto;
@@ -37,7 +39,7 @@ CreatedWorkspace CreatedWorkspaceDTO::mapped(WireStrings &strings) const
 {
     CreatedWorkspace created;
     created.workspace = workspace.mapped(strings);
-    created.members = members.mapped(strings);
+    members.mapTo(created.members, maximumMembers, strings);
     return created;
 }
 

@@ -16,6 +16,9 @@ namespace pingwell {
 /// The longest answer and the longest reply draft, in UTF-16 code units.
 inline constexpr qsizetype maximumAnswerLength = 1000;
 
+/// The most choices of one ask that are kept.
+inline constexpr qsizetype maximumKeptChoices = 100;
+
 /// One alert posted by an agent: a notice, or a question that waits for the person's answer.
 struct Alert
 {
@@ -27,8 +30,10 @@ struct Alert
     QString topic;
     Priority priority = Priority::normal;
     AlertKind kind = AlertKind::notify;
-    /// The choices an ask offers; empty for notices and for asks answered by text.
+    /// The choices an ask offers, at most `maximumKeptChoices`; empty for notices and for asks answered by text.
     QStringList actions;
+    /// How many choices it offers beyond those.
+    qsizetype furtherChoices = 0;
     AnswerType answerType = AnswerType::choice;
     std::optional<QString> placeholder;
     std::optional<QString> answer;

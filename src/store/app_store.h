@@ -48,6 +48,8 @@ class AppStore : public QObject
     Q_PROPERTY(bool hasLoaded READ hasLoaded NOTIFY hasLoadedChanged)
     Q_PROPERTY(bool hasWorkspaces READ hasWorkspaces NOTIFY workspacesChanged)
     Q_PROPERTY(QString connectionProblem READ connectionProblemText NOTIFY connectionProblemChanged)
+    /// What of the service's records can't be shown, in words; empty when all can.
+    Q_PROPERTY(QString leftOut READ leftOut NOTIFY leftOutChanged)
     Q_PROPERTY(QString serverLabel READ serverLabel NOTIFY serverChanged)
     Q_PROPERTY(bool focusMode READ focusMode WRITE setFocusMode NOTIFY focusModeChanged)
     Q_PROPERTY(QString activeWorkspaceID READ activeWorkspaceID NOTIFY activeWorkspaceIDChanged)
@@ -99,6 +101,7 @@ public:
     [[nodiscard]] bool isSigningIn() const { return m_isSigningIn; }
     [[nodiscard]] const std::optional<QString> &signInError() const { return m_signInError; }
     [[nodiscard]] const std::optional<QString> &connectionProblem() const { return m_connectionProblem; }
+    [[nodiscard]] const QString &leftOut() const { return m_leftOut; }
     [[nodiscard]] const std::optional<Instant> &lastSyncedAt() const { return m_lastSyncedAt; }
     [[nodiscard]] const QList<AuthProvider> &availableProviders() const { return m_availableProviders; }
     [[nodiscard]] const std::optional<Toast> &toast() const { return m_toast; }
@@ -262,6 +265,7 @@ signals:
     void isSigningInChanged();
     void signInErrorChanged();
     void connectionProblemChanged();
+    void leftOutChanged();
     void lastSyncedAtChanged();
     void availableProvidersChanged();
     void toastChanged();
@@ -394,6 +398,7 @@ private:
     bool m_isSigningIn = false;
     std::optional<QString> m_signInError;
     std::optional<QString> m_connectionProblem;
+    QString m_leftOut;
     std::optional<Instant> m_lastSyncedAt;
     QList<AuthProvider> m_availableProviders{AuthProvider::google, AuthProvider::github};
     std::optional<Toast> m_toast;

@@ -1,6 +1,7 @@
 #include "store/app_store.h"
 
 #include "async/background.h"
+#include "store/left_out_text.h"
 #include "store/notification_choice.h"
 #include "store/preference_keys.h"
 
@@ -81,6 +82,7 @@ void AppStore::MergeSteps::merge(AppStore &store, Dashboard dashboard)
         store.clearSelectionAndFilter();
     leaveVanishedTopic(store);
     takePlan(store, dashboard.plan);
+    store.set(store.m_leftOut, leftOutText(dashboard.counts), &AppStore::leftOutChanged);
     destroyInBackground(std::move(dashboard.alerts));
 }
 

@@ -193,6 +193,7 @@ void AppStore::SessionSteps::reset(AppStore &store)
     store.set(store.m_hasLoaded, store.m_backend == nullptr, &AppStore::hasLoadedChanged);
     store.set(store.m_isSigningIn, false, &AppStore::isSigningInChanged);
     store.set(store.m_connectionProblem, std::optional<QString>(), &AppStore::connectionProblemChanged);
+    store.set(store.m_leftOut, QString(), &AppStore::leftOutChanged);
     store.set(store.m_lastSyncedAt, std::optional<Instant>(), &AppStore::lastSyncedAtChanged);
     store.set(store.m_section, SidebarSection::inbox, &AppStore::sectionChanged);
     store.set(store.m_isCreatingWorkspace, false, &AppStore::isCreatingWorkspaceChanged);

@@ -1,5 +1,6 @@
 #include "store/answer_rules.h"
 #include "store/invite_rules.h"
+#include "store/left_out_text.h"
 #include "store/outcome_text.h"
 #include "store/preference_keys.h"
 #include "store/service_clock.h"
@@ -112,6 +113,19 @@ private slots:
             QVERIFY(std::abs((service.now(clock) - before).count() - 5) <= 10);
         service.forget();
         QCOMPARE(service.now(clock), clock.now());
+    }
+
+    void leftOutTexts()
+    {
+        DashboardCounts counts;
+        counts.alerts = {.sent = 12'000, .unfit = 0, .beyond = 2'000};
+        QCOMPARE(leftOutText({}), QString());
+        QCOMPARE(leftOutText(counts),
+                 u"The server sent more than this app can show. Not shown: 2,000 of 12,000 alerts."_s);
+        counts.alerts.unfit = 1;
+        counts.devices = {.sent = 3, .unfit = 3, .beyond = 0};
+        QVERIFY(leftOutText(counts).endsWith(u" alerts. The server sent something this app doesn't understand. "
+                                             "Not shown: 1 of 12,000 alerts, 3 of 3 devices."_s));
     }
 
     void addresses_data()

@@ -186,6 +186,25 @@ private slots:
         }
     }
 
+    void whatIsLeftOutIsTold()
+    {
+        m->startWith(withAlerts({alertJSON(a1, 60), 5}));
+        QCOMPARE(store().leftOut(),
+                 u"The server sent something this app doesn't understand. Not shown: 1 of 2 alerts."_s);
+        m->refreshWith(withAlerts({alertJSON(a1, 60)}));
+        QCOMPARE(store().leftOut(), QString());
+    }
+
+    void reconnectingAsksOverNewConnections()
+    {
+        m->startWith(withAlerts({}));
+        m->transport->plan("GET", "/dashboard", ScriptedAnswer::data(withAlerts({alertJSON(a1, 60)}).body()));
+        store().reconnect();
+        QCOMPARE(m->transport->dropCount(), 1);
+        m->settle();
+        QCOMPARE(store().alerts().size(), 1);
+    }
+
     void whatIsNewIsAnnouncedOnce()
     {
         const auto isAt = [this](double secondsAgo) {
