@@ -57,8 +57,9 @@ std::variant<HTTPResponse, APIError> unpacked(const HTTPResponse &response, qint
     if (response.body.isEmpty() || !isPacked(response.contentEncoding))
         return response;
     const qint64 allowed = std::min(limit, freelyUnpackedBytes + unpackedBytesPerByte * response.body.size());
-    HTTPResponse plain;
-    plain.status = response.status;
+    HTTPResponse plain = response;
+    plain.body.clear();
+    plain.contentEncoding.clear();
     Inflation inflation(response.body);
     while (inflation.goesOn()) {
         inflation.step(plain.body);
