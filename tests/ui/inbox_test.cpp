@@ -84,11 +84,12 @@ private slots:
         answered.answer = u"Hold"_s;
         Alert late = waiting;
         late.expiresAt = late.at + Seconds(300);
-        QTest::newRow("notice") << notice << u"All checks passed."_s << u""_s;
-        QTest::newRow("waiting") << waiting << u"Needs reply | Expires in —"_s
+        QTest::newRow("notice") << notice << u"20m | %1 | All checks passed."_s << u""_s;
+        QTest::newRow("waiting") << waiting << u"20m | %1 | Needs reply | Expires in —"_s
                                  << u"Deploy bot is waiting for your reply | Expires in — | Hold | Approve | "_s;
-        QTest::newRow("answered") << answered << u"✓ You replied “Hold”"_s << u"You replied “Hold” | "_s;
-        QTest::newRow("timed out") << late << u"*TIMED OUT | No reply in 5m — the agent was told nobody answered."_s
+        QTest::newRow("answered") << answered << u"20m | %1 | ✓ You replied “Hold”"_s << u"You replied “Hold” | "_s;
+        QTest::newRow("timed out") << late
+                                   << u"*TIMED OUT | 20m | %1 | No reply in 5m — the agent was told nobody answered."_s
                                    << u"*TIMED OUT | No reply in 5m — the agent was told nobody answered. | "_s;
     }
 
@@ -100,8 +101,7 @@ private slots:
         Screen screen(root, makeSeed({alert}));
         screen.click(u"alert.row.a"_s);
         const QString title = u'*' + alert.title;
-        QCOMPARE(screen.drawn(u"alert.row.a"_s).join(u" | "),
-                 u"blue | Deploy bot | #deploys | 20m | "_s + title + u" | "_s + row);
+        QCOMPARE(screen.drawn(u"alert.row.a"_s).join(u" | "), u"blue | Deploy bot | #deploys | "_s + row.arg(title));
         QCOMPARE(screen.drawn(u"detail"_s).join(u" | "),
                  u"*Normal | "_s + title + u" | All checks passed. | *Deploy bot | #deploys · 20m ago | "_s + detail +
                      u"Mark as read | Delete"_s);
@@ -118,10 +118,7 @@ private slots:
         screen.click(u"alert.row.a"_s);
         QVERIFY(!screen.text(u"detail.body"_s).endsWith(u"The end.") &&
                 screen.drawn(u"detail"_s).contains(u"Show all"));
-        QList<QQuickItem *> parts{screen.find(u"detail"_s)};
-        while (parts.first()->property("label") != u"Show all"_s)
-            parts = parts.first()->childItems() + parts.sliced(1);
-        QTest::mouseClick(&screen.view(), Qt::LeftButton, {}, parts.first()->mapToScene({5, 5}).toPoint());
+        screen.click(u"detail.showAll"_s);
         QVERIFY(screen.text(u"detail.body"_s).endsWith(u"The end."));
         QVERIFY(!screen.drawn(u"detail"_s).contains(u"Show all"));
     }
@@ -133,9 +130,9 @@ private slots:
         Screen screen(root, *live.store);
         QCOMPARE(screen.drawn(u"sidebar.team"_s).join(u' '), u"Team *2"_s);
         QCOMPARE(screen.drawn(u"sidebar.topics"_s).join(u' '), u"Topics"_s);
-        QCOMPARE(screen.drawn(u"sidebar.account"_s).last(2).join(u": "), u"orange: Pingwell Cloud"_s);
+        QCOMPARE(screen.drawn(u"sidebar.account"_s).last(3).join(u": "), u"orange: Pingwell Cloud: pingwell.test"_s);
         live.refreshWith(DashboardJSON());
-        QCOMPARE(screen.drawn(u"sidebar.account"_s).last(2).join(u": "), u"green: Pingwell Cloud"_s);
+        QCOMPARE(screen.drawn(u"sidebar.account"_s).last(3).join(u": "), u"green: Pingwell Cloud: pingwell.test"_s);
     }
 
     void chipsNarrowTheList()
@@ -252,12 +249,11 @@ private slots:
         QVERIFY(!screen.focused().isEmpty());
     }
 
-    void detailTellsAllAndTheRowWhatDiffers()
+    void detailTellsAll()
     {
         const QString lines = u"Because\n\nthe replica lags.\n"_s;
         Alert answered = makeTextAsk(u"a1"_s, lines.repeated(20) + u"Title."_s, 5);
         answered.answer = lines.repeated(30) + u"Answer."_s;
-        answered.body = u"word "_s.repeated(1800) + u"End."_s;
         Alert late = makeChoice(u"a2"_s, u"Scale?"_s, 20);
         late.expiresAt = dayEnd - Seconds(300);
         late.outcome = u"default"_s;
@@ -274,10 +270,6 @@ private slots:
         QCOMPARE(screen.name(u"detail.title"_s), answered.title);
         QCOMPARE(screen.name(u"detail.answered"_s), u"You replied “%1”"_s.arg(*answered.answer));
         QVERIFY(screen.find(u"detail.answered"_s)->height() > 90 * 13);
-        QVERIFY(!screen.text(u"detail.body"_s).endsWith(u"End."_s));
-        screen.find(u"detail.showAll"_s)->forceActiveFocus();
-        screen.press(Qt::Key_Return);
-        QVERIFY(screen.text(u"detail.body"_s).endsWith(u"End."_s) && !screen.shows(u"detail.showAll"_s));
         QVERIFY(screen.name(u"alert.row.a1"_s).size() < 800);
         open(u"a2"_s);
         const QString sentence = screen.store().outcomeText(late);
@@ -285,12 +277,6 @@ private slots:
         QVERIFY(!screen.shows(u"detail.showAll"_s));
         open(u"a3"_s);
         QCOMPARE(screen.name(u"detail.answered"_s), u"You replied “Choice 2”"_s);
-        const QQuickItem *const said =
-            screen.textIn(u"alert.row.a2"_s, u"No reply in 15m — the agent continued with"_s);
-        const QQuickItem *const mark = screen.textIn(u"alert.row.a2"_s, u"TIMED OUT"_s);
-        QVERIFY(said && mark);
-        QVERIFY(mark->mapToScene({0, mark->height()}).y() < said->mapToScene({}).y());
-        QVERIFY(!screen.textIn(u"alert.row.a1"_s, u"TIMED OUT"_s));
     }
 
     void rowKeepsItsMeasures()

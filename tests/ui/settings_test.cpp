@@ -75,7 +75,7 @@ private slots:
         QCOMPARE(screen.drawn(u"settings.scroll"_s).join(u" | "),
                  u"*Settings"
                  " | *Account | Name | Ada | Email | ada@x.test | Signed in with | GitHub | Plan | Pro"
-                 " | *Server | Connected to | Pingwell Cloud | Last updated | just now"
+                 " | *Server | Connected to | Pingwell Cloud | Address | pingwell.test | Last updated | just now"
                  " | To switch servers, sign out and pick another one on the sign-in screen."
                  " | *Response time | Workspace | Workspace w1 | Max response time | 30 minutes"
                  " | When time runs out | Expire | The agent is told nobody answered and decides what to do."

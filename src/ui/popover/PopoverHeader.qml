@@ -16,18 +16,6 @@ Item {
         store: root.store
     }
 
-    PlainText {
-        objectName: "popover.server"
-        x: words.x + name.width + Theme.gap2
-        y: words.y + name.baselineOffset - baselineOffset
-        width: focusSwitch.x - Theme.gap3 - x
-        visible: root.store.isSignedIn && inUse.host.length > 0
-        elide: Text.ElideMiddle
-        text: inUse.host
-        size: Theme.sizeSmall
-        color: Theme.textSecondary
-    }
-
     Column {
         id: words
 
@@ -60,6 +48,18 @@ Item {
                 color: Theme.textSecondary
             }
         }
+    }
+
+    PlainText {
+        objectName: "popover.server"
+        x: words.x + name.width + Theme.gap2
+        y: words.y + name.baselineOffset - baselineOffset
+        width: focusSwitch.x - Theme.gap3 - x
+        visible: root.store.isSignedIn && inUse.host.length > 0
+        elide: Text.ElideMiddle
+        text: inUse.host
+        size: Theme.sizeSmall
+        color: Theme.textSecondary
     }
 
     ToggleSwitch {
