@@ -48,6 +48,7 @@ std::shared_ptr<Backend> makeBackend(const LaunchOptions &options, const StorePa
     if (!parts.version.isEmpty())
         backend->appVersion = parts.version;
     backend->authenticate = parts.authenticate;
+    backend->nextCallback = parts.nextCallback;
     backend->cancelAuthentication = parts.cancelAuthentication;
     return backend;
 }

@@ -2,6 +2,7 @@
 
 #include <QStringDecoder>
 
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -14,6 +15,7 @@ namespace {
 
 constexpr auto longestWaitAtLoad = 500ms;
 constexpr auto longestWaitAtExit = 2s;
+constexpr auto longestRetryInterval = 10min;
 
 /// The text of a stored token; none for an empty one and for bytes that are not UTF-8.
 std::optional<QString> tokenFrom(const QByteArray &data)
@@ -37,11 +39,13 @@ bool isOutOfReach(KeychainStatus status)
 class KeychainTokenStore::Worker
 {
 public:
-    Worker(KeychainTokenStore *store, std::shared_ptr<Keychain> keychain, QString service, QString account)
+    Worker(KeychainTokenStore *store, std::shared_ptr<Keychain> keychain, QString service, QString account,
+           std::chrono::milliseconds retryInterval)
         : m_store(store)
         , m_keychain(std::move(keychain))
         , m_service(std::move(service))
         , m_account(std::move(account))
+        , m_retryInterval(retryInterval)
     {
     }
 
@@ -59,8 +63,14 @@ private:
 
     void lookUp();
     KeychainStatus readToken();
+    /// Waits for something to write; false when the thread is to end.
+    bool waitForWork(std::unique_lock<std::mutex> &lock);
+    /// The first attempt to write a change; a locked keychain is opened by the person.
     void write(const std::optional<QString> &token, quint64 revision);
+    /// A later one, without asking.
+    void writeAgain(const std::optional<QString> &token, quint64 revision);
     KeychainStatus tryWrite(const std::optional<QString> &token);
+    void noteOutcome(KeychainStatus status, quint64 revision);
     void post(Callback callback, quint64 revision);
 
     std::mutex m_mutex;
@@ -75,12 +85,15 @@ private:
     bool m_missed = false;
     bool m_stopping = false;
     bool m_finished = false;
+    // Until the next attempt to write what the keychain did not take; none when it holds what was kept last.
+    std::optional<std::chrono::milliseconds> m_retryWait;
     std::optional<std::chrono::steady_clock::time_point> m_loadDeadline;
 
     // Set once, or safe by themselves.
     const std::shared_ptr<Keychain> m_keychain;
     const QString m_service;
     const QString m_account;
+    const std::chrono::milliseconds m_retryInterval;
     std::stop_source m_lookUpStop;
     std::stop_source m_exitStop;
 };
@@ -123,20 +136,31 @@ void KeychainTokenStore::Worker::run()
 {
     lookUp();
     std::unique_lock lock(m_mutex);
-    for (;;) {
-        m_changed.wait(lock, [this] { return m_stopping || m_revision > m_writtenRevision; });
-        if (m_revision == m_writtenRevision)
-            break;
+    while (waitForWork(lock)) {
         // Only the latest counts: a token saved and cleared meanwhile need not touch the keychain in between.
         const std::optional<QString> token = m_token;
         const quint64 revision = m_revision;
+        const bool isNew = revision != m_writtenRevision;
         lock.unlock();
-        write(token, revision);
+        if (isNew)
+            write(token, revision);
+        else
+            writeAgain(token, revision);
         lock.lock();
         m_writtenRevision = revision;
     }
     m_finished = true;
     m_changed.notify_all();
+}
+
+bool KeychainTokenStore::Worker::waitForWork(std::unique_lock<std::mutex> &lock)
+{
+    const auto isDue = [this] { return m_stopping || m_revision > m_writtenRevision; };
+    if (m_retryWait)
+        m_changed.wait_for(lock, *m_retryWait, isDue);
+    else
+        m_changed.wait(lock, isDue);
+    return m_revision > m_writtenRevision || !m_stopping;
 }
 
 void KeychainTokenStore::Worker::lookUp()
@@ -177,8 +201,30 @@ void KeychainTokenStore::Worker::write(const std::optional<QString> &token, quin
             status = tryWrite(token);
     }
     const std::lock_guard lock(m_mutex);
-    if (token && status != KeychainStatus::success)
-        post(&TokenStore::onNotKept, revision);
+    m_retryWait.reset();
+    noteOutcome(status, revision);
+    if (isOutOfReach(status))
+        post(token ? &TokenStore::onNotKept : &TokenStore::onNotCleared, revision);
+}
+
+void KeychainTokenStore::Worker::writeAgain(const std::optional<QString> &token, quint64 revision)
+{
+    const KeychainStatus status = tryWrite(token);
+    const std::lock_guard lock(m_mutex);
+    noteOutcome(status, revision);
+}
+
+/// Decides when the change is tried again, if ever. The mutex is held.
+void KeychainTokenStore::Worker::noteOutcome(KeychainStatus status, quint64 revision)
+{
+    if (!isOutOfReach(status)) {
+        m_retryWait.reset();
+        post(&TokenStore::onWritten, revision);
+    } else if (status == KeychainStatus::locked || !m_retryWait) {
+        m_retryWait = m_retryInterval;
+    } else {
+        m_retryWait = std::min<std::chrono::milliseconds>(2 * *m_retryWait, longestRetryInterval);
+    }
 }
 
 KeychainStatus KeychainTokenStore::Worker::tryWrite(const std::optional<QString> &token)
@@ -207,8 +253,8 @@ void KeychainTokenStore::Worker::post(Callback callback, quint64 revision)
 }
 
 KeychainTokenStore::KeychainTokenStore(std::shared_ptr<Keychain> keychain, const QString &service,
-                                       const QString &account)
-    : m_worker(std::make_shared<Worker>(this, std::move(keychain), service, account))
+                                       const QString &account, std::chrono::milliseconds retryInterval)
+    : m_worker(std::make_shared<Worker>(this, std::move(keychain), service, account, retryInterval))
     , m_thread([worker = m_worker] { worker->run(); })
 {
 }

@@ -5,6 +5,7 @@
 
 #include <QObject>
 
+#include <chrono>
 #include <memory>
 #include <thread>
 
@@ -15,8 +16,11 @@ namespace pingwell {
 class KeychainTokenStore final : public TokenStore
 {
 public:
-    /// Starts looking the token up at once, so that the keychain answers while the program starts.
-    KeychainTokenStore(std::shared_ptr<Keychain> keychain, const QString &service, const QString &account);
+    /// Starts looking the token up at once, so that the keychain answers while the program starts. What a locked
+    /// keychain did not take is tried again every `retryInterval`, without asking the person again; an unavailable one
+    /// is tried ever more rarely.
+    KeychainTokenStore(std::shared_ptr<Keychain> keychain, const QString &service, const QString &account,
+                       std::chrono::milliseconds retryInterval = std::chrono::seconds(30));
     /// Waits at most 2 s for what is still to be written; a keychain that hangs longer is left behind.
     ~KeychainTokenStore() override;
     Q_DISABLE_COPY_MOVE(KeychainTokenStore)

@@ -8,8 +8,9 @@
 
 namespace pingwell {
 
-/// Keeps the session's bearer token. Its operations report no failure: a token that can't be read means signed out, one
-/// that can't be written is kept for this run. Main thread; none of them waits for the person.
+/// Keeps the session's bearer token. Its operations report no failure to their caller: a token that can't be read means
+/// signed out, one that can't be written is kept for this run, one that can't be cleared is none in this run. What
+/// became of a change is told through the functions below. Main thread; none of the operations waits for the person.
 class TokenStore
 {
 public:
@@ -24,6 +25,11 @@ public:
     std::function<void()> onBecameReadable;
     /// Called on the main thread when a saved token will be forgotten at exit.
     std::function<void()> onNotKept;
+    /// Called on the main thread when a cleared token is still where it was kept. Clearing is tried again until it
+    /// succeeds or the program ends.
+    std::function<void()> onNotCleared;
+    /// Called on the main thread when what was last saved or cleared will be found so by the next run.
+    std::function<void()> onWritten;
 };
 
 /// Keeps the token in memory only: for tests, and for a session handed in from outside.
@@ -36,10 +42,17 @@ public:
     }
 
     [[nodiscard]] std::optional<QString> load() override { return m_token; }
-    void save(const QString &token) override { m_token = token; }
-    void clear() override { m_token.reset(); }
+    void save(const QString &token) override { keep(token); }
+    void clear() override { keep(std::nullopt); }
 
 private:
+    void keep(std::optional<QString> token)
+    {
+        m_token = std::move(token);
+        if (onWritten)
+            onWritten();
+    }
+
     std::optional<QString> m_token;
 };
 

@@ -4,13 +4,19 @@
 #include "async/launch.h"
 #include "auth/callback_result.h"
 
+#include <QList>
+
 #include <coroutine>
 #include <optional>
 #include <stop_token>
+#include <utility>
 
 namespace pingwell {
 
 namespace {
+
+// How many redirects may wait while one is looked at; a page that sends more wants to be in the way.
+constexpr qsizetype mostWaiting = 32;
 
 bool isCallback(const QUrl &url, const QString &scheme)
 {
@@ -25,7 +31,7 @@ APIError cannotOpen()
 
 } // namespace
 
-/// One wait for a redirect. Ends once, with the redirect or without.
+/// One sign-in in the browser: the redirects that came and the one who waits for them.
 class WebAuthenticator::Attempt
 {
 public:
@@ -34,20 +40,37 @@ public:
     {
     }
 
-    void finish(std::optional<QUrl> redirect)
+    void deliver(const QUrl &redirect)
     {
-        if (m_finished)
+        const bool isBeingDealtWith = !m_awaiting && redirect == m_taken;
+        if (m_isOver || isBeingDealtWith || m_redirects.contains(redirect) || m_redirects.size() >= mostWaiting)
             return;
-        m_finished = true;
-        m_redirect = std::move(redirect);
-        patience.request_stop();
-        if (m_awaiting)
-            m_awaiting.resume();
+        m_redirects << redirect;
+        wake();
     }
 
-    [[nodiscard]] const std::optional<QUrl> &redirect() const { return m_redirect; }
+    void end()
+    {
+        if (m_isOver)
+            return;
+        m_isOver = true;
+        m_redirects.clear();
+        patience.request_stop();
+        wake();
+    }
 
-    [[nodiscard]] bool await_ready() const { return m_finished; }
+    /// The oldest redirect that nobody took yet; none when the attempt is over.
+    std::optional<QUrl> take()
+    {
+        if (m_redirects.isEmpty())
+            return std::nullopt;
+        m_taken = m_redirects.takeFirst();
+        return m_taken;
+    }
+
+    [[nodiscard]] bool isOver() const { return m_isOver; }
+
+    [[nodiscard]] bool await_ready() const { return m_isOver || !m_redirects.isEmpty(); }
     void await_suspend(std::coroutine_handle<> awaiting) { m_awaiting = awaiting; }
     void await_resume() const {}
 
@@ -55,8 +78,16 @@ public:
     std::stop_source patience;
 
 private:
-    bool m_finished = false;
-    std::optional<QUrl> m_redirect;
+    void wake()
+    {
+        const std::coroutine_handle<> awaiting = std::exchange(m_awaiting, nullptr);
+        if (awaiting)
+            awaiting.resume();
+    }
+
+    bool m_isOver = false;
+    QList<QUrl> m_redirects;
+    QUrl m_taken;
     std::coroutine_handle<> m_awaiting;
 };
 
@@ -96,12 +127,28 @@ QCoro::Task<QUrl> WebAuthenticator::authenticate(QUrl url, QString callbackSchem
         throw cannotOpen();
     }
     launch("sign-in limit", losePatience(attempt, m_clock, attempt->patience.get_token()));
-    Shared<Attempt> redirect{attempt};
-    co_await redirect;
-    // This object may be gone by now; the attempt is not.
-    if (!attempt->redirect())
+    const QUrl redirect = co_await next(attempt);
+    co_return redirect;
+}
+
+QCoro::Task<QUrl> WebAuthenticator::nextCallback()
+{
+    if (!m_attempt)
         throw SignInCancelled();
-    co_return *attempt->redirect();
+    const std::shared_ptr<Attempt> attempt = m_attempt;
+    const QUrl redirect = co_await next(attempt);
+    co_return redirect;
+}
+
+/// The attempt's, not the authenticator's: that may be gone when it resumes.
+QCoro::Task<QUrl> WebAuthenticator::next(std::shared_ptr<Attempt> attempt)
+{
+    Shared<Attempt> redirects{attempt};
+    co_await redirects;
+    const std::optional<QUrl> redirect = attempt->take();
+    if (!redirect)
+        throw SignInCancelled();
+    co_return *redirect;
 }
 
 QCoro::Task<> WebAuthenticator::losePatience(std::weak_ptr<Attempt> attempt, std::shared_ptr<Clock> clock,
@@ -109,22 +156,23 @@ QCoro::Task<> WebAuthenticator::losePatience(std::weak_ptr<Attempt> attempt, std
 {
     co_await clock->sleep(patience, stop);
     if (const auto waiting = attempt.lock())
-        waiting->finish(std::nullopt);
+        waiting->end();
 }
 
-void WebAuthenticator::handleCallback(const QUrl &url)
+bool WebAuthenticator::handleCallback(const QUrl &url)
 {
-    if (!m_attempt || !isCallback(url, m_attempt->scheme))
-        return;
-    const auto attempt = std::exchange(m_attempt, nullptr);
-    attempt->finish(url);
+    const std::shared_ptr<Attempt> attempt = m_attempt;
+    if (!attempt || attempt->isOver() || !isCallback(url, attempt->scheme))
+        return false;
+    attempt->deliver(url);
+    return true;
 }
 
 void WebAuthenticator::cancel()
 {
     const auto attempt = std::exchange(m_attempt, nullptr);
     if (attempt)
-        attempt->finish(std::nullopt);
+        attempt->end();
 }
 
 } // namespace pingwell

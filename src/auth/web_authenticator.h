@@ -21,25 +21,30 @@ public:
 };
 
 /// Signs the person in through the system's browser: opens a page there and waits for its redirect to the program's own
-/// scheme (RFC 8252). A browser tells nobody that its tab was closed, so an attempt also ends by `cancel`, by a new
-/// attempt, or after ten minutes. Main thread.
+/// scheme (RFC 8252). Any page can open such an address, so a redirect does not end an attempt: who made it decides
+/// whether it was the right one, and ends it by `cancel` or asks for the next. A browser tells nobody that its tab was
+/// closed, so an attempt also ends by a new one, or after ten minutes. Main thread.
 class WebAuthenticator
 {
 public:
-    /// How long an attempt waits for its redirect.
+    /// How long an attempt lasts.
     static constexpr std::chrono::minutes patience{10};
 
     /// `openURL` hands a page to the browser and says whether one took it.
     WebAuthenticator(std::function<bool(const QUrl &)> openURL, std::shared_ptr<Clock> clock);
     ~WebAuthenticator();
 
-    /// Resumes with the redirect. Throws `SignInCancelled` when none comes, and an `APIError` worded for the person
-    /// when no browser could be opened.
+    /// Begins an attempt and resumes with its first redirect. Throws `SignInCancelled` when the attempt ends without
+    /// one, and an `APIError` worded for the person when no browser could be opened.
     QCoro::Task<QUrl> authenticate(QUrl url, QString callbackScheme);
 
-    /// Takes a URL the desktop handed to the program. Anything but the redirect that an attempt waits for is ignored;
-    /// so is the same redirect a second time.
-    void handleCallback(const QUrl &url);
+    /// Resumes with the next redirect of the attempt, which may have come already. Throws `SignInCancelled` when it
+    /// ends, or has ended, without one.
+    QCoro::Task<QUrl> nextCallback();
+
+    /// Takes a URL the desktop handed to the program, and says whether an attempt waits for such a redirect. Any other
+    /// URL is ignored; so is a redirect that was delivered twice.
+    bool handleCallback(const QUrl &url);
 
     /// Ends the attempt under way, if any.
     void cancel();
@@ -47,6 +52,7 @@ public:
 private:
     class Attempt;
 
+    static QCoro::Task<QUrl> next(std::shared_ptr<Attempt> attempt);
     static QCoro::Task<> losePatience(std::weak_ptr<Attempt> attempt, std::shared_ptr<Clock> clock,
                                       std::stop_token stop);
 

@@ -42,7 +42,7 @@ AppStore::AppStore(SeedData seed, bool signedIn, std::shared_ptr<Preferences> de
         StartSteps::restoreServerChoice(*this);
     if (m_backend) {
         check(m_backend->heartbeatEvery != 0 && m_backend->invitesEvery != 0, "a poll count of the backend is zero");
-        watchTokenStore();
+        openStoredSession();
         restoreSession();
     } else {
         StartSteps::restoreDemoAccount(*this, signedIn);
@@ -55,10 +55,7 @@ AppStore::~AppStore()
     m_syncTask.request_stop();
     m_toastTask.request_stop();
     m_providersTask.request_stop();
-    if (m_backend && m_backend->tokenStore) {
-        m_backend->tokenStore->onBecameReadable = nullptr;
-        m_backend->tokenStore->onNotKept = nullptr;
-    }
+    m_signInTask.request_stop();
 }
 
 void AppStore::checkMainThread() const

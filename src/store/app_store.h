@@ -12,8 +12,10 @@
 #include "store/backend.h"
 #include "store/mutation_count.h"
 #include "store/notification_mark.h"
+#include "store/refused_session.h"
 #include "store/seed_data.h"
 #include "store/service_clock.h"
+#include "store/stored_session.h"
 #include "store/unfinished_work.h"
 #include "store/unread_overrides.h"
 #include "store/waiting_asks.h"
@@ -218,7 +220,7 @@ public:
     [[nodiscard]] std::optional<QUrl> effectiveBaseURL() const;
     /// Signs in through the browser with that provider, by its raw word; in the demo at once.
     Q_INVOKABLE void signIn(const QString &provider);
-    /// Ends a sign-in under way as a closed browser would: without a message.
+    /// Ends a sign-in under way as a closed browser would: without a message. What the browser brings later is ignored.
     Q_INVOKABLE void cancelSignIn();
     /// Asks the chosen server which providers it offers.
     Q_INVOKABLE void refreshProviders();
@@ -303,6 +305,7 @@ private:
     struct LaneSteps;
     struct SessionSteps;
     struct SignInSteps;
+    struct ProviderSteps;
     struct SyncSteps;
     struct MergeSteps;
 
@@ -363,11 +366,19 @@ private:
     void tellFailure(const APIError &error);
     /// Shows a notification of the program's own, unless a window with the focus can tell the person.
     void notifyUnlessWatching(const QString &identifier, const QString &title, const QString &message) const;
-    void watchTokenStore();
+    void openStoredSession();
     void restoreSession();
     /// Takes up a session that the keyring gave out late, unless there is one by now or is going to be.
     void restoreLateSession();
     void saveAccount(const Account &account);
+    /// Ends the session because the service refused it, in these words, and tells the person wherever they are. What
+    /// they typed is kept until somebody signs in.
+    void endRefusedSession(const QString &message);
+    /// An answer given in the session of `client` failed; where that session has ended with it or before, it is told.
+    void noteUnsentAnswer(const APIClientPtr &client, const Alert &alert, const QString &text, const APIError &error);
+    void tellRefusedSession();
+    /// Ends the sign-in under way, also one that waits unseen for the browser to come back once more.
+    void closeSignIn();
     void refreshProvidersSoon();
     void takeAccount(const Account &account);
     void applyDashboard(FetchedDashboard fetched);
@@ -414,7 +425,11 @@ private:
     std::stop_source m_syncTask{std::nostopstate};
     std::stop_source m_toastTask{std::nostopstate};
     std::stop_source m_providersTask{std::nostopstate};
+    std::stop_source m_signInTask{std::nostopstate};
     QUrl m_signInPage;
+    /// None in the demo.
+    std::unique_ptr<StoredSession> m_session;
+    RefusedSession m_refusedSession;
     MutationCount m_mutations;
     UnfinishedWork m_unfinishedWork{[this] { emit workEnded(); }};
     /// The things whose changes are being told, by name.

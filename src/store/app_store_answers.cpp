@@ -6,22 +6,14 @@
 
 namespace pingwell {
 
-namespace {
-
-/// The answer call, for its success or failure alone: the next refresh brings the alert as the service holds it.
-QCoro::Task<> sendAnswer(APIClientPtr client, QString workspaceID, QString alertID, QString answer)
-{
-    co_await endpoints::answerAlert(client, workspaceID, alertID, answer);
-}
-
-} // namespace
-
 /// What an answer does to the store.
 struct AppStore::AnswerSteps
 {
     /// Gives the answer. Where that may not be done nothing has happened, and the reason is returned.
     static std::optional<AnswerRefusal> submit(AppStore &store, const QString &alertID, const QString &text);
     static void keepDraft(AppStore &store, const QString &alertID, const QString &text);
+    /// Sends the answer, and notes it as unsent when that fails.
+    static QCoro::Task<> send(QPointer<AppStore> store, APIClientPtr client, Alert alert, QString answer);
     /// The service refused, or can't be reached; the answer given to `before` has been undone.
     static void refused(AppStore &store, const Alert &before, const QString &message);
     static void tellRefusal(AppStore &store, const Alert &alert, const AnswerRefusal &refusal);
@@ -93,8 +85,8 @@ std::optional<AnswerRefusal> AppStore::AnswerSteps::submit(AppStore &store, cons
             if (before.acceptsText())
                 keepDraft(owner, before.id, sent);
         },
-        [workspaceID = alert->workspaceId, alertID, sent = *answered.answer](APIClientPtr client) {
-            return sendAnswer(client, workspaceID, alertID, sent);
+        [owner = QPointer<AppStore>(&store), before = *alert, sent = *answered.answer](APIClientPtr client) {
+            return send(owner, client, before, sent);
         },
         [before = *alert](AppStore &owner, const QString &message) { refused(owner, before, message); });
     return std::nullopt;
@@ -127,6 +119,18 @@ void AppStore::endNotifications()
     const QStringList ended = m_waitingAsks.endedIn(m_alerts, m_now);
     if (!ended.isEmpty() && m_backend && m_backend->notifier)
         m_backend->notifier->endAsks(ended);
+}
+
+QCoro::Task<> AppStore::AnswerSteps::send(QPointer<AppStore> store, APIClientPtr client, Alert alert, QString answer)
+{
+    try {
+        // For its success or failure alone: the next refresh brings the alert as the service holds it.
+        co_await endpoints::answerAlert(client, alert.workspaceId, alert.id, answer);
+    } catch (const APIError &error) {
+        if (store)
+            store->noteUnsentAnswer(client, alert, answer, error);
+        throw;
+    }
 }
 
 } // namespace pingwell

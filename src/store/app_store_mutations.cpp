@@ -89,7 +89,7 @@ void AppStore::notifyUnlessWatching(const QString &identifier, const QString &ti
 void AppStore::tellFailure(const APIError &error)
 {
     if (error.status() == 401)
-        endSession(error.message());
+        endRefusedSession(error.message());
     else
         showToast(error.message(), true);
 }

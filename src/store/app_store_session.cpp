@@ -2,22 +2,36 @@
 
 #include "api/endpoints.h"
 #include "async/launch.h"
-#include "auth/account_record.h"
 #include "store/preference_keys.h"
 
 namespace pingwell {
 
 namespace {
 
-/// Stands in for an account record that can't be read; the token is still good.
-Account placeholderAccount()
+// Under which the notification of a session's end is shown and taken back.
+const QString sessionNotification = QStringLiteral("pingwell.session");
+const QString keyringNotification = QStringLiteral("pingwell.keyring");
+
+/// Why a token that is there opens no session; none where there is nothing to say.
+std::optional<QString> absenceMessage(const StoredSession::Restored &found)
 {
-    return {.name = QStringLiteral("You"), .email = QString(), .provider = AuthProvider::google, .plan = QString()};
+    using Kind = StoredSession::Restored::Kind;
+    if (found.kind == Kind::unknownServer)
+        return QStringLiteral("Pingwell couldn't read its settings on this computer. Sign in again.");
+    if (found.kind != Kind::anotherServer)
+        return std::nullopt;
+    return QStringLiteral("You were signed in at %1. Sign in again to use %2.")
+        .arg(QUrl(found.tokenOrigin).authority(), found.baseURL.authority());
 }
 
-QString lostServerMessage()
+QString notErasedMessage(bool isRemembered)
 {
-    return QStringLiteral("Pingwell couldn't read its settings on this computer. Sign in again.");
+    if (isRemembered)
+        return QStringLiteral("You're signed out, but the keyring couldn't be opened to remove your sign-in. "
+                              "Pingwell doesn't use it any more and removes it once the keyring is open.");
+    return QStringLiteral(
+        "Your sign-in couldn't be removed from the keyring, and Pingwell couldn't save that you signed "
+        "out. Unlock the keyring before you quit Pingwell, or the next start is signed in again.");
 }
 
 QCoro::Task<> forgetDevice(APIClientPtr client, QString deviceID, [[maybe_unused]] std::shared_ptr<const void> work)
@@ -34,19 +48,24 @@ QCoro::Task<> forgetDevice(APIClientPtr client, QString deviceID, [[maybe_unused
 /// What a session begins and ends with.
 struct AppStore::SessionSteps
 {
-    static QUrl restoredBaseURL(const AppStore &store);
     static void restoreLocalSettings(AppStore &store);
+    static void leave(AppStore &store, const std::optional<QString> &message);
     static void reset(AppStore &store);
 };
 
-void AppStore::watchTokenStore()
+void AppStore::openStoredSession()
 {
-    TokenStore &tokens = *m_backend->tokenStore;
-    tokens.onBecameReadable = [this] { restoreLateSession(); };
-    tokens.onNotKept = [this] {
+    m_session = std::make_unique<StoredSession>(m_backend->tokenStore, m_defaults);
+    m_session->onBecameReadable = [this] { restoreLateSession(); };
+    m_session->onNotKept = [this] {
         showToast(QStringLiteral("Pingwell couldn't save your sign-in in the keyring. "
                                  "You'll have to sign in again after a restart."),
                   true);
+    };
+    m_session->onNotErased = [this] {
+        const QString message = notErasedMessage(m_session->remembersErasing());
+        showToast(message, true);
+        notifyUnlessWatching(keyringNotification, QStringLiteral("Your sign-in is still in the keyring"), message);
     };
 }
 
@@ -62,38 +81,16 @@ std::optional<QUrl> AppStore::effectiveBaseURL() const
 void AppStore::restoreSession()
 {
     SessionSteps::restoreLocalSettings(*this);
-    const auto token = m_backend->tokenStore->load();
-    if (!token || token->isEmpty()) {
-        set(m_account, std::optional<Account>(), &AppStore::accountChanged);
+    const QUrl chosen = effectiveBaseURL().value_or(APIClient::defaultBaseURL());
+    const StoredSession::Restored found = m_session->restore(m_backend->baseURLOverride, chosen);
+    if (found.kind == StoredSession::Restored::Kind::session) {
+        m_client = std::make_shared<const APIClient>(found.baseURL, found.token, m_backend->transport);
+        set(m_account, std::optional(found.account), &AppStore::accountChanged);
         return;
     }
-    if (!m_backend->baseURLOverride && m_defaults && !m_defaults->isWhole()) {
-        // Which server the token belongs to is lost, and no other may see it: not now, and not in the next run.
-        m_backend->tokenStore->clear();
-        set(m_account, std::optional<Account>(), &AppStore::accountChanged);
-        set(m_signInError, std::optional(lostServerMessage()), &AppStore::signInErrorChanged);
-        return;
-    }
-    m_client = std::make_shared<const APIClient>(SessionSteps::restoredBaseURL(*this), token, m_backend->transport);
-    std::optional<Account> account;
-    if (m_defaults) {
-        if (const auto record = m_defaults->data(preference_keys::sessionAccount))
-            account = decodedAccount(*record);
-    }
-    set(m_account, std::optional(account.value_or(placeholderAccount())), &AppStore::accountChanged);
-}
-
-QUrl AppStore::SessionSteps::restoredBaseURL(const AppStore &store)
-{
-    if (store.m_backend->baseURLOverride)
-        return *store.m_backend->baseURLOverride;
-    if (store.m_defaults) {
-        const auto stored = store.m_defaults->string(preference_keys::sessionBaseURL);
-        const QUrl url = stored ? QUrl(*stored, QUrl::StrictMode) : QUrl();
-        if (url.isValid() && !url.host().isEmpty())
-            return url;
-    }
-    return store.effectiveBaseURL().value_or(APIClient::defaultBaseURL());
+    set(m_account, std::optional<Account>(), &AppStore::accountChanged);
+    if (const auto message = absenceMessage(found))
+        set(m_signInError, message, &AppStore::signInErrorChanged);
 }
 
 void AppStore::SessionSteps::restoreLocalSettings(AppStore &store)
@@ -114,24 +111,29 @@ void AppStore::restoreLateSession()
     if (m_client || m_isSigningIn)
         return;
     restoreSession();
+    if (m_client)
+        closeSignIn();
     startSync();
 }
 
 void AppStore::persistSession(const QString &token, const QUrl &baseURL, const Account &account)
 {
     checkMainThread();
-    m_backend->tokenStore->save(token);
-    if (m_defaults)
-        m_defaults->setString(preference_keys::sessionBaseURL, baseURL.toString(QUrl::FullyEncoded));
-    saveAccount(account);
+    m_session->save(token, baseURL, account);
     m_client = std::make_shared<const APIClient>(baseURL, token, m_backend->transport);
     set(m_account, std::optional(account), &AppStore::accountChanged);
+    tellIfForgotten();
+    if (m_refusedSession.hasEnded())
+        withdrawNotifications({sessionNotification});
+    const RefusedSession::Drafts drafts = m_refusedSession.takeDrafts(baseURL, account);
+    for (auto draft = drafts.cbegin(); draft != drafts.cend(); ++draft)
+        setReplyDraft(draft.value(), draft.key());
 }
 
 void AppStore::saveAccount(const Account &account)
 {
-    if (m_defaults)
-        m_defaults->setData(preference_keys::sessionAccount, encodedAccount(account));
+    if (m_session)
+        m_session->saveAccount(account);
 }
 
 void AppStore::signOut()
@@ -152,22 +154,55 @@ void AppStore::signOut()
 void AppStore::endSession(const std::optional<QString> &message)
 {
     checkMainThread();
-    m_syncTask.request_stop();
-    m_syncTask = std::stop_source(std::nostopstate);
-    m_client.reset();
-    if (m_backend) {
-        m_backend->tokenStore->clear();
-        if (m_backend->notifier)
-            m_backend->notifier->removeAll();
-    }
-    if (m_defaults) {
-        m_defaults->remove(preference_keys::sessionAccount);
-        m_defaults->remove(preference_keys::sessionBaseURL);
-        m_defaults->remove(preference_keys::promptDismissed);
-    }
-    SessionSteps::reset(*this);
-    set(m_signInError, message, &AppStore::signInErrorChanged);
-    refreshProviders();
+    if (m_session)
+        m_session->erase();
+    SessionSteps::leave(*this, message);
+}
+
+void AppStore::endRefusedSession(const QString &message)
+{
+    checkMainThread();
+    m_refusedSession.begin(m_client, m_account.value_or(Account()), message, m_replyDrafts);
+    m_session->eraseRefused();
+    SessionSteps::leave(*this, message);
+    tellRefusedSession();
+}
+
+void AppStore::noteUnsentAnswer(const APIClientPtr &client, const Alert &alert, const QString &text,
+                                const APIError &error)
+{
+    const bool endsSession = client == m_client && error.status() == 401;
+    if (!endsSession && !m_refusedSession.isOf(client))
+        return;
+    m_refusedSession.addUnsentAnswer(client, alert.title);
+    // The end that follows tells it, and keeps the text that is back in its field by then.
+    if (endsSession)
+        return;
+    if (alert.acceptsText())
+        m_refusedSession.keepDraft(alert.id, text);
+    tellRefusedSession();
+}
+
+void AppStore::tellRefusedSession()
+{
+    const QString text = m_refusedSession.text();
+    set(m_signInError, std::optional(text), &AppStore::signInErrorChanged);
+    notifyUnlessWatching(sessionNotification, QStringLiteral("You've been signed out"), text);
+}
+
+/// Leaves the session that is over: nothing of it is shown or followed any more.
+void AppStore::SessionSteps::leave(AppStore &store, const std::optional<QString> &message)
+{
+    store.m_syncTask.request_stop();
+    store.m_syncTask = std::stop_source(std::nostopstate);
+    store.m_client.reset();
+    if (store.m_backend && store.m_backend->notifier)
+        store.m_backend->notifier->removeAll();
+    if (store.m_defaults)
+        store.m_defaults->remove(preference_keys::promptDismissed);
+    reset(store);
+    store.set(store.m_signInError, message, &AppStore::signInErrorChanged);
+    store.refreshProviders();
 }
 
 void AppStore::SessionSteps::reset(AppStore &store)

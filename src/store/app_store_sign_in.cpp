@@ -4,19 +4,13 @@
 #include "async/launch.h"
 #include "auth/callback_result.h"
 #include "auth/pkce.h"
+#include "auth/session_secret.h"
 #include "auth/web_authenticator.h"
 #include "store/preference_keys.h"
-
-#include <algorithm>
 
 namespace pingwell {
 
 namespace {
-
-using namespace std::chrono_literals;
-
-/// A pause in typing after which an address counts as typed.
-constexpr auto typingSettles = 400ms;
 
 QString missingAddressMessage()
 {
@@ -28,6 +22,31 @@ QString unfinishedMessage()
     return signInErrorMessage(QString());
 }
 
+/// Why the server's answer to a code opens no session; none when it does.
+std::optional<QString> problemWith(const Session &session)
+{
+    if (!session.token || session.token->isEmpty())
+        return unfinishedMessage();
+    if (!isToken(*session.token))
+        return QStringLiteral("Sign-in didn't finish: the server sent a token that Pingwell can't use.");
+    return std::nullopt;
+}
+
+/// What the browser came back with. Without a callback it won't come back any more; `problem` says why, where there is
+/// something to say.
+struct BrowserReturn
+{
+    std::optional<QUrl> callback = std::nullopt;
+    std::optional<QString> problem = std::nullopt;
+};
+
+/// A session, or why there is none.
+struct ExchangeResult
+{
+    std::optional<Session> session = std::nullopt;
+    std::optional<QString> problem = std::nullopt;
+};
+
 } // namespace
 
 /// What lies between the press of a button and the session.
@@ -38,18 +57,23 @@ struct AppStore::SignInSteps
     {
         APIClientPtr client;
         Backend::Authenticate authenticate;
+        std::function<QCoro::Task<QUrl>()> nextCallback;
         QUrl page;
         QString verifier;
+        std::stop_token stop;
     };
 
     static Attempt prepare(const Backend &backend, const QUrl &baseURL, AuthProvider provider);
-    static void finish(AppStore &store, const QUrl &baseURL, const std::optional<Session> &session,
-                       const std::optional<QString> &problem);
     static void signInToDemo(AppStore &store, AuthProvider provider);
     static QCoro::Task<> runSignIn(QPointer<AppStore> store, Attempt attempt);
-    static QCoro::Task<> settleAndRefreshProviders(QPointer<AppStore> store, std::shared_ptr<Clock> clock,
-                                                   std::stop_token stop);
-    static QCoro::Task<> runRefreshProviders(QPointer<AppStore> store, std::optional<QUrl> baseURL);
+    static QCoro::Task<BrowserReturn> openPage(Attempt attempt);
+    static QCoro::Task<BrowserReturn> awaitAnotherReturn(Attempt attempt);
+    static QCoro::Task<ExchangeResult> exchange(Attempt attempt, QString code);
+    /// Whether a callback that came after an earlier one failed still counts.
+    static bool isWanted(const AppStore &store, const Attempt &attempt);
+    static void resume(AppStore &store);
+    static void rest(AppStore &store, const std::optional<QString> &problem);
+    static void complete(AppStore &store, const QUrl &baseURL, const Session &session);
 };
 
 void AppStore::signIn(const QString &provider)
@@ -67,7 +91,10 @@ void AppStore::signIn(const QString &provider)
         set(m_signInError, std::optional(missingAddressMessage()), &AppStore::signInErrorChanged);
         return;
     }
+    closeSignIn();
+    m_signInTask = std::stop_source();
     SignInSteps::Attempt attempt = SignInSteps::prepare(*m_backend, *baseURL, *known);
+    attempt.stop = m_signInTask.get_token();
     m_signInPage = attempt.page;
     set(m_signInError, std::optional<QString>(), &AppStore::signInErrorChanged);
     set(m_isSigningIn, true, &AppStore::isSigningInChanged);
@@ -84,59 +111,139 @@ AppStore::SignInSteps::Attempt AppStore::SignInSteps::prepare(const Backend &bac
     const auto client = std::make_shared<const APIClient>(baseURL, std::nullopt, backend.transport);
     return {.client = client,
             .authenticate = backend.authenticate,
+            .nextCallback = backend.nextCallback,
             .page = client->makeURL(QStringLiteral("/auth/") + rawValue(provider), query),
-            .verifier = pkce.verifier};
+            .verifier = pkce.verifier,
+            .stop = {}};
 }
 
+/// Any page can send the browser to the callback's address, with an error or with a code of its own. So what fails
+/// shows a message and lets the person begin anew, while the attempt itself stays open for the redirect that is the
+/// server's.
 QCoro::Task<> AppStore::SignInSteps::runSignIn(QPointer<AppStore> store, Attempt attempt)
 {
-    std::optional<QString> problem;
-    std::optional<Session> session;
+    BrowserReturn returned = co_await openPage(attempt);
+    for (;;) {
+        if (!store || attempt.stop.stop_requested())
+            co_return;
+        if (!returned.callback) {
+            rest(*store, returned.problem);
+            co_return;
+        }
+        const CallbackResult result = parseCallback(*returned.callback);
+        if (!isWanted(*store, attempt)) {
+            // The person has turned to another server.
+        } else if (result.kind == CallbackResult::Kind::error) {
+            rest(*store, signInErrorMessage(result.value));
+        } else {
+            resume(*store);
+            const ExchangeResult exchanged = co_await exchange(attempt, result.value);
+            if (!store || attempt.stop.stop_requested())
+                co_return;
+            if (exchanged.session) {
+                complete(*store, attempt.client->baseURL(), *exchanged.session);
+                co_return;
+            }
+            rest(*store, exchanged.problem);
+        }
+        BrowserReturn another = co_await awaitAnotherReturn(attempt);
+        returned = std::move(another);
+    }
+}
+
+QCoro::Task<BrowserReturn> AppStore::SignInSteps::openPage(Attempt attempt)
+{
+    BrowserReturn returned;
     try {
         const QUrl page = attempt.page;
         const QString scheme = signInCallbackScheme;
         const QUrl callback = co_await attempt.authenticate(page, scheme);
-        const CallbackResult result = parseCallback(callback);
-        if (result.kind == CallbackResult::Kind::error) {
-            problem = signInErrorMessage(result.value);
-        } else {
-            const APIClientPtr client = attempt.client;
-            Session answer = co_await endpoints::exchangeCode(client, result.value, attempt.verifier);
-            session = std::move(answer);
-        }
+        returned.callback = callback;
     } catch (const SignInCancelled &) {
         // The person knows.
     } catch (const APIError &error) {
-        problem = error.message();
+        returned.problem = error.message();
     } catch (...) {
-        problem = unfinishedMessage();
+        returned.problem = unfinishedMessage();
     }
-    if (store)
-        finish(*store, attempt.client->baseURL(), session, problem);
+    co_return returned;
 }
 
-void AppStore::SignInSteps::finish(AppStore &store, const QUrl &baseURL, const std::optional<Session> &session,
-                                   const std::optional<QString> &problem)
+QCoro::Task<BrowserReturn> AppStore::SignInSteps::awaitAnotherReturn(Attempt attempt)
 {
-    const bool signedIn = session && session->token && !session->token->isEmpty();
-    if (signedIn) {
-        store.persistSession(*session->token, baseURL, session->account);
-        store.startSync();
+    BrowserReturn returned;
+    if (!attempt.nextCallback || attempt.stop.stop_requested())
+        co_return returned;
+    try {
+        const QUrl callback = co_await attempt.nextCallback();
+        returned.callback = callback;
+    } catch (...) {
+        // It has ended; what failed before has been told.
     }
-    const auto message = session && !signedIn ? std::optional(unfinishedMessage()) : problem;
+    co_return returned;
+}
+
+QCoro::Task<ExchangeResult> AppStore::SignInSteps::exchange(Attempt attempt, QString code)
+{
+    ExchangeResult result;
+    try {
+        const APIClientPtr client = attempt.client;
+        Session session = co_await endpoints::exchangeCode(client, code, attempt.verifier);
+        result.problem = problemWith(session);
+        if (!result.problem)
+            result.session = std::move(session);
+    } catch (const APIError &error) {
+        result.problem = error.message();
+    } catch (...) {
+        result.problem = unfinishedMessage();
+    }
+    co_return result;
+}
+
+bool AppStore::SignInSteps::isWanted(const AppStore &store, const Attempt &attempt)
+{
+    return store.m_isSigningIn || store.effectiveBaseURL() == attempt.client->baseURL();
+}
+
+void AppStore::SignInSteps::resume(AppStore &store)
+{
+    store.set(store.m_signInError, std::optional<QString>(), &AppStore::signInErrorChanged);
+    store.set(store.m_isSigningIn, true, &AppStore::isSigningInChanged);
+}
+
+void AppStore::SignInSteps::rest(AppStore &store, const std::optional<QString> &problem)
+{
     store.m_signInPage.clear();
     store.set(store.m_isSigningIn, false, &AppStore::isSigningInChanged);
-    if (message)
-        store.set(store.m_signInError, message, &AppStore::signInErrorChanged);
+    if (problem)
+        store.set(store.m_signInError, problem, &AppStore::signInErrorChanged);
     // The keyring may have been opened meanwhile, too late for the start and in the way of this sign-in.
     store.restoreLateSession();
+}
+
+void AppStore::SignInSteps::complete(AppStore &store, const QUrl &baseURL, const Session &session)
+{
+    store.persistSession(*session.token, baseURL, session.account);
+    store.startSync();
+    store.closeSignIn();
 }
 
 void AppStore::cancelSignIn()
 {
     checkMainThread();
-    if (m_isSigningIn && m_backend && m_backend->cancelAuthentication)
+    if (!m_isSigningIn)
+        return;
+    closeSignIn();
+    restoreLateSession();
+}
+
+void AppStore::closeSignIn()
+{
+    m_signInTask.request_stop();
+    if (m_backend && m_backend->cancelAuthentication)
         m_backend->cancelAuthentication();
+    m_signInPage.clear();
+    set(m_isSigningIn, false, &AppStore::isSigningInChanged);
 }
 
 void AppStore::SignInSteps::signInToDemo(AppStore &store, AuthProvider provider)
@@ -145,56 +252,6 @@ void AppStore::SignInSteps::signInToDemo(AppStore &store, AuthProvider provider)
         store.m_defaults->setString(preference_keys::sessionProvider, rawValue(provider));
     store.fillFromSeed();
     store.set(store.m_account, std::optional(demoAccount(provider)), &AppStore::accountChanged);
-}
-
-void AppStore::refreshProviders()
-{
-    checkMainThread();
-    if (!m_backend)
-        return;
-    m_providersTask.request_stop();
-    launch("sign-in providers", SignInSteps::runRefreshProviders(this, effectiveBaseURL()));
-}
-
-void AppStore::refreshProvidersSoon()
-{
-    if (!m_backend || isSignedIn())
-        return;
-    m_providersTask.request_stop();
-    m_providersTask = std::stop_source();
-    launch("sign-in providers", SignInSteps::settleAndRefreshProviders(this, m_clock, m_providersTask.get_token()));
-}
-
-QCoro::Task<> AppStore::SignInSteps::settleAndRefreshProviders(QPointer<AppStore> store, std::shared_ptr<Clock> clock,
-                                                               std::stop_token stop)
-{
-    co_await clock->sleep(typingSettles, stop);
-    if (store && !stop.stop_requested())
-        store->refreshProviders();
-}
-
-QCoro::Task<> AppStore::SignInSteps::runRefreshProviders(QPointer<AppStore> store, std::optional<QUrl> baseURL)
-{
-    if (!baseURL)
-        co_return;
-    const APIClientPtr client = std::make_shared<const APIClient>(*baseURL, std::nullopt, store->m_backend->transport);
-    QList<AuthProvider> offered;
-    try {
-        QList<AuthProvider> answer = co_await endpoints::listProviders(client);
-        offered = std::move(answer);
-    } catch (const APIError &) {
-        // What the server offered last is the best guess; signing in will tell what is wrong.
-        co_return;
-    }
-    // The person may have chosen another server meanwhile.
-    if (!store || store->effectiveBaseURL() != baseURL)
-        co_return;
-    QList<AuthProvider> providers;
-    for (const AuthProvider provider : allCases<AuthProvider>()) {
-        if (offered.contains(provider))
-            providers << provider;
-    }
-    store->set(store->m_availableProviders, providers, &AppStore::availableProvidersChanged);
 }
 
 } // namespace pingwell

@@ -284,7 +284,7 @@ void AppStore::SyncSteps::takeDevice(AppStore &store, const Device &device)
 void AppStore::SyncSteps::noteProblem(AppStore &store, const APIError &error)
 {
     if (error.status() == 401)
-        store.endSession(error.message());
+        store.endRefusedSession(error.message());
     else
         store.set(store.m_connectionProblem, std::optional(error.message()), &AppStore::connectionProblemChanged);
 }

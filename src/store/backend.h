@@ -30,6 +30,9 @@ struct Backend
     QString deviceName = QStringLiteral("Mac");
     QString appVersion = QStringLiteral("0");
     Authenticate authenticate;
+    /// Resumes with what the browser brings next in the same authentication; throws `SignInCancelled` when that ends.
+    /// May be empty: then the first redirect is the only one.
+    std::function<QCoro::Task<QUrl>()> nextCallback;
     /// Ends an authentication under way as if the browser had been closed.
     std::function<void()> cancelAuthentication;
     std::chrono::milliseconds pollInterval{15'000};

@@ -9,6 +9,8 @@ namespace pingwell::preference_keys {
 inline const QString sessionAccount = QStringLiteral("pingwell.session.account");
 inline const QString sessionBaseURL = QStringLiteral("pingwell.session.baseURL");
 inline const QString sessionProvider = QStringLiteral("pingwell.session.provider");
+/// True while the keychain may hold a token that is to be no more.
+inline const QString sessionErasingOwed = QStringLiteral("pingwell.session.erasingOwed");
 inline const QString serverKind = QStringLiteral("pingwell.server.kind");
 inline const QString selfHostedURL = QStringLiteral("pingwell.server.selfHostedURL");
 inline const QString quietHoursEnabled = QStringLiteral("pingwell.settings.quietHoursEnabled");

@@ -5,6 +5,7 @@
 #include <QTest>
 
 using namespace pingwell;
+using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -19,10 +20,14 @@ struct Fixture
     std::unique_ptr<KeychainTokenStore> store;
     int becameReadable = 0;
     int notKept = 0;
+    int notCleared = 0;
+    int written = 0;
 
-    void open()
+    void open(std::chrono::milliseconds retryInterval = 30s)
     {
-        store = std::make_unique<KeychainTokenStore>(keychain, u"s"_s, u"a"_s);
+        store = std::make_unique<KeychainTokenStore>(keychain, u"s"_s, u"a"_s, retryInterval);
+        store->onNotCleared = [this] { ++notCleared; };
+        store->onWritten = [this] { ++written; };
         store->onBecameReadable = [this] { ++becameReadable; };
         store->onNotKept = [this] { ++notKept; };
     }
@@ -153,6 +158,41 @@ private slots:
             QCOMPARE(f.notKept, kept ? 0 : 1);
             QCOMPARE(f.store->load(), Token(u"token"_s));
         }
+    }
+
+    void triesAgainWhatTheKeychainDidNotTake_data()
+    {
+        QTest::addColumn<bool>("isSave");
+        QTest::addColumn<bool>("isLocked");
+        QTest::newRow("clear, locked") << false << true;
+        QTest::newRow("clear, unavailable") << false << false;
+        QTest::newRow("save, locked") << true << true;
+    }
+
+    void triesAgainWhatTheKeychainDidNotTake()
+    {
+        QFETCH(bool, isSave);
+        QFETCH(bool, isLocked);
+        Fixture f;
+        f.keychain->setItem("old");
+        f.open(5ms);
+        QCOMPARE(f.store->load(), Token(u"old"_s));
+        f.keychain->setStatus(isLocked ? KeychainStatus::locked : KeychainStatus::unavailable);
+        f.keychain->answerUnlock(KeychainStatus::locked, KeychainStatus::locked);
+        if (isSave)
+            f.store->save(u"new"_s);
+        else
+            f.store->clear();
+        const QString attempt = isSave ? u"store"_s : u"remove"_s;
+        QTRY_VERIFY(f.keychain->calls().count(attempt) >= 3);
+        QCOMPARE(f.keychain->calls().count(u"unlock"_s), isLocked ? 1 : 0);
+        QTRY_COMPARE(isSave ? f.notKept : f.notCleared, 1);
+        QCOMPARE(f.written, 0);
+
+        f.keychain->setStatus(KeychainStatus::success);
+        QTRY_COMPARE(f.written, 1);
+        QCOMPARE(f.keychain->item(), isSave ? Item("new") : Item());
+        QCOMPARE(f.notKept + f.notCleared, 1);
     }
 
     void writesBeforeItEndsUnlessTheKeychainHangs()

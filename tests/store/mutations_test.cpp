@@ -189,9 +189,11 @@ private slots:
         QVERIFY(!store().isSignedIn() && store().hasMutationsInFlight());
         m->release();
         m->release();
-        // What the others come back with is nothing to the next person at this screen.
+        // Of what the others come back with, the answer alone is worth a word.
         QVERIFY(store().alerts().isEmpty() && !store().toast() && !store().hasMutationsInFlight());
-        QCOMPARE(store().signInError(), std::optional(u"Your session has ended. Sign in again."_s));
+        const QString told = u"Your session has ended. Sign in again. Your answer to “Alert a1” wasn't sent."_s;
+        QCOMPARE(store().signInError(), std::optional(told));
+        QCOMPARE(m->notifier->messages.value(1), u"pingwell.session: You've been signed out | "_s + told);
         QCOMPARE(m->transport->count("GET", "/dashboard"), 1);
     }
 

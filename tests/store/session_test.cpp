@@ -1,3 +1,5 @@
+#include "auth/fake_keychain.h"
+#include "auth/keychain_token_store.h"
 #include "store/preference_keys.h"
 #include "store_fixture.h"
 
@@ -36,7 +38,8 @@ private slots:
         QTest::newRow("a whole session") << u"t"_s << stored << u"Ada"_s;
         QTest::newRow("no account record") << u"t"_s << QByteArray() << u"You"_s;
         QTest::newRow("a damaged account record") << u"t"_s << QByteArray("{\"name\":1}") << u"You"_s;
-        QTest::newRow("an empty token") << u""_s << stored << QString();
+        for (const QString &token : {u""_s, u"to\r\nken"_s, u"tøken"_s, u" https://pingwell.test"_s})
+            QTest::addRow("no token: %s", qPrintable(token)) << token << stored << QString();
     }
 
     void restoring()
@@ -54,22 +57,37 @@ private slots:
 
     void theAddressOfARestoredSession_data()
     {
+        QTest::addColumn<QString>("secret");
         QTest::addColumn<QString>("override");
         QTest::addColumn<QString>("stored");
         QTest::addColumn<QString>("selfHosted");
         QTest::addColumn<QString>("expected");
         const QString cloud = APIClient::defaultBaseURL().toString();
-        QTest::newRow("given") << u"https://o.test"_s << u"https://s.test"_s << u"h.test"_s << u"https://o.test"_s;
-        QTest::newRow("stored") << QString() << u"https://s.test/api"_s << u"h.test"_s << u"https://s.test/api"_s;
-        QTest::newRow("not an address: the choice") << QString() << u"::"_s << u"h.test/"_s << u"https://h.test"_s;
-        QTest::newRow("neither: the cloud") << QString() << QString() << u"ftp://x"_s << cloud;
+        const QString o = u"https://o.test"_s, s = u"https://s.test/api"_s, none;
+        QTest::newRow("given") << u"t"_s << o << u"https://s.test"_s << u"h.test"_s << o;
+        QTest::newRow("stored") << u"t"_s << none << s << u"h.test"_s << s;
+        QTest::newRow("not an address: the choice") << u"t"_s << none << u"::"_s << u"h.test/"_s << u"https://h.test"_s;
+        QTest::newRow("neither: the cloud") << u"t"_s << none << none << u"ftp://x"_s << cloud;
+        QTest::newRow("its own") << u"t https://s.test"_s << none << s << none << s;
+        QTest::newRow("its own, with a port")
+            << u"t http://s.test:81"_s << none << u"http://s.test:81/"_s << none << u"http://s.test:81/"_s;
+        QTest::newRow("its own, given") << u"t https://o.test"_s << u"https://o.test:443/x"_s << s << none
+                                        << u"https://o.test:443/x"_s;
+        QTest::newRow("another, given") << u"t https://s.test"_s << o << s << none << none;
+        QTest::newRow("another, stored") << u"t https://o.test"_s << none << s << none << none;
+        QTest::newRow("another, chosen") << u"t https://o.test"_s << none << none << u"h.test"_s << none;
+        QTest::newRow("another, in the cloud") << u"t https://o.test"_s << none << none << none << none;
+        QTest::newRow("another scheme") << u"t https://s.test"_s << none << u"http://s.test"_s << none << none;
+        QTest::newRow("another port") << u"t https://s.test"_s << none << u"https://s.test:444"_s << none << none;
     }
 
     void theAddressOfARestoredSession()
     {
+        QFETCH(QString, secret);
         QFETCH(QString, override);
         QFETCH(QString, stored);
         QFETCH(QString, selfHosted);
+        m->tokens->save(secret);
         m->backend->baseURLOverride.reset();
         if (!override.isNull())
             m->backend->baseURLOverride = QUrl(override);
@@ -78,7 +96,77 @@ private slots:
         m->preferences->setString(preference_keys::serverKind, u"selfHosted"_s);
         m->preferences->setString(preference_keys::selfHostedURL, selfHosted);
         m->start();
-        QTEST(store().client()->baseURL().toString(), "expected");
+        QTEST(store().client() ? store().client()->baseURL().toString() : QString(), "expected");
+        QCOMPARE(store().isSignedIn(), store().signInError().value_or(QString()).isEmpty());
+        QVERIFY2(m->tokens->load() == secret, "what is not used is not lost");
+    }
+
+    void aRefusalEndsTheStoredSessionOfItsServerAlone_data()
+    {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<bool>("isKept");
+        QTest::newRow("of the given server") << u"https://pingwell.test/x"_s << false;
+        QTest::newRow("of another server") << u"https://s.test"_s << true;
+    }
+
+    void aRefusalEndsTheStoredSessionOfItsServerAlone()
+    {
+        QFETCH(QString, stored);
+        QFETCH(bool, isKept);
+        m->preferences->setString(preference_keys::sessionBaseURL, stored);
+        m->start();
+        m->transport->plan("GET", "/dashboard", ScriptedAnswer::failure(401));
+        store().refresh();
+        m->settle();
+        QVERIFY(!store().isSignedIn());
+        QCOMPARE(m->tokens->load().has_value(), isKept);
+        QCOMPARE(m->preferences->contains(preference_keys::sessionBaseURL), isKept);
+    }
+
+    void aSignOutLastsThoughTheKeyringIsLocked_data()
+    {
+        QTest::addColumn<bool>("isRemembered");
+        QTest::newRow("remembered") << true;
+        QTest::newRow("the settings can't be saved either") << false;
+    }
+
+    void aSignOutLastsThoughTheKeyringIsLocked()
+    {
+        QFETCH(bool, isRemembered);
+        const auto keychain = std::make_shared<FakeKeychain>();
+        const auto startWithKeychain = [&] {
+            m->store.reset();
+            m->backend->tokenStore.reset();
+            m->backend->tokenStore = std::make_shared<KeychainTokenStore>(keychain, u"s"_s, u"a"_s);
+            m->start();
+        };
+        keychain->setItem("token-1");
+        startWithKeychain();
+        QVERIFY(store().isSignedIn());
+        m->preferences->keepsThem = isRemembered;
+        keychain->setStatus(KeychainStatus::locked);
+        keychain->answerUnlock(KeychainStatus::locked, KeychainStatus::locked);
+        store().signOut();
+        QTRY_COMPARE(m->notifier->messages.size(), 1);
+        QCOMPARE(store().toast()->message, m->notifier->messages.first().section(u" | "_s, 1));
+        QCOMPARE(store().toast()->message.contains(u"before you quit"_s), !isRemembered);
+
+        // The next run finds the keyring open, with the token that was signed out.
+        keychain->setStatus(KeychainStatus::success);
+        startWithKeychain();
+        QVERIFY(!store().isSignedIn() && !store().client());
+        QTRY_VERIFY(!keychain->item());
+        QTRY_VERIFY(!m->preferences->contains(preference_keys::sessionErasingOwed));
+    }
+
+    void aSessionThatWasNotKeptLeavesNoOlderOne()
+    {
+        m->preferences->setString(preference_keys::sessionBaseURL, u"https://s.test"_s);
+        m->start();
+        m->tokens->onNotKept();
+        QVERIFY(store().toast()->isError);
+        m->start();
+        QVERIFY2(!store().isSignedIn() && !m->tokens->load(), "the keyring may hold the token of another server");
     }
 
     void aTokenOfAForgottenServerGoesNowhere()
@@ -193,8 +281,75 @@ private slots:
         m->settle();
         QVERIFY(store().isSignedIn());
         QCOMPARE(m->transport->count("GET", "/dashboard"), 1);
-        m->tokens->onNotKept();
-        QVERIFY(store().toast()->isError);
+    }
+
+    void theEndOfASessionIsTold()
+    {
+        for (const bool isWatched : {false, true}) {
+            m = std::make_unique<StoreFixture>();
+            m->startWith({});
+            store().setAttention({.isOnWindow = [isWatched] { return isWatched; }});
+            m->transport->plan("GET", "/dashboard", ScriptedAnswer::failure(401, "", "Your access was revoked."));
+            store().refresh();
+            m->settle();
+            const QString told = u"pingwell.session: You've been signed out | Your access was revoked."_s;
+            QCOMPARE(m->notifier->messages, isWatched ? QStringList() : QStringList{told});
+            QCOMPARE(m->notifier->removedAll, 1);
+            // By the person's own hand there is nothing to tell.
+            m->changeSession();
+            QVERIFY(isWatched || m->notifier->removed.contains(u"pingwell.session"_s));
+            store().signOut();
+            QCOMPARE(m->notifier->messages.size(), isWatched ? 0 : 1);
+        }
+    }
+
+    void whatWasTypedWaitsForTheSamePerson_data()
+    {
+        QTest::addColumn<bool>("isRefused");
+        QTest::addColumn<Account>("next");
+        QTest::addColumn<QString>("server");
+        QTest::addColumn<bool>("isBack");
+        const QString server = u"https://pingwell.test"_s;
+        const Account ada{u"Ada"_s, u"ada@example.com"_s, AuthProvider::github, u"Pro"_s};
+        QTest::newRow("the same person") << true << Account{u"Ada L."_s, ada.email, ada.provider, {}} << server << true;
+        QTest::newRow("another person") << true << Account{ada.name, u"a@b.c"_s, ada.provider, {}} << server << false;
+        QTest::newRow("another way in") << true << Account{{}, ada.email, AuthProvider::google, {}} << server << false;
+        QTest::newRow("nobody known") << true << Account() << server << false;
+        QTest::newRow("another server") << true << ada << u"https://o.test"_s << false;
+        QTest::newRow("after signing out") << false << ada << server << false;
+    }
+
+    void whatWasTypedWaitsForTheSamePerson()
+    {
+        QFETCH(bool, isRefused);
+        QFETCH(Account, next);
+        QFETCH(QString, server);
+        QFETCH(bool, isBack);
+        m->preferences->setData(preference_keys::sessionAccount,
+                                R"({"name":"Ada","email":"ada@example.com","provider":"github","plan":""})");
+        const QJsonObject text{{u"answerType"_s, u"text"_s}, {u"title"_s, u"Which region?"_s}};
+        m->startWith({.alerts = {askJSON(u"a1"_s, 60, text), askJSON(u"a2"_s, 60, text), askJSON(u"a3"_s, 60, text)}});
+        for (const char *alert : {"a1", "a3"})
+            m->transport->plan("POST", "/workspaces/w1/alerts/" + QByteArray(alert) + "/answer",
+                               ScriptedAnswer::failure(401, "", "Bye.").heldBack());
+        store().answer(u"a1"_s, u"north"_s);
+        store().answer(u"a3"_s, u"south"_s);
+        store().setReplyDraft(u"half"_s, u"a2"_s);
+        m->settle();
+        if (!isRefused)
+            store().signOut();
+        m->release();
+        QCOMPARE(store().signInError().value_or(QString()),
+                 isRefused ? u"Bye. Your answer to “Which region?” wasn't sent."_s : QString());
+        m->release();
+        QCOMPARE(store().signInError().value_or(QString()),
+                 isRefused ? u"Bye. Your answers to 2 questions weren't sent."_s : QString());
+        QVERIFY(store().replyDrafts().isEmpty() && store().toast() == std::nullopt);
+
+        store().persistSession(u"next"_s, QUrl(server), next);
+        const QHash<QString, QString> typed{{u"a1"_s, u"north"_s}, {u"a2"_s, u"half"_s}, {u"a3"_s, u"south"_s}};
+        const QHash<QString, QString> none;
+        QCOMPARE(store().replyDrafts(), isBack ? typed : none);
     }
 };
 

@@ -7,6 +7,8 @@
 #include <QTest>
 #include <QUrlQuery>
 
+#include <functional>
+
 using namespace pingwell;
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
@@ -54,6 +56,7 @@ private slots:
         m->backend->authenticate = [browser = m_browser](QUrl url, QString scheme) {
             return browser->authenticate(url, scheme);
         };
+        m->backend->nextCallback = [browser = m_browser] { return browser->nextCallback(); };
         m->backend->cancelAuthentication = [browser = m_browser] { browser->cancel(); };
     }
 
@@ -92,7 +95,7 @@ private slots:
                      .toBase64(QByteArray::Base64UrlEncoding | QByteArray::OmitTrailingEquals));
         QVERIFY(!store().isSigningIn() && store().hasLoaded());
         QCOMPARE(store().account()->name, u"Ada"_s);
-        QCOMPARE(m->tokens->load(), std::optional(u"fresh"_s));
+        QCOMPARE(m->tokens->load(), std::optional(u"fresh https://pingwell.test"_s));
         QCOMPARE(m->preferences->string(preference_keys::sessionBaseURL), std::optional(u"https://pingwell.test"_s));
     }
 
@@ -116,6 +119,11 @@ private slots:
         QTest::newRow("no token") << u"?code=abc"_s << ScriptedAnswer::raw(200, R"({"user":{}})") << unfinished;
         QTest::newRow("an empty token") << u"?code=abc"_s << ScriptedAnswer::raw(200, R"({"token":"","user":{}})")
                                         << unfinished;
+        for (const QByteArray token : {R"(a\r\nX: b)", "a b", "\u00e9", R"(\u007f)"}) {
+            QTest::addRow("no token: %s", token.constData())
+                << u"?code=abc"_s << ScriptedAnswer::raw(200, R"({"token":")" + token + R"(","user":{}})")
+                << u"Sign-in didn't finish: the server sent a token that Pingwell can't use."_s;
+        }
     }
 
     void unsuccessfulEnds()
@@ -130,6 +138,53 @@ private slots:
         QTEST(store().signInError().value_or(QString()), "message");
         QVERIFY(!store().isSigningIn() && !store().isSignedIn());
         QVERIFY(m->preferences->keys().isEmpty());
+
+        // It may have been any page's doing: the browser can still come back with what it was sent for.
+        m->transport->plan("POST", exchange, ScriptedAnswer::raw(200, session).heldBack());
+        comeBack(u"?code=real"_s);
+        QVERIFY(store().isSigningIn() && !store().signInError());
+        comeBack(u"?error=access_denied"_s);
+        m->release("POST", exchange);
+        QVERIFY(store().isSignedIn() && !store().isSigningIn() && !store().signInError());
+        QCOMPARE(m_opened.size(), 1);
+        QVERIFY(!m_browser->handleCallback(QUrl(u"pingwell://auth/callback?code=late"_s)));
+    }
+
+    void aFailedAttemptStaysOpenUntil_data()
+    {
+        QTest::addColumn<std::function<void()>>("end");
+        const auto row = [](const char *name, std::function<void()> end) { QTest::newRow(name) << end; };
+        row("the person chooses another server",
+            [this] { m->backend->baseURLOverride = QUrl(u"https://other.test"_s); });
+        row("its time is over", [this] { m->clock->advance(10min); });
+        row("a late session is there", [this] {
+            m->tokens->save(u"token-1"_s);
+            m->tokens->onBecameReadable();
+        });
+        row("the person begins anew and gives up", [this] {
+            store().signIn(u"github"_s);
+            store().cancelSignIn();
+        });
+        row("the person gives up during the exchange", [this] {
+            m->transport->plan("POST", exchange, ScriptedAnswer::raw(200, session).heldBack());
+            comeBack(u"?code=abc"_s);
+            store().cancelSignIn();
+            m->release("POST", exchange);
+        });
+    }
+
+    void aFailedAttemptStaysOpenUntil()
+    {
+        QFETCH(std::function<void()>, end);
+        m->start();
+        store().signIn(u"google"_s);
+        comeBack(u"?error=server_error"_s);
+        end();
+        m->settle();
+        const qsizetype exchanged = m->transport->count("POST", exchange);
+        comeBack(u"?code=late"_s);
+        QCOMPARE(m->transport->count("POST", exchange), exchanged);
+        QVERIFY(!store().isSigningIn() && (!store().client() || store().client()->token() == u"token-1"_s));
     }
 
     void foreignCallbacksAreIgnored()
@@ -139,7 +194,7 @@ private slots:
         store().signIn(u"google"_s);
         for (const QString &url : {u"https://auth/callback?code=x"_s, u"pingwell://other/callback?code=x"_s,
                                    u"pingwell://auth/elsewhere?code=x"_s, u"pingwell:"_s})
-            m_browser->handleCallback(QUrl(url));
+            QVERIFY(!m_browser->handleCallback(QUrl(url)));
         m->settle();
         QVERIFY(store().isSigningIn());
     }
