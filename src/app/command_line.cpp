@@ -30,4 +30,12 @@ std::optional<QString> terminalAnswer(const QStringList &arguments, const QStrin
     return std::nullopt;
 }
 
+std::optional<QString> handOverNote(const LaunchOptions &options)
+{
+    if (!options.apiBaseURL)
+        return std::nullopt;
+    return QStringLiteral("[launch] -apiBaseURL was not used, because Pingwell is already running with a server of its "
+                          "own; quit it first\n");
+}
+
 } // namespace pingwell

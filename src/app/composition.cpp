@@ -19,9 +19,11 @@
 #include "platform/logind_system_events.h"
 #include "platform/scheme_registration.h"
 #include "platform/secret_service_keychain.h"
+#include "platform/socket_single_instance.h"
 #include "platform/status_notifier_item.h"
 
 #include <QDesktopServices>
+#include <QStandardPaths>
 #include <QSysInfo>
 #include <QTimer>
 
@@ -45,6 +47,7 @@ StoreParts makeStoreParts(const std::shared_ptr<Clock> &clock, const std::shared
         .openNotifier = [notifier] { return notifier; },
         .authenticate = [browser](const QUrl &url,
                                   const QString &callbackScheme) { return browser->authenticate(url, callbackScheme); },
+        .nextCallback = [browser] { return browser->nextCallback(); },
         .cancelAuthentication = [browser] { browser->cancel(); },
         .clock = clock,
         .hostName = QSysInfo::machineHostName(),
@@ -74,7 +77,13 @@ std::unique_ptr<SingleInstance> makeSingleInstance(const LaunchOptions &options)
 {
     if (!options.isLive())
         return nullptr;
-    return std::make_unique<BusSingleInstance>();
+    using Kind = BusSingleInstance::Kind;
+    if (BusSingleInstance::isPossible())
+        return std::make_unique<BusSingleInstance>(isOwnProgram(options) ? Kind::own : Kind::liveTest);
+    // A live test has no place to keep from the person's own program.
+    if (!isOwnProgram(options))
+        return nullptr;
+    return std::make_unique<SocketSingleInstance>(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
 }
 
 QList<QUrl> ownURLs(const QStringList &arguments)
@@ -97,7 +106,7 @@ std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstanc
     parts.singleInstance = singleInstance;
     const auto clock = std::make_shared<SystemClock>();
     const auto browser = std::make_shared<WebAuthenticator>(&QDesktopServices::openUrl, clock);
-    parts.openURL = [browser](const QUrl &url) { browser->handleCallback(url); };
+    parts.openURL = [browser](const QUrl &url) { return browser->handleCallback(url); };
     std::shared_ptr<NotificationCenter> center;
     std::shared_ptr<UserNotifier> notifier;
     if (isOwnProgram(options)) {

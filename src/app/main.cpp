@@ -28,7 +28,11 @@ bool claimPlace(int &argc, char **argv, std::unique_ptr<SingleInstance> &instanc
 {
     const QCoreApplication application(argc, argv);
     instance = makeSingleInstance(LaunchOptions::current());
-    return !instance || instance->claim(ownURLs(QCoreApplication::arguments())) == SingleInstance::Role::primary;
+    if (!instance || instance->claim(ownURLs(QCoreApplication::arguments())) == SingleInstance::Role::primary)
+        return true;
+    if (const auto note = handOverNote(LaunchOptions::current()))
+        QTextStream(stdout) << *note;
+    return false;
 }
 
 /// Lets an automated test look into the windows; the person's own program shows itself to nobody.

@@ -103,9 +103,11 @@ void PingwellApp::followSystem()
     connect(m_parts.singleInstance, &SingleInstance::activated, windows, &AppWindows::showMain);
     connect(m_parts.singleInstance, &SingleInstance::opened, this,
             [this](const QList<QUrl> &urls, const QByteArray &token) {
-                std::for_each(urls.begin(), urls.end(), m_parts.openURL);
-                m_parts.windows->showMain(token);
+                // Any page and any program can open such a URL; only one that is waited for brings the window up.
+                if (std::count_if(urls.begin(), urls.end(), m_parts.openURL) > 0)
+                    m_parts.windows->showMain(token);
             });
+    m_parts.singleInstance->serve();
 }
 
 void PingwellApp::showStatus()

@@ -31,8 +31,8 @@ struct AppParts
     /// Takes what the person does with notifications; null where nobody is notified.
     std::shared_ptr<AlertResponses> responses = nullptr;
     SingleInstance *singleInstance = nullptr;
-    /// Takes a URL of the program's own scheme that the desktop was asked to open.
-    std::function<void(const QUrl &)> openURL = [](const QUrl &) {};
+    /// Takes a URL of the program's own scheme that the desktop was asked to open; says whether it was waited for.
+    std::function<bool(const QUrl &)> openURL = [](const QUrl &) { return false; };
 };
 
 /// The program: the one store for the life of the process, the status item and the launcher badge that count its

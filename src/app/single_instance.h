@@ -25,6 +25,9 @@ public:
     /// process that has it. Returns within a quarter of a second where another one has it, also when that one is busy.
     /// Needs no graphical application object.
     virtual Role claim(const QList<QUrl> &urls) = 0;
+    /// Begins to pass on what later starts are for; nothing of it was lost since the claim. Needs the application
+    /// object that runs the program.
+    virtual void serve() {}
 
 signals:
     /// The program was started again without a URL; `activationToken` lets the window come to the front.

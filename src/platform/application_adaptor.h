@@ -3,12 +3,8 @@
 #include "app/single_instance.h"
 
 #include <QDBusAbstractAdaptor>
-#include <QUrl>
 
 namespace pingwell {
-
-/// The texts of those URLs that the program opens: of the scheme "pingwell", well-formed, at most 4 KiB long.
-[[nodiscard]] QStringList acceptableTexts(const QList<QUrl> &urls);
 
 /// What desktops and later starts call on the running program (Desktop Entry Specification, D-Bus Activation). Nothing
 /// a caller sends is trusted: a text that is no acceptable URL is dropped.

@@ -1,3 +1,4 @@
+#include "app/command_line.h"
 #include "app/make_store.h"
 #include "auth/fake_keychain.h"
 #include "store/preference_keys.h"
@@ -66,6 +67,7 @@ private slots:
         for (const auto &[arguments, expected] : cases) {
             QVERIFY2(LaunchOptions::parse(QStringList(u"pingwell"_s) + arguments, {}) == expected,
                      qPrintable(arguments.join(u' ')));
+            QCOMPARE(handOverNote(expected).has_value(), expected.apiBaseURL.has_value());
         }
         QProcessEnvironment hosted;
         hosted.insert(u"XCTestConfigurationFilePath"_s, QString());

@@ -95,7 +95,11 @@ private:
             .systemEvents = std::make_unique<SystemEvents>(),
             .windows = std::make_unique<FakeWindows>(),
             .singleInstance = &m_instance,
-            .openURL = [this](const QUrl &url) { m_openedURLs += url; },
+            .openURL =
+                [this](const QUrl &url) {
+                    m_openedURLs += url;
+                    return url.host() == u"auth"_s;
+                },
         };
         m_store = parts.store.get();
         m_events = parts.systemEvents.get();
@@ -237,9 +241,10 @@ private slots:
     {
         launch({}, true);
         emit m_instance.activated("token");
-        const QUrl callback(u"pingwell://auth/callback"_s);
-        emit m_instance.opened({callback}, "other");
-        QCOMPARE(m_openedURLs, QList<QUrl>{callback});
+        const QUrl callback(u"pingwell://auth/callback"_s), anything(u"pingwell:anything"_s);
+        emit m_instance.opened({callback, anything}, "other");
+        emit m_instance.opened({anything}, "page");
+        QCOMPARE(m_openedURLs, (QList<QUrl>{callback, anything, anything}));
         QCOMPARE(m_windows->calls, (QStringList{u"main token"_s, u"main other"_s}));
     }
 

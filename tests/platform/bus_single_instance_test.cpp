@@ -16,15 +16,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using Kind = BusSingleInstance::Kind;
+
 const QString startAgain = u"--start-again"_s;
+const QString liveTest = u"--live-test"_s;
 const QString callback = u"pingwell://auth/callback?code=a%20b&state=c"_s;
 const QVariant callbackURLs = QVariant::fromValue(QList<QUrl>{QUrl(callback)});
 
 /// This same program as a later start of the application: prints its role and how long the claim took.
-int runLaterStart(const QStringList &texts)
+int runLaterStart(QStringList texts)
 {
+    const Kind kind = texts.removeAll(liveTest) > 0 ? Kind::liveTest : Kind::own;
     const QList<QUrl> urls(texts.begin(), texts.end());
-    BusSingleInstance instance;
+    BusSingleInstance instance(kind);
     QElapsedTimer timer;
     timer.start();
     const bool primary = instance.claim(urls) == SingleInstance::Role::primary;
@@ -55,19 +59,19 @@ class BusSingleInstanceTest : public QObject
     Q_OBJECT
 
 public:
-    explicit BusSingleInstanceTest(BusSingleInstance *instance)
-        : m_instance(instance)
+    explicit BusSingleInstanceTest(std::unique_ptr<BusSingleInstance> instance)
+        : m_instance(std::move(instance))
     {
     }
 
 private:
-    BusSingleInstance *m_instance;
+    std::unique_ptr<BusSingleInstance> m_instance;
 
 private slots:
     void laterStartIsSeenAndHandsItsURLsOver()
     {
-        QSignalSpy opened(m_instance, &SingleInstance::opened);
-        QSignalSpy activated(m_instance, &SingleInstance::activated);
+        QSignalSpy opened(m_instance.get(), &SingleInstance::opened);
+        QSignalSpy activated(m_instance.get(), &SingleInstance::activated);
         const QHash<QString, QString> x11{{u"DESKTOP_STARTUP_ID"_s, u"older"_s}};
         const QHash<QString, QString> both{{u"XDG_ACTIVATION_TOKEN"_s, u"token"_s},
                                            {u"DESKTOP_STARTUP_ID"_s, u"older"_s}};
@@ -80,7 +84,7 @@ private slots:
 
     void takesNothingButURLsOfItsOwn()
     {
-        QSignalSpy opened(m_instance, &SingleInstance::opened);
+        QSignalSpy opened(m_instance.get(), &SingleInstance::opened);
         // The desktop may have decoded the last one in part.
         for (const QString &text :
              {u"https://auth/callback?code=1"_s, u"auth/callback"_s, u"pingwell://[::1"_s, QString(),
@@ -97,7 +101,7 @@ private slots:
 
     void laterStartDoesNotWaitForABusyProgram()
     {
-        QSignalSpy opened(m_instance, &SingleInstance::opened);
+        QSignalSpy opened(m_instance.get(), &SingleInstance::opened);
         const QStringList start = laterStart({callback}, {}, false);
         QCOMPARE(start.first(), u"handedOver"_s);
         QVERIFY2(start.value(1).toInt() <= 250, qPrintable(start.value(1)));
@@ -105,10 +109,20 @@ private slots:
         QTRY_COMPARE(opened.size(), 1);
     }
 
-    void withoutASessionBusEveryStartIsPrimary()
+    void aLiveTestNeverMeetsThePersonsProgram()
     {
-        const QHash<QString, QString> noBus{{u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path=/nonexistent"_s}};
-        QCOMPARE(laterStart({callback}, noBus).first(), u"primary"_s);
+        QSignalSpy activated(m_instance.get(), &SingleInstance::activated);
+        QCOMPARE(laterStart({liveTest}).first(), u"primary"_s);
+        QVERIFY(activated.isEmpty());
+
+        m_instance = std::make_unique<BusSingleInstance>(Kind::liveTest);
+        QCOMPARE(m_instance->claim({}), SingleInstance::Role::primary);
+        QSignalSpy opened(m_instance.get(), &SingleInstance::opened);
+        QCOMPARE(laterStart({callback}).first(), u"handedOver"_s);
+        QCOMPARE(opened.size(), 1);
+        QCOMPARE(laterStart({liveTest}).first(), u"handedOver"_s);
+        QCOMPARE(laterStart({}).first(), u"primary"_s);
+        QCOMPARE(opened.size(), 1);
     }
 };
 
@@ -121,12 +135,12 @@ int main(int argc, char **argv)
         const QStringList arguments = QCoreApplication::arguments();
         if (arguments.value(1) == startAgain)
             return runLaterStart(arguments.sliced(2));
-        instance = std::make_unique<BusSingleInstance>();
+        instance = std::make_unique<BusSingleInstance>(Kind::own);
         if (instance->claim({}) != SingleInstance::Role::primary)
             return 1;
     }
     const QCoreApplication application(argc, argv);
-    BusSingleInstanceTest test(instance.get());
+    BusSingleInstanceTest test(std::move(instance));
     return QTest::qExec(&test, argc, argv);
 }
 
