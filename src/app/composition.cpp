@@ -107,7 +107,7 @@ std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstanc
     const auto clock = std::make_shared<SystemClock>();
     const auto browser = std::make_shared<WebAuthenticator>(&QDesktopServices::openUrl, clock);
     parts.openURL = [browser](const QUrl &url) { return browser->handleCallback(url); };
-    std::shared_ptr<NotificationCenter> center;
+    std::shared_ptr<FreedesktopNotificationCenter> center;
     std::shared_ptr<UserNotifier> notifier;
     if (isOwnProgram(options)) {
         center = std::make_shared<FreedesktopNotificationCenter>();
@@ -115,6 +115,8 @@ std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstanc
     }
     const StoreParts storeParts = makeStoreParts(clock, browser, notifier);
     const std::shared_ptr<Preferences> preferences = openPreferences(options, storeParts);
+    if (center)
+        center->rememberIn(preferences);
     parts.store = makeStore(options, preferences, storeParts);
     parts.badge = std::make_unique<LauncherEntryBadge>();
     parts.systemEvents = std::make_unique<LogindSystemEvents>();

@@ -35,6 +35,10 @@ public:
     /// be read, without the buttons.
     virtual void endAsks(const QStringList &alertIDs) = 0;
 
+    /// The alerts whose notifications an earlier run, that was killed, left on the screen, until each is removed or
+    /// delivered anew. They have been taken from the screen.
+    [[nodiscard]] virtual QStringList leftBehind() const = 0;
+
     /// Shows a message of the program itself, about no alert; pressing it opens the main window. A later one with the
     /// same `identifier` replaces it.
     virtual void deliverMessage(const QString &identifier, const QString &title, const QString &message) = 0;

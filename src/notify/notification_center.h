@@ -44,6 +44,9 @@ public:
     /// Takes back notifications, shown or on their way.
     virtual void remove(const QStringList &identifiers) = 0;
     virtual void removeAll() = 0;
+    /// The requests whose notifications an earlier run left behind, which are taken back unasked; until each is removed
+    /// or added anew, over any number of runs.
+    [[nodiscard]] virtual QStringList leftBehind() const = 0;
 
     /// Who hears of responses; empty for nobody.
     virtual void setResponseHandler(ResponseHandler handler) = 0;

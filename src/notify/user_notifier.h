@@ -27,6 +27,7 @@ public:
     void removeAll() override;
     void deliverRefusal(const Alert &alert, const std::optional<QString> &workspaceName,
                         const AnswerRefusal &refusal) override;
+    [[nodiscard]] QStringList leftBehind() const override { return m_center->leftBehind(); }
     void endAsks(const QStringList &alertIDs) override;
     void deliverMessage(const QString &identifier, const QString &title, const QString &message) override;
 

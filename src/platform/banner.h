@@ -58,6 +58,7 @@ public:
     [[nodiscard]] Banner *nextToSend();
     [[nodiscard]] bool isAnySending() const;
     [[nodiscard]] QStringList requestIdentifiers() const;
+    [[nodiscard]] const QList<Banner> &all() const { return m_banners; }
 
     /// Notes under which number that server shows the banner. A number that stood for another one does so no longer.
     void number(Banner &banner, const QString &server, uint number);

@@ -19,10 +19,6 @@ namespace {
 /// reply but the banner itself, so it may take as long as the server lives.
 constexpr std::chrono::milliseconds asLongAsItTakes{std::numeric_limits<int>::max()};
 
-/// Reasons of NotificationClosed. Only these two end a banner for good.
-constexpr uint dismissedByPerson = 2;
-constexpr uint closedByCall = 3;
-
 bool isFromNobody(const QDBusMessage &error)
 {
     return error.errorName() == QStringLiteral("org.freedesktop.DBus.Error.ServiceUnknown") ||
@@ -40,6 +36,16 @@ FreedesktopNotificationCenter::FreedesktopNotificationCenter(QObject *parent)
 FreedesktopNotificationCenter::~FreedesktopNotificationCenter()
 {
     removeAll();
+    record();
+}
+
+void FreedesktopNotificationCenter::rememberIn(std::shared_ptr<Preferences> preferences)
+{
+    m_record = BannerRecord(std::move(preferences));
+    if (!m_record.mayBeShown())
+        return;
+    listen();
+    sendWaiting();
 }
 
 QCoro::Task<AuthorizationStatus> FreedesktopNotificationCenter::authorizationStatus()
@@ -94,11 +100,13 @@ void FreedesktopNotificationCenter::remove(const QStringList &identifiers)
 {
     for (const QString &identifier : identifiers)
         withdraw(identifier);
+    m_record.forget(identifiers);
+    recordSoon();
 }
 
 void FreedesktopNotificationCenter::removeAll()
 {
-    remove(m_banners.requestIdentifiers());
+    remove(m_banners.requestIdentifiers() + m_record.leftBehind());
 }
 
 void FreedesktopNotificationCenter::setResponseHandler(ResponseHandler handler)
@@ -125,6 +133,7 @@ void FreedesktopNotificationCenter::noteOwner(const QString &, const QString &, 
     if (m_server && m_server->owner != newOwner)
         m_server.reset();
     m_banners.keepOnly(newOwner);
+    recordSoon();
 }
 
 void FreedesktopNotificationCenter::sendWaiting()
@@ -153,10 +162,36 @@ QCoro::Task<> FreedesktopNotificationCenter::readServer(QPointer<FreedesktopNoti
     }
     center->m_isReadingServer = false;
     center->m_server = server;
-    if (server)
-        center->sendWaiting();
-    else
+    if (!server) {
         center->m_banners.forgetUnsent();
+        co_return;
+    }
+    center->m_busIdentifier = server->bus;
+    center->closeLeftBehind();
+    center->sendWaiting();
+}
+
+void FreedesktopNotificationCenter::closeLeftBehind()
+{
+    for (const uint number : m_record.takeNumbers(m_busIdentifier, m_server->owner)) {
+        QDBusMessage call = notificationCall(QStringLiteral("CloseNotification"), m_server->owner);
+        call << number;
+        m_bus.send(call);
+    }
+    recordSoon();
+}
+
+/// What happens in one turn of the event loop is written once.
+void FreedesktopNotificationCenter::recordSoon()
+{
+    if (!std::exchange(m_recordsSoon, true))
+        QMetaObject::invokeMethod(this, &FreedesktopNotificationCenter::record, Qt::QueuedConnection);
+}
+
+void FreedesktopNotificationCenter::record()
+{
+    m_recordsSoon = false;
+    m_record.keep(m_banners.all(), m_busIdentifier);
 }
 
 void FreedesktopNotificationCenter::send(Banner &banner)
@@ -198,6 +233,7 @@ void FreedesktopNotificationCenter::noteSent(const NotificationRequest &request,
     if (reply.type() == QDBusMessage::ReplyMessage) {
         m_banners.number(*banner, reply.service(), reply.arguments().value(0).toUInt());
         banner->stage = Banner::Stage::shown;
+        m_record.forget({request.identifier});
     } else if (isFromNobody(reply) && !banner->isWithdrawn) {
         // The server had just left; its successor gets what it never saw.
         m_server.reset();
@@ -213,6 +249,7 @@ void FreedesktopNotificationCenter::noteSent(const NotificationRequest &request,
         handle(event);
     if (!m_banners.isAnySending())
         m_early.clear();
+    recordSoon();
     sendWaiting();
 }
 
@@ -238,59 +275,6 @@ void FreedesktopNotificationCenter::close(Banner &banner) const
     QDBusMessage call = notificationCall(QStringLiteral("CloseNotification"), banner.server);
     call << banner.number;
     m_bus.send(call);
-}
-
-void FreedesktopNotificationCenter::handle(const BannerEvent &event)
-{
-    Banner *const banner = m_banners.find(event.server, event.number);
-    if (!banner) {
-        if (m_banners.isAnySending())
-            m_early.keep(event);
-        return;
-    }
-    switch (event.kind) {
-    case BannerEvent::Kind::action:
-        if (const std::optional<QString> identifier = actionIdentifierOf(event.text, banner->offeredKeys))
-            respond(*banner, *identifier, std::nullopt);
-        break;
-    case BannerEvent::Kind::reply:
-        if (banner->offeredKeys.contains(inlineReplyKey))
-            respond(*banner, replyActionIdentifier, event.text);
-        break;
-    case BannerEvent::Kind::closed:
-        handleClosed(*banner, event.reason);
-        break;
-    case BannerEvent::Kind::activationToken:
-        banner->activationToken = event.text;
-        break;
-    }
-}
-
-/// That a banner is gone is never an answer, whatever the reason; the question still waits.
-void FreedesktopNotificationCenter::handleClosed(Banner &banner, uint reason)
-{
-    const bool isOver = reason == dismissedByPerson || reason == closedByCall;
-    if (isOver)
-        m_banners.forgetNumber(banner.requestIdentifier);
-    else if (banner.stage == Banner::Stage::shown)
-        banner.stage = Banner::Stage::expired;
-}
-
-void FreedesktopNotificationCenter::respond(Banner &banner, const QString &actionIdentifier,
-                                            const std::optional<QString> &text)
-{
-    const NotificationResponse response{
-        .payload = banner.payload,
-        .actionIdentifier = actionIdentifier,
-        .text = text,
-        .activationToken = std::exchange(banner.activationToken, {}),
-    };
-    // A response uses the banner up: a question that stays on the screen would invite a second answer.
-    close(banner);
-    m_banners.forgetNumber(banner.requestIdentifier);
-    // Last: what the response leads to may well take the banner back, or show it anew.
-    if (m_responseHandler)
-        m_responseHandler(response);
 }
 
 } // namespace pingwell

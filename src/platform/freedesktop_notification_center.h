@@ -3,6 +3,7 @@
 #include "notify/notification_center.h"
 #include "platform/banner.h"
 #include "platform/banner_event_source.h"
+#include "platform/banner_record.h"
 #include "platform/notification_server.h"
 
 #include <QDBusConnection>
@@ -30,6 +31,10 @@ public:
     /// Takes every notification back: nobody would hear of an answer any more.
     ~FreedesktopNotificationCenter() override;
 
+    /// Remembers in `preferences` what is on the screen, and takes back what an earlier run, that was killed, left
+    /// there.
+    void rememberIn(std::shared_ptr<Preferences> preferences);
+
     /// A server that answers shows them, unless the desktop's own switch for this program is off.
     QCoro::Task<AuthorizationStatus> authorizationStatus() override;
     /// These desktops have no such question.
@@ -40,6 +45,7 @@ public:
     void add(const NotificationRequest &request) override;
     void remove(const QStringList &identifiers) override;
     void removeAll() override;
+    [[nodiscard]] QStringList leftBehind() const override { return m_record.leftBehind(); }
     void setResponseHandler(ResponseHandler handler) override;
 
 private:
@@ -49,6 +55,9 @@ private:
     void send(Banner &banner);
     void noteSent(const NotificationRequest &request, const QDBusMessage &reply);
     void withdraw(const QString &identifier);
+    void closeLeftBehind();
+    void recordSoon();
+    void record();
     void close(Banner &banner) const;
     void handle(const BannerEvent &event);
     void handleClosed(Banner &banner, uint reason);
@@ -69,6 +78,9 @@ private:
     QHash<QString, QList<NotificationAction>> m_actions;
     BannerList m_banners;
     EarlyBannerEvents m_early;
+    BannerRecord m_record;
+    QString m_busIdentifier;
+    bool m_recordsSoon = false;
     ResponseHandler m_responseHandler;
 };
 

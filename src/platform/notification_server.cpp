@@ -11,11 +11,16 @@ QDBusMessage notificationCall(const QString &method, const QString &server)
 
 QCoro::Task<std::optional<NotificationServer>> readNotificationServer(QDBusConnection bus)
 {
-    // Both are under way before the first is awaited.
+    const QString busService = QStringLiteral("org.freedesktop.DBus");
+    const QDBusMessage busQuestion = QDBusMessage::createMethodCall(busService, QStringLiteral("/org/freedesktop/DBus"),
+                                                                    busService, QStringLiteral("GetId"));
+    // All are under way before the first is awaited.
     BusCall askName(bus, notificationCall(QStringLiteral("GetServerInformation")), longestServerQuestion);
     BusCall askCapabilities(bus, notificationCall(QStringLiteral("GetCapabilities")), longestServerQuestion);
+    BusCall askBus(bus, busQuestion, longestServerQuestion);
     const QDBusMessage information = co_await askName;
     const QDBusMessage capabilities = co_await askCapabilities;
+    const QDBusMessage busIdentifier = co_await askBus;
 
     std::optional<NotificationServer> server;
     const bool areReplies =
@@ -29,6 +34,7 @@ QCoro::Task<std::optional<NotificationServer>> readNotificationServer(QDBusConne
     server->drawsActions = words.contains(QStringLiteral("actions"));
     server->readsMarkup = words.contains(QStringLiteral("body-markup"));
     server->takesReplies = server->drawsActions && words.contains(QStringLiteral("inline-reply"));
+    server->bus = busIdentifier.arguments().value(0).toString();
     co_return server;
 }
 

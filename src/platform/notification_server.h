@@ -22,6 +22,8 @@ struct NotificationServer
     bool drawsActions = false;
     bool readsMarkup = false;
     bool takesReplies = false;
+    /// Identifies the bus among all there ever were: unique names repeat after a restart of the computer.
+    QString bus;
 
     friend bool operator==(const NotificationServer &, const NotificationServer &) = default;
 };

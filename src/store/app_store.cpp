@@ -43,6 +43,7 @@ AppStore::AppStore(SeedData seed, bool signedIn, std::shared_ptr<Preferences> de
     if (m_backend) {
         check(m_backend->heartbeatEvery != 0 && m_backend->invitesEvery != 0, "a poll count of the backend is zero");
         openStoredSession();
+        findLeftAsks();
         restoreSession();
     } else {
         StartSteps::restoreDemoAccount(*this, signedIn);

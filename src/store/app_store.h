@@ -10,6 +10,7 @@
 #include "model/toast.h"
 #include "store/attention.h"
 #include "store/backend.h"
+#include "store/left_asks.h"
 #include "store/mutation_count.h"
 #include "store/notification_mark.h"
 #include "store/refused_session.h"
@@ -348,6 +349,10 @@ private:
     void withdrawNotifications(const QStringList &alertIDs);
     /// Takes the buttons from the screen that ask for answers to what waits for none any more.
     void endNotifications();
+    /// Takes note of what a killed run left on the screen, before the preferences forget whose it was.
+    void findLeftAsks();
+    /// Announces again, once, what of it still waits.
+    void settleLeftAsks();
     [[nodiscard]] std::optional<QString> workspaceName(const QString &workspaceID) const;
     /// Tells the service of a change already made here; a demo has nobody to tell.
     void mutate(Rollback rollback, Operation operation, Refused refused = {});
@@ -446,6 +451,7 @@ private:
     NotificationMark m_notificationMark;
     UnreadOverrides m_unreadOverrides;
     WaitingAsks m_waitingAsks;
+    LeftAsks m_leftAsks;
     bool m_toldOfForgetting = false;
     /// The dashboard last merged, and the epoch it was merged in: the same bytes in the same epoch change nothing.
     QByteArray m_appliedBody;

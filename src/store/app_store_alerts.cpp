@@ -157,10 +157,4 @@ void AppStore::AlertSteps::makeUnread(AppStore &store, const QSet<QString> &aler
     store.set(store.m_alerts, alerts, &AppStore::alertsChanged);
 }
 
-void AppStore::withdrawNotifications(const QStringList &alertIDs)
-{
-    if (m_backend && m_backend->notifier)
-        m_backend->notifier->remove(alertIDs);
-}
-
 } // namespace pingwell

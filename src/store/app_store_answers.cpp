@@ -114,13 +114,6 @@ void AppStore::AnswerSteps::tellRefusalOfGone(const AppStore &store, const QStri
         store.m_backend->notifier->deliverMessage(alertID, QStringLiteral("Your answer didn't go through"), reason);
 }
 
-void AppStore::endNotifications()
-{
-    const QStringList ended = m_waitingAsks.endedIn(m_alerts, m_now);
-    if (!ended.isEmpty() && m_backend && m_backend->notifier)
-        m_backend->notifier->endAsks(ended);
-}
-
 QCoro::Task<> AppStore::AnswerSteps::send(QPointer<AppStore> store, APIClientPtr client, Alert alert, QString answer)
 {
     try {

@@ -42,6 +42,7 @@ void AppStore::applyDashboard(FetchedDashboard fetched)
         m_appliedEpoch = m_mutations.epoch();
         // There may be a deadline before the next tick.
         takeTime();
+        settleLeftAsks();
     } else {
         // At the first dashboard of a run it was not known yet what had vanished.
         m_unreadOverrides.keepOnly(m_alerts);

@@ -19,6 +19,8 @@ inline const QString unreadAlerts = QStringLiteral("pingwell.alerts.unread");
 inline const QString lastNotifiedAt = QStringLiteral("pingwell.notifications.lastAt");
 inline const QString lastNotifiedOwner = QStringLiteral("pingwell.notifications.owner");
 inline const QString notifiedAhead = QStringLiteral("pingwell.notifications.ahead");
+/// One text a notification that is on the screen: bus, server, number, identifier.
+inline const QString shownNotifications = QStringLiteral("pingwell.notifications.shown");
 inline const QString promptDismissed = QStringLiteral("pingwell.notifications.promptDismissed");
 
 /// One device identifier for each server.

@@ -25,6 +25,7 @@ public:
     void add(const NotificationRequest &request) override { added.append(request); }
     void remove(const QStringList &identifiers) override { removed << identifiers; }
     void removeAll() override { ++removedAll; }
+    QStringList leftBehind() const override { return {}; }
     void setResponseHandler(ResponseHandler handler) override { responseHandler = std::move(handler); }
 
     AuthorizationStatus status = AuthorizationStatus::authorized;

@@ -1,4 +1,6 @@
 #include "platform/freedesktop_notification_center.h"
+#include "store/preference_keys.h"
+#include "support/memory_preferences.h"
 #include "support/scripted_notification_server.h"
 
 #include <QElapsedTimer>
@@ -219,6 +221,52 @@ private slots:
         QVERIFY(m_server->closed().isEmpty());
         settle();
         QVERIFY(m_server->closed().contains(first));
+    }
+
+    void takesBackWhatAKilledRunLeft()
+    {
+        const auto preferences = std::make_shared<MemoryPreferences>();
+        const auto kept = [&] {
+            return preferences->strings(preference_keys::shownNotifications).value_or(QStringList());
+        };
+        m_center->rememberIn(preferences);
+        const uint left = show(u"a b\nc"_s);
+        settle();
+        const uint answered = show(u"answered"_s);
+        m_server->invokeAction(answered, u"answer.0"_s);
+        settle();
+        const QStringList atTheKill = kept();
+        QCOMPARE(atTheKill.size(), 1);
+        QVERIFY2(!atTheKill.join(QString()).contains(u"Ship it"), "a text is kept in a file");
+        m_center.reset();
+        QVERIFY2(kept().isEmpty(), "it ended in order");
+        QTRY_VERIFY(m_server->closed().contains(left));
+
+        const struct
+        {
+            QString line;
+            bool isClosed;
+        } rows[] = {{atTheKill.constFirst(), true},
+                    {QString(atTheKill.constFirst()).replace(0, 1, u'x'), false},
+                    {QString(atTheKill.constFirst()).replace(u" :"_s, u" :9"_s), false},
+                    {u"damaged"_s, false}};
+        for (const auto &row : rows) {
+            const auto before = m_server->closed().count(left);
+            preferences->setStrings(preference_keys::shownNotifications, {row.line});
+            m_center = std::make_unique<FreedesktopNotificationCenter>();
+            m_center->setResponseHandler(
+                [this](const NotificationResponse &response) { m_responses << written(response); });
+            m_center->rememberIn(preferences);
+            settle();
+            QCOMPARE(m_server->closed().count(left), before + (row.isClosed ? 1 : 0));
+            // Its question is remembered until it is dealt with.
+            const QStringList question{row.line == u"damaged" ? QStringList() : QStringList{u"a b\nc"_s}};
+            QCOMPARE(m_center->leftBehind(), question);
+            QCOMPARE(kept().join(u'|').count(u"a b\nc"_s), question.size());
+            m_center->remove(question);
+            settle();
+            QVERIFY(m_center->leftBehind().isEmpty() && !kept().join(u'|').contains(u"a b\nc"_s));
+        }
     }
 
     void replacesItsOwnOnly()

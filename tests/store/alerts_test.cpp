@@ -1,3 +1,4 @@
+#include "auth/account_record.h"
 #include "store/preference_keys.h"
 #include "store_fixture.h"
 
@@ -132,6 +133,42 @@ private slots:
         m->clock->advance(std::chrono::seconds(30));
         m->settle();
         QCOMPARE(m->notifier->ended, (QStringList{a1, a2, a3}));
+    }
+
+    void aKilledRunsAsksAreAnnouncedAgainOnce_data()
+    {
+        QTest::addColumn<QString>("server");
+        QTest::addColumn<QString>("email");
+        QTest::addColumn<QStringList>("again");
+        QTest::newRow("same session") << u"https://pingwell.test"_s << u"me@x.y"_s << QStringList{a1};
+        QTest::newRow("another server") << u"https://other.test"_s << u"me@x.y"_s << QStringList();
+        QTest::newRow("another account") << u"https://pingwell.test"_s << u"you@x.y"_s << QStringList();
+    }
+
+    void aKilledRunsAsksAreAnnouncedAgainOnce()
+    {
+        QFETCH(QString, server);
+        QFETCH(QString, email);
+        const auto account = [](const QString &address) {
+            return Account{.name = u"Me"_s, .email = address, .provider = AuthProvider::google, .plan = {}};
+        };
+        m->preferences->setString(preference_keys::sessionBaseURL, server);
+        m->preferences->setData(preference_keys::sessionAccount, encodedAccount(account(email)));
+        m->notifier->left = {a1, u"answered"_s, u"gone"_s, u"notice"_s};
+        const DashboardJSON dashboard{.alerts = {askJSON(a1, 7200),
+                                                 askJSON(u"answered"_s, 60, {{u"answer"_s, u"Deny"_s}}),
+                                                 alertJSON(u"notice"_s, 60), askJSON(u"never announced"_s, 60)}};
+        m->start();
+        store().persistSession(u"token-2"_s, QUrl(u"https://pingwell.test"_s), account(u"me@x.y"_s));
+        m->refreshWith(dashboard);
+        QTEST(m->notifier->delivered, "again");
+        QStringList dropped = m->notifier->left;
+        for (const QString &id : m->notifier->delivered)
+            dropped.removeAll(id);
+        QCOMPARE(m->notifier->removed, dropped);
+        m->refreshWith({.alerts = {askJSON(a1, 7200)}});
+        QCOMPARE(m->notifier->removed, dropped);
+        QTEST(m->notifier->delivered, "again");
     }
 
     void deletingClearsWhatShowsIt()

@@ -28,6 +28,8 @@ public:
 
     void endAsks(const QStringList &alertIDs) override { ended << alertIDs; }
 
+    QStringList leftBehind() const override { return left; }
+
     void deliverMessage(const QString &identifier, const QString &title, const QString &message) override
     {
         messages << identifier + QStringLiteral(": ") + title + QStringLiteral(" | ") + message;
@@ -38,6 +40,7 @@ public:
     int removedAll = 0;
     QStringList refused;
     QStringList ended;
+    QStringList left;
     /// "<identifier>: <title> | <message>".
     QStringList messages;
 

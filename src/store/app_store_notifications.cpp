@@ -1,0 +1,36 @@
+#include "store/app_store.h"
+
+namespace pingwell {
+
+void AppStore::withdrawNotifications(const QStringList &alertIDs)
+{
+    if (m_backend && m_backend->notifier)
+        m_backend->notifier->remove(alertIDs);
+}
+
+void AppStore::endNotifications()
+{
+    const QStringList ended = m_waitingAsks.endedIn(m_alerts, m_now);
+    if (!ended.isEmpty() && m_backend && m_backend->notifier)
+        m_backend->notifier->endAsks(ended);
+}
+
+void AppStore::findLeftAsks()
+{
+    if (m_backend->notifier && m_defaults)
+        m_leftAsks = LeftAsks(m_backend->notifier->leftBehind(), *m_defaults);
+}
+
+void AppStore::settleLeftAsks()
+{
+    if (!m_backend->notifier || !m_account)
+        return;
+    const LeftAsks::Fate fate = m_leftAsks.settle(m_client->baseURL(), m_account->email, m_alerts, m_now);
+    if (!fate.dropped.isEmpty())
+        m_backend->notifier->remove(fate.dropped);
+    const bool namesWorkspaces = m_workspaces.size() > 1;
+    for (const Alert &alert : fate.announced)
+        m_backend->notifier->deliver(alert, namesWorkspaces ? workspaceName(alert.workspaceId) : std::nullopt, false);
+}
+
+} // namespace pingwell
