@@ -374,14 +374,17 @@ private slots:
     /// What the same bytes mean depends on what else happened.
     void theSameBytesStillApplyTheRest()
     {
-        m->preferences->setStrings(preference_keys::unreadAlerts, {u"gone"_s});
-        startLoop();
+        const DashboardJSON dashboard = withAlerts({alertJSON(a1, 60)});
+        m->transport->plan("GET", "/auth/user-data", ScriptedAnswer::raw(200, user));
+        m->startLoopWith(dashboard, "[]");
         QCOMPARE(store().account()->plan, u"Cloud"_s);
-        QCOMPARE(store().devices().size(), 1);
         poll(1);
         QCOMPARE(store().account()->plan, u"Pro"_s);
+        m->transport->plan("POST", "/devices", ScriptedAnswer::data(device));
+        m->startLoopWith(dashboard, "[]");
+        QCOMPARE(store().devices().size(), 1);
+        poll(1);
         QCOMPARE(store().devices().size(), 0);
-        QCOMPARE(m->preferences->strings(preference_keys::unreadAlerts), std::optional(QStringList()));
         m->preferences->setStrings(preference_keys::unreadAlerts, {u"gone"_s});
         m->start();
         m->refreshWith(withAlerts({}));
