@@ -11,7 +11,7 @@ namespace {
 
 NotificationServer server(const QString &name, bool readsMarkup = false, bool takesReplies = false)
 {
-    return {u":1.1"_s, name, true, readsMarkup, takesReplies};
+    return {u":1.1"_s, name, true, readsMarkup, takesReplies, {}};
 }
 
 QList<NotificationAction> choices(const QStringList &titles)
