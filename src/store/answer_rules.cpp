@@ -32,9 +32,8 @@ std::optional<AnswerRefusal> refusalOf(const std::optional<Alert> &alert, std::o
         return AnswerRefusal{.reason = closed, .canAnswerAgain = false};
     if (alert->validatedAnswer(answer))
         return std::nullopt;
-    return AnswerRefusal{.reason = alert->acceptsText()
-                                       ? QStringLiteral("An answer has 1 to 1000 characters.")
-                                       : QStringLiteral("The agent no longer offers this choice."),
+    return AnswerRefusal{.reason = alert->acceptsText() ? QStringLiteral("An answer has 1 to 1000 characters.")
+                                                        : QStringLiteral("The agent no longer offers this choice."),
                          .canAnswerAgain = true};
 }
 

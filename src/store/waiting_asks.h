@@ -13,7 +13,8 @@ namespace pingwell {
 class WaitingAsks
 {
 public:
-    /// Looks at all of `alerts`; the ids of the asks that waited before and don't at `now`: answered, timed out or gone.
+    /// Looks at all of `alerts`; the ids of the asks that waited before and don't at `now`: answered, timed out or
+    /// gone.
     [[nodiscard]] QStringList endedIn(const QList<Alert> &alerts, Instant now);
     /// Whether an ask may have timed out by `now`: between two changes of the alerts nothing else ends one.
     [[nodiscard]] bool mayEndBy(Instant now) const { return m_nextDeadline && *m_nextDeadline <= now; }
