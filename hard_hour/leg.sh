@@ -37,7 +37,7 @@ running() { kill -0 "$program" 2>/dev/null; }
 keys() { xdotool key --delay 40 "$@"; }
 time_is_up() { ((SECONDS >= minutes * 60)); }
 
-announced() { grep -q 'listening on' "$1"; }
+announced() { grep -q 'listening on' "$1" 2>/dev/null; }
 
 # start_service NAME: sets `address`, and the service's first alerts to none.
 start_service() {
