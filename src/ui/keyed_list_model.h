@@ -22,6 +22,7 @@ namespace pingwell {
 
 /// A list of value rows known by id. It never resets: given its next rows, it removes, moves and inserts only what
 /// differs and announces only the rows whose value changed, so that a view keeps its focus, caret and scroll position.
+/// Where very much differs it removes and inserts rows that stay, too; `idAt` and `rowOf` find them again.
 class KeyedListModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -40,6 +41,8 @@ public:
     [[nodiscard]] int count() const { return int(m_rows.size()); }
     /// Where the row with that id is now; -1 when it isn't here.
     Q_INVOKABLE int rowOf(const QString &id) const;
+    /// The id of a row; empty for one that isn't there.
+    [[nodiscard]] QString idAt(int row) const { return m_rows.value(row).id; }
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override { return m_roleNames; }

@@ -8,11 +8,13 @@
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 
+#include <optional>
+
 namespace pingwell {
 
 /// Keeps what a list shows where it is while rows come, go and move around it. A list at its very top stays there, and
 /// shows what comes. The list is a vertical ListView whose rows are all of one height and stand without gaps; its model
-/// must never reset.
+/// must never reset. The keyboard's place follows its row, too, where a keyed model replaces many rows at once.
 class ListAnchor : public QObject
 {
     Q_OBJECT
@@ -41,11 +43,17 @@ private:
     struct Place
     {
         QPersistentModelIndex row;
+        /// Finds the row again where it was removed and inserted anew; empty where the model knows none.
+        QString id;
         double offset = 0;
     };
 
     void hold();
     void release();
+    [[nodiscard]] Place placeOf(int row, double offset) const;
+    /// Where the row is now; -1 when it is gone.
+    [[nodiscard]] int rowOf(const Place &place) const;
+    void followCurrentRow();
     [[nodiscard]] double top() const;
 
     QPointer<QQuickItem> m_view;
@@ -53,8 +61,10 @@ private:
     double m_rowHeight = 0;
     bool m_isHolding = false;
     bool m_wasAtTop = false;
-    /// From the upper edge down.
+    /// The best to hold on to first: the one that the keyboard is at, then from the upper edge down.
     QList<Place> m_places;
+    /// The row that the keyboard is at.
+    std::optional<Place> m_current;
 };
 
 } // namespace pingwell

@@ -66,12 +66,12 @@ std::vector<bool> longestRising(const std::vector<qsizetype> &values)
     return rising;
 }
 
-/// `order` holds the wanted ranks of the rows that stay, as they stand. Each one outside a longest rising run goes
-/// behind the row that is to stand before it.
-void appendMoves(QList<ListStep> &steps, std::vector<qsizetype> order)
+/// Which rows have to move, by their wanted ranks in rising order: those outside a longest rising run. `order` holds
+/// the wanted ranks of the rows that stay, as they stand.
+std::vector<qsizetype> ranksToMove(const std::vector<qsizetype> &order)
 {
     if (std::is_sorted(order.begin(), order.end()))
-        return;
+        return {};
     const std::vector<bool> stays = longestRising(order);
     std::vector<qsizetype> moved;
     for (size_t index = 0; index < order.size(); ++index) {
@@ -79,6 +79,12 @@ void appendMoves(QList<ListStep> &steps, std::vector<qsizetype> order)
             moved.push_back(order[index]);
     }
     std::sort(moved.begin(), moved.end());
+    return moved;
+}
+
+/// Each moved row goes behind the row that is to stand before it.
+void appendMoves(QList<ListStep> &steps, std::vector<qsizetype> order, const std::vector<qsizetype> &moved)
+{
     for (const qsizetype rank : moved) {
         const auto from = std::find(order.begin(), order.end(), rank);
         const qsizetype first = from - order.begin();
@@ -120,6 +126,22 @@ std::vector<qsizetype> ranksOfKept(const QStringList &before, const QStringList 
     return order;
 }
 
+/// The steps between two lists that differ at both ends.
+QList<ListStep> stepsBetween(const QStringList &before, const QStringList &after)
+{
+    QList<ListStep> steps;
+    const Positions present = positionsOf(before);
+    appendRemovals(steps, before, positionsOf(after));
+    const std::vector<qsizetype> order = ranksOfKept(before, after, present);
+    const std::vector<qsizetype> moved = ranksToMove(order);
+    if (qsizetype(moved.size()) <= maximumListSteps)
+        appendMoves(steps, order, moved);
+    appendInsertions(steps, after, present);
+    if (qsizetype(moved.size()) > maximumListSteps || steps.size() > maximumListSteps)
+        return {{ListStep::Kind::remove, 0, before.size(), 0}, {ListStep::Kind::insert, 0, after.size(), 0}};
+    return steps;
+}
+
 } // namespace
 
 QList<ListStep> listSteps(const QStringList &wholeBefore, const QStringList &wholeAfter)
@@ -127,14 +149,8 @@ QList<ListStep> listSteps(const QStringList &wholeBefore, const QStringList &who
     // Most changes are small: what is alike at either end is not looked at twice.
     const qsizetype head = commonHead(wholeBefore, wholeAfter);
     const qsizetype tail = commonTail(wholeBefore, wholeAfter, head);
-    const QStringList before = wholeBefore.mid(head, wholeBefore.size() - head - tail);
-    const QStringList after = wholeAfter.mid(head, wholeAfter.size() - head - tail);
-
-    QList<ListStep> steps;
-    const Positions present = positionsOf(before);
-    appendRemovals(steps, before, positionsOf(after));
-    appendMoves(steps, ranksOfKept(before, after, present));
-    appendInsertions(steps, after, present);
+    QList<ListStep> steps = stepsBetween(wholeBefore.mid(head, wholeBefore.size() - head - tail),
+                                         wholeAfter.mid(head, wholeAfter.size() - head - tail));
     for (ListStep &step : steps) {
         step.first += head;
         step.to += step.kind == ListStep::Kind::move ? head : 0;

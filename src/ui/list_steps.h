@@ -21,9 +21,13 @@ struct ListStep
     friend bool operator==(const ListStep &, const ListStep &) = default;
 };
 
+/// The most steps that a change is taken in: each costs time in proportion to the length of the list.
+inline constexpr qsizetype maximumListSteps = 200;
+
 /// The steps that turn `before` into `after`, to be taken in order: removals from the end, then moves, then insertions
 /// from the start, neighbours taken together. Rows that keep their order among themselves are left alone, and as many
-/// as possible do. The ids of each list are distinct.
+/// as possible do. Where that would take more than `maximumListSteps`, everything from the first to the last row that
+/// differs is removed in one step and inserted in another. The ids of each list are distinct.
 [[nodiscard]] QList<ListStep> listSteps(const QStringList &before, const QStringList &after);
 
 } // namespace pingwell

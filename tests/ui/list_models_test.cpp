@@ -108,6 +108,22 @@ private slots:
         QCOMPARE(count("abcdef", "fbcdea"), 2);
         QCOMPARE(count("abcdef", "xfcyad"), 6);
         QCOMPARE(count("abcde", "edcba"), 4);
+        // Of very many differences, whatever their kind, one removal and one insertion are made.
+        QString all;
+        for (char16_t letter = 1; letter <= 600; ++letter)
+            all += QChar(letter);
+        const QStringList forwards = letters(all);
+        const QStringList backwards(forwards.rbegin(), forwards.rend());
+        QStringList fewer;
+        for (qsizetype index = 0; index < forwards.size(); index += 2)
+            fewer << forwards.at(index);
+        for (const QStringList &other : {backwards, fewer}) {
+            for (const auto &[before, after] : {std::pair(forwards, other), std::pair(other, forwards)}) {
+                const auto steps = listSteps(before, after);
+                QCOMPARE(steps.size(), 2);
+                QCOMPARE(applied(before, steps, after), after);
+            }
+        }
     }
 
     void stepsOfManyRandomLists()
