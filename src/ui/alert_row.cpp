@@ -47,6 +47,7 @@ AlertRow alertRow(const AlertSnapshot &snapshot)
     row.acceptsText = alert.acceptsText();
     row.actions = alert.actions;
     row.actionLabels = choiceLabels(alert.actions);
+    row.furtherChoices = int(alert.furtherChoices);
     row.placeholder = displayLine(alert.placeholder.value_or(QString()));
     row.at = millisecondsFromInstant(alert.at);
     row.expiresAt =

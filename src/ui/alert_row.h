@@ -30,6 +30,7 @@ struct AlertRow
     Q_PROPERTY(bool acceptsText MEMBER acceptsText FINAL)
     Q_PROPERTY(QStringList actions MEMBER actions FINAL)
     Q_PROPERTY(QStringList actionLabels MEMBER actionLabels FINAL)
+    Q_PROPERTY(int furtherChoices MEMBER furtherChoices FINAL)
     Q_PROPERTY(QString placeholder MEMBER placeholder FINAL)
     Q_PROPERTY(double at MEMBER at FINAL)
     Q_PROPERTY(double expiresAt MEMBER expiresAt FINAL)
@@ -54,6 +55,8 @@ public:
     /// The answers offered, word for word, and how they read; equally many.
     QStringList actions;
     QStringList actionLabels;
+    /// How many more answers the ask offers, which are not kept.
+    int furtherChoices = 0;
     QString placeholder;
     /// Milliseconds since 1970; positive infinity where there is no deadline.
     double at = 0;

@@ -16,6 +16,7 @@ constexpr qsizetype longestNewlineRun = 3;
 constexpr char16_t wideBlanks[]{u'\u2800', u'\u3164', u'\uFFA0'};
 /// A text that begins with more than this that cannot be seen is not read further.
 constexpr qsizetype longestUnseenRun = fullDisplayLength;
+constexpr qsizetype searchedUnitsPerShownUnit = 16;
 
 bool isControl(char16_t unit)
 {
@@ -161,6 +162,9 @@ bool readsRightToLeft(const QString &text)
 
 DisplayText displayText(const QString &raw, qsizetype maximumLength)
 {
+    // Millions of invisible characters would hold the screen up and show nothing.
+    if (const qsizetype longest = searchedUnitsPerShownUnit * maximumLength; raw.size() > longest)
+        return {displayText(raw.left(longest), maximumLength).text, true};
     if (firstSeen(raw) == raw.size())
         return {};
     if (raw.size() <= maximumLength && isClean(raw))

@@ -17,7 +17,7 @@ inline constexpr qsizetype longestUnbrokenRun = 200;
 struct DisplayText
 {
     QString text;
-    /// The end was left out.
+    /// The end was left out, or was not looked at behind very many invisible characters.
     bool isCut = false;
 
     friend bool operator==(const DisplayText &, const DisplayText &) = default;

@@ -47,6 +47,7 @@ private slots:
         QVERIFY(!displayText(u"12345"_s, 5).isCut);
         QVERIFY(!displayText(u"12\u200B\u200B345"_s, 5).isCut);
         QCOMPARE(displayText(u"123456"_s, 5), (DisplayText{u"12345…"_s, true}));
+        QCOMPARE(displayText(QString(u"\u200B"_s.repeated(100) + u'1'), 5), (DisplayText{{}, true}));
         QCOMPARE(displayText(u"1234😀6"_s, 5), (DisplayText{u"1234…"_s, true}));
     }
 

@@ -304,6 +304,26 @@ private slots:
         QCOMPARE(screen.text(u"topics.new.name"_s), u"deploys"_s);
     }
 
+    void veryManyChoicesAreCounted()
+    {
+        Alert ask = makeChoice(u"a1"_s, u"Which?"_s, 1);
+        for (int index = 2; index < 100; ++index)
+            ask.actions << u"Choice %1"_s.arg(index);
+        ask.furtherChoices = 4900;
+        Screen screen(root, makeSeed({ask}));
+        screen.click(u"alert.row.a1"_s);
+        QCOMPARE(screen.count(u"detail\\.action\\..*"_s), 40);
+        QCOMPARE(screen.name(u"detail.furtherChoices"_s),
+                 u"Showing 40 of 5,000 choices. The others can't be chosen here."_s);
+        Screen panel(u"PopoverView"_s, screen.store());
+        QCOMPARE(panel.count(u"popover\\.ask\\.a1\\.action\\..*"_s), 8);
+        QCOMPARE(panel.name(u"popover.ask.a1.furtherChoices"_s),
+                 u"Showing 8 of 5,000 choices. The main window shows more."_s);
+        screen.store().answer(u"a1"_s, u"Choice 99"_s);
+        screen.settle();
+        QCOMPARE(screen.name(u"detail.answered"_s), u"You replied “Choice 99”"_s);
+    }
+
     void singleKeysStayOutOfFieldsAndSheets()
     {
         Screen screen(root, aDay());
@@ -376,6 +396,35 @@ private slots:
             for (auto row = before.cbegin(); row != before.cend(); ++row)
                 QCOMPARE(placeOf(screen, row.value()), row.key());
         }
+    }
+
+    void aNewOrderOfManyRowsKeepsThePlace()
+    {
+        QJsonArray turned;
+        for (int index = 0; index < 300; ++index)
+            turned.append(alertJSON(u"n%1"_s.arg(index), 1000 - index));
+        StoreFixture live;
+        live.startWith(notices(0, 299));
+        Screen screen(root, *live.store);
+        screen.find(u"inbox.list"_s)->setProperty("contentY", 700);
+        screen.settle();
+        screen.click(u"alert.row.n14"_s);
+        QCOMPARE(screen.focused(), u"alert.row.n14"_s);
+        const double before = placeOf(screen, u"n14"_s);
+
+        live.refreshWith(dashboardOf(turned));
+        screen.settle();
+        QCOMPARE(live.store->filteredAlerts().first().id, u"n299"_s);
+        QCOMPARE(screen.focused(), u"alert.row.n14"_s);
+        QCOMPARE(live.store->selectedAlertID(), u"n14"_s);
+        QCOMPARE(placeOf(screen, u"n14"_s), before);
+        screen.press(Qt::Key_Down);
+        QCOMPARE(screen.focused(), u"alert.row.n13"_s);
+
+        turned.append(5);
+        live.refreshWith(dashboardOf(turned));
+        screen.settle();
+        QVERIFY(screen.name(u"connection.leftOut"_s).endsWith(u"Not shown: 1 of 301 alerts."_s));
     }
 
     void bannerPushesNothingAway()

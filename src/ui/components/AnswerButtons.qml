@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Pingwell
 
-/** The answers an ask offers, in order; the last one is prominent. */
+/** The answers an ask offers, in order; the last one is prominent. Of very many the first ones, and how many there are. */
 Flow {
     id: root
 
@@ -11,6 +11,12 @@ Flow {
     required property string idPrefix
     required property int buttonHeight
     property int minimumWidth: 64
+    /** How many are drawn at most. */
+    property int limit: 40
+    /** Where those are that are not drawn. */
+    property string elsewhere: "The others can't be chosen here."
+    readonly property int total: root.alert.actions.length + root.alert.furtherChoices
+    readonly property int drawn: Math.min(root.limit, root.alert.actionLabels.length)
 
     /** One was chosen; the words are exactly those offered. */
     signal answered(text: string)
@@ -18,17 +24,27 @@ Flow {
     spacing: 6
 
     Repeater {
-        model: root.alert.actionLabels
+        model: root.drawn
         delegate: ActionButton {
             required property int index
-            required property string modelData
 
             objectName: root.idPrefix + ".action." + index
             width: Math.min(Math.max(implicitWidth, root.minimumWidth), root.width)
             fixedHeight: root.buttonHeight
-            label: modelData
-            prominent: index === root.alert.actionLabels.length - 1
+            label: root.alert.actionLabels[index] ?? ""
+            prominent: index === root.total - 1
             onClicked: root.answered(root.alert.actions[index])
         }
+    }
+
+    PlainText {
+        objectName: root.idPrefix + ".furtherChoices"
+        width: root.width
+        visible: root.drawn < root.total
+        text: "Showing " + root.drawn + " of " + root.total.toLocaleString(Qt.locale("en"), "f", 0) + " choices. "
+            + root.elsewhere
+        size: Theme.sizeSmall
+        color: Theme.textSecondary
+        wrapMode: Text.Wrap
     }
 }

@@ -44,12 +44,24 @@ Item {
         store: root.store
     }
 
+    LeftOutNote {
+        id: leftOut
+
+        anchors.left: edge.right
+        anchors.right: parent.right
+        anchors.top: banner.bottom
+        anchors.leftMargin: Theme.gap4
+        anchors.rightMargin: Theme.gap4
+        topPadding: Theme.gap2
+        store: root.store
+    }
+
     SectionScreens {
         id: screens
 
         anchors.left: edge.right
         anchors.right: parent.right
-        anchors.top: banner.bottom
+        anchors.top: leftOut.bottom
         anchors.bottom: parent.bottom
         store: root.store
         notifications: root.notifications

@@ -88,6 +88,8 @@ FocusScope {
                 alert: root.alert
                 idPrefix: root.identifier
                 buttonHeight: 24
+                limit: 8
+                elsewhere: "The main window shows more."
                 onAnswered: text => root.store.answer(root.alert.id, text)
             }
         }

@@ -9,7 +9,7 @@ ScrollArea {
 
     required property AppStore store
     /** How many asks are drawn at first, and how many more when the end of them comes near. */
-    readonly property int batch: 30
+    readonly property int batch: 10
 
     /** The person wants to see an alert in the main window. */
     signal alertRequested(alertID: string)
@@ -93,6 +93,13 @@ ScrollArea {
                 now: root.store.now
                 onClicked: root.alertRequested(alert.id)
             }
+        }
+
+        LeftOutNote {
+            x: 6
+            width: parent.width - 12
+            topPadding: Theme.gap2
+            store: root.store
         }
     }
 
