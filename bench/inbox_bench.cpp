@@ -4,6 +4,7 @@
 #include "sample_dashboard.h"
 #include "timing.h"
 #include "ui/engine.h"
+#include "window.h"
 
 #include <QGuiApplication>
 #include <QProcess>
@@ -18,37 +19,6 @@ namespace {
 
 using namespace pingwell;
 
-class PlainAppearance final : public Appearance
-{
-public:
-    [[nodiscard]] bool isDark() const override { return false; }
-    [[nodiscard]] bool isMotionReduced() const override { return true; }
-};
-
-/// What a turn of the event loop took at most while `done` was awaited.
-double longestTurn(const std::function<bool()> &done)
-{
-    QElapsedTimer turn;
-    double longest = 0;
-    while (!done()) {
-        turn.start();
-        QCoreApplication::processEvents(QEventLoop::AllEvents);
-        longest = std::max(longest, milliseconds(turn));
-    }
-    return longest;
-}
-
-/// Lets the next frame be drawn.
-void drawFrame(QQuickView &view)
-{
-    bool drawn = false;
-    const auto connection = QObject::connect(
-        &view, &QQuickWindow::frameSwapped, &view, [&drawn] { drawn = true; }, Qt::DirectConnection);
-    view.update();
-    longestTurn([&drawn] { return drawn; });
-    QObject::disconnect(connection);
-}
-
 std::unique_ptr<AppStore> loadedStore(const std::shared_ptr<OneBody> &transport, int alertCount)
 {
     auto store = storeFedBy(transport);
@@ -56,15 +26,6 @@ std::unique_ptr<AppStore> loadedStore(const std::shared_ptr<OneBody> &transport,
     store->refresh();
     longestTurn([&store] { return store->hasLoaded(); });
     return store;
-}
-
-void showRoot(QQuickView &view, AppStore &store)
-{
-    view.setResizeMode(QQuickView::SizeRootObjectToView);
-    view.setInitialProperties({{QStringLiteral("store"), QVariant::fromValue(&store)}});
-    view.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Pingwell/RootView.qml")));
-    if (view.status() != QQuickView::Ready)
-        qFatal("the main window does not load");
 }
 
 /// In a new process: from the application object to the first frame of the main window, the alerts being there already,
@@ -83,7 +44,7 @@ double firstFrame(int argc, char **argv, int alertCount)
     UiEngine engine(&appearance);
     QQuickView view(&engine, nullptr);
     if (store)
-        showRoot(view, *store);
+        showComponent(view, *store, QStringLiteral("RootView"));
     view.resize(1080, 680);
     view.show();
     drawFrame(view);
@@ -168,7 +129,7 @@ void measure(UiEngine &engine, int alertCount)
     const auto transport = std::make_shared<OneBody>();
     const auto store = loadedStore(transport, alertCount);
     QQuickView view(&engine, nullptr);
-    showRoot(view, *store);
+    showComponent(view, *store, QStringLiteral("RootView"));
     view.resize(1080, 680);
     view.show();
     drawFrame(view);
@@ -198,7 +159,7 @@ void measureSections(UiEngine &engine)
     store->refresh();
     longestTurn([&store] { return store->hasLoaded(); });
     QQuickView view(&engine, nullptr);
-    showRoot(view, *store);
+    showComponent(view, *store, QStringLiteral("RootView"));
     view.resize(1080, 680);
     view.show();
     std::printf("    500 members  opened: %.1f ms to its frame\n",
