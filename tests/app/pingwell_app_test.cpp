@@ -229,6 +229,7 @@ private slots:
     {
         StoreFixture service;
         service.start();
+        service.transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
         launch({}, true, std::move(service.store));
         emit m_events->wokeUp();
         QCOMPARE(service.transport->dropCount(), 1);
