@@ -62,7 +62,7 @@ public:
     double at = 0;
     double expiresAt = 0;
     bool read = false;
-    /// Empty for a notice, else "waiting", "answered" or "timedOut".
+    /// Empty for a notice, else "waiting", "answered" or "timedOut"; "gone" for an alert that exists no more.
     QString state;
     /// On one line each, shortened: the answer, and in one sentence what became of a timed-out ask.
     QString answer;

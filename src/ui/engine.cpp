@@ -24,9 +24,9 @@ NoNetwork &noNetwork()
 
 } // namespace
 
-UiEngine::UiEngine(Appearance *appearance, QObject *parent)
-    : QQmlEngine(parent)
-    , m_appearance(appearance)
+UiEngine::UiEngine(Appearance *appearance, MonotonicTime time)
+    : m_appearance(appearance)
+    , m_time(std::move(time))
 {
     static const bool registered = (QQuick_initializeModule(), qml_register_types_Pingwell(), true);
     Q_UNUSED(registered)

@@ -4,6 +4,9 @@
 
 #include <QQmlEngine>
 
+#include <chrono>
+#include <functional>
+
 namespace pingwell {
 
 /// The engine of every window: it knows the screens, draws the symbols, follows the desktop's appearance and refuses
@@ -13,14 +16,18 @@ class UiEngine : public QQmlEngine
     Q_OBJECT
 
 public:
-    /// `appearance` outlives the engine.
-    explicit UiEngine(Appearance *appearance, QObject *parent = nullptr);
+    using MonotonicTime = std::function<std::chrono::steady_clock::time_point()>;
+
+    /// `appearance` outlives the engine; `time` tells the windows how long ago something came under the pointer.
+    explicit UiEngine(Appearance *appearance, MonotonicTime time = std::chrono::steady_clock::now);
     ~UiEngine() override;
 
     [[nodiscard]] Appearance *appearance() const { return m_appearance; }
+    [[nodiscard]] const MonotonicTime &monotonicTime() const { return m_time; }
 
 private:
     Appearance *m_appearance;
+    MonotonicTime m_time;
 };
 
 } // namespace pingwell

@@ -54,6 +54,7 @@ protected:
     /// What delegates are given for a row; the value itself unless a model keeps it in another form.
     [[nodiscard]] virtual QVariant presented(const QVariant &value) const { return value; }
 
+    [[nodiscard]] const QList<KeyedRow> &rows() const { return m_rows; }
     /// Of rows with the same id only the first is kept.
     void setRows(QList<KeyedRow> rows);
 

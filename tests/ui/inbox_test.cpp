@@ -146,6 +146,7 @@ private slots:
         QCOMPARE(screen.value(u"filter.asks"_s), u"selected"_s);
         QVERIFY(QAccessible::queryAccessibleInterface(screen.find(u"filter.asks"_s))->state().selected);
         QCOMPARE(screen.value(u"filter.all"_s), u"not selected"_s);
+        screen.store().selectAlert(u"a1"_s);
         screen.press({Qt::CTRL | Qt::Key_F, Qt::Key_End, Qt::Key_Return});
         QCOMPARE(screen.store().filter(), InboxFilter::topic(u"a quiet one"_s));
         QVERIFY(screen.shows(u"inbox.empty"_s) && screen.shows(u"detail.empty"_s));
@@ -190,7 +191,7 @@ private slots:
         QCOMPARE(screen.shows(u"alert.row.a1.delete"_s), mayDelete);
         screen.press(Qt::Key_End);
         QCOMPARE(screen.focused(), mayDelete ? u"alert.row.a1.delete"_s : u"alert.row.a1.toggleRead"_s);
-        screen.press({Qt::Key_Escape, Qt::Key_1});
+        screen.press({Qt::Key_Escape, Qt::Key_Return, Qt::Key_1});
         QCOMPARE(screen.store().alertWithID(u"a1"_s)->answer.has_value(), mayDelete);
     }
 
@@ -210,9 +211,12 @@ private slots:
         QTest::newRow("back again") << Steps{Qt::Key_Down, Qt::Key_Return, Qt::Key_Escape} << u"alert.row.n0"_s
                                     << QString();
         QTest::newRow("delete goes on with the next")
-            << Steps{Qt::Key_Down, Qt::Key_Return, Qt::Key_Delete} << u"alert.row.n1"_s << QString();
-        QTest::newRow("delete the last") << Steps{Qt::Key_End, Qt::Key_Delete, Qt::Key_Delete} << u"alert.row.n11"_s
-                                         << QString();
+            << Steps{Qt::Key_Down, Qt::Key_Return, Qt::Key_Delete, Qt::Key_Tab, Qt::Key_Return} << u"alert.row.n1"_s
+            << QString();
+        QTest::newRow("delete asks first")
+            << Steps{Qt::Key_End, Qt::Key_Delete, Qt::Key_Return} << u"alert.row.a2"_s << QString();
+        QTest::newRow("into the open alert")
+            << Steps{Qt::Key_Down, Qt::Key_Return, Qt::Key_Return} << u"detail"_s << u"n0"_s;
         QTest::newRow("filters") << Steps{Qt::CTRL | Qt::Key_F, Qt::Key_Right} << u"filter.asks"_s << QString();
         QTest::newRow("down to the settings")
             << Steps{Qt::CTRL | Qt::Key_3, Qt::Key_Down} << u"sidebar.settings"_s << QString();
@@ -410,6 +414,7 @@ private slots:
         screen.settle();
         screen.click(u"alert.row.n14"_s);
         QCOMPARE(screen.focused(), u"alert.row.n14"_s);
+        screen.pointAway();
         const double before = placeOf(screen, u"n14"_s);
 
         live.refreshWith(dashboardOf(turned));

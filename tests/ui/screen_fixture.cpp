@@ -50,6 +50,9 @@ QStringList drawnIn(QQuickItem *item)
     return parts;
 }
 
+/// Longer than anything just moved or changed stays new.
+constexpr std::chrono::seconds aWhile{30};
+
 QString accessibleText(QQuickItem *item, QAccessible::Text kind)
 {
     auto *const accessible = QAccessible::queryAccessibleInterface(item);
@@ -139,7 +142,7 @@ Screen::Screen(const QString &component, AppStore &store, const QVariantMap &pro
 
 void Screen::load(const QString &component, const QVariantMap &properties)
 {
-    m_engine = std::make_unique<UiEngine>(&m_appearance);
+    m_engine = std::make_unique<UiEngine>(&m_appearance, [this] { return m_now; });
     m_view = std::make_unique<QQuickView>(m_engine.get(), nullptr);
     QVariantMap initial = properties;
     initial.insert(u"store"_s, QVariant::fromValue(m_store));
@@ -242,13 +245,37 @@ int Screen::count(const QString &pattern) const
 void Screen::click(const QString &identifier)
 {
     settle();
+    pass(aWhile);
+    point(identifier);
+    pressAtPointer();
+}
+
+void Screen::pressAtPointer()
+{
+    QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, m_pointer);
+    settle();
+}
+
+void Screen::point(const QString &identifier)
+{
     QQuickItem *const item = find(identifier);
-    if (!item) {
-        QTest::qFail(qPrintable(u"nothing to click: "_s + identifier), __FILE__, __LINE__);
-        return;
-    }
-    const QPointF middle = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
-    QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, middle.toPoint());
+    if (!item)
+        QTest::qFail(qPrintable(u"nothing to point at: "_s + identifier), __FILE__, __LINE__);
+    else
+        moveTo(item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint());
+}
+
+void Screen::pointAway()
+{
+    moveTo({1, 1});
+}
+
+void Screen::moveTo(QPoint place)
+{
+    m_pointer = place;
+    // A movement to where the pointer was left in another window would be none.
+    QTest::mouseMove(m_view.get(), place + QPoint(1, 0));
+    QTest::mouseMove(m_view.get(), place);
     settle();
 }
 
@@ -260,7 +287,9 @@ void Screen::click(const QStringList &identifiers)
 
 void Screen::rightClick(const QString &identifier, const QPointF &within)
 {
-    QTest::mouseClick(m_view.get(), Qt::RightButton, {}, place(identifier, within).toPoint());
+    pass(aWhile);
+    moveTo(place(identifier, within).toPoint());
+    QTest::mouseClick(m_view.get(), Qt::RightButton, {}, m_pointer);
     settle();
 }
 
@@ -273,6 +302,7 @@ void Screen::type(const QString &text)
 
 void Screen::press(QKeyCombination key)
 {
+    pass(aWhile);
     QTest::keyClick(m_view.get(), key.key(), key.keyboardModifiers());
     settle();
 }

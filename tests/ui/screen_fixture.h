@@ -7,6 +7,7 @@
 #include <QQuickItem>
 #include <QQuickView>
 
+#include <chrono>
 #include <memory>
 
 namespace pingwell {
@@ -76,23 +77,34 @@ public:
     [[nodiscard]] QPointF place(const QString &identifier, const QPointF &within = {}) const;
     /// How many visible elements have an identifier that matches.
     [[nodiscard]] int count(const QString &pattern) const;
+    /// Before these, and before keys, so much time goes by that nothing has just moved or changed.
     void click(const QString &identifier);
     void click(const QStringList &identifiers);
     void rightClick(const QString &identifier, const QPointF &within);
     void type(const QString &text);
     void press(QKeyCombination key);
     void press(const QList<QKeyCombination> &keys);
+    /// Presses wherever the pointer is, now.
+    void pressAtPointer();
+    /// Moves the pointer onto the element, or to a place outside of all.
+    void point(const QString &identifier);
+    void pointAway();
+    /// Lets time go by for what has just come under the pointer or the keyboard.
+    void pass(std::chrono::milliseconds time) { m_now += time; }
     /// The element that has the keyboard's focus; empty when none does.
     [[nodiscard]] QString focused() const;
     /// Lets everything asked for so far happen, drawing included.
     void settle();
 
 private:
+    void moveTo(QPoint place);
     void load(const QString &component, const QVariantMap &properties);
 
     std::unique_ptr<AppStore> m_ownStore;
     AppStore *m_store;
     FixedAppearance m_appearance;
+    std::chrono::steady_clock::time_point m_now;
+    QPoint m_pointer;
     std::unique_ptr<UiEngine> m_engine;
     std::unique_ptr<QQuickView> m_view;
 };

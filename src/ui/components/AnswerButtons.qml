@@ -32,6 +32,8 @@ Flow {
             width: Math.min(Math.max(implicitWidth, root.minimumWidth), root.width)
             fixedHeight: root.buttonHeight
             label: root.alert.actionLabels[index] ?? ""
+            // The labels are cleaned for display: two answers can look the same.
+            meaning: root.alert.id + " " + (root.alert.actions[index] ?? "")
             prominent: index === root.total - 1
             onClicked: root.answered(root.alert.actions[index])
         }

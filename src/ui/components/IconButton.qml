@@ -13,6 +13,7 @@ Pressable {
 
     implicitWidth: 24
     implicitHeight: 24
+    meaning: root.label
     Accessible.name: root.label
     Accessible.description: root.help === root.label ? "" : root.help
 

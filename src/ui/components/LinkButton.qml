@@ -10,6 +10,7 @@ Pressable {
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    meaning: root.label
     topPadding: 2
     bottomPadding: 2
     Accessible.name: root.label

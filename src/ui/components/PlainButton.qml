@@ -19,6 +19,7 @@ Pressable {
 
     implicitWidth: Math.max(implicitContentWidth + leftPadding + rightPadding, 64)
     implicitHeight: 28
+    meaning: root.label
     leftPadding: Theme.gap3
     rightPadding: Theme.gap3
     Accessible.name: root.label

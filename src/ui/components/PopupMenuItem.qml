@@ -40,4 +40,10 @@ T.MenuItem {
         ink: root.ink
         symbolInk: root.chosen ? Theme.accent : root.destructive ? Theme.danger : Theme.textSecondary
     }
+
+    PressGuard {
+        anchors.fill: parent
+        z: 1
+        meaning: root.objectName + " " + root.label
+    }
 }

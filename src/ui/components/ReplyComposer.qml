@@ -48,7 +48,11 @@ Item {
         root.store.requestedReplyID = ""
     }
 
+    /** The reply is on its way to the store. */
+    signal sending
+
     function send() {
+        root.sending()
         root.store.answer(root.alertID, field.text)
     }
 
@@ -86,7 +90,14 @@ Item {
         hint: root.alert.placeholder.length > 0 ? root.alert.placeholder : "Type a reply…"
         textSize: root.compact ? Theme.sizeBody : Theme.sizeReading
         maximumLines: root.compact ? 4 : 8
-        onSubmitted: root.send()
+        onSubmitted: if (guard.takesKeys()) root.send()
+    }
+
+    // A Return typed for another program, or for another ask, sends nothing.
+    PressGuard {
+        id: guard
+
+        meaning: root.alertID
     }
 
     PlainButton {
@@ -100,6 +111,7 @@ Item {
         leftPadding: Theme.gap2
         rightPadding: Theme.gap2
         label: "Send"
+        meaning: root.alertID
         prominent: true
         textSize: root.compact ? Theme.sizeNote : Theme.sizeBody
         enabled: field.text.trim().length > 0

@@ -21,6 +21,11 @@ Rectangle {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: root.message
 
+    // What lies beneath is not seen: a press must not reach it.
+    MouseArea {
+        anchors.fill: parent
+    }
+
     Row {
         id: content
 

@@ -9,11 +9,14 @@ Row {
     required property alertRow alert
     required property bool canDelete
 
+    signal deleteRequested
+
     spacing: Theme.gap2
 
     PlainButton {
         objectName: "detail.toggleRead"
         label: root.alert.read ? "Mark as unread" : "Mark as read"
+        meaning: root.alert.id + " " + label
         onClicked: root.store.toggleRead(root.alert.id)
     }
 
@@ -21,8 +24,9 @@ Row {
         objectName: "detail.delete"
         visible: root.canDelete
         label: "Delete"
+        meaning: root.alert.id
         symbolName: "trash"
         destructive: true
-        onClicked: root.store.deleteAlert(root.alert.id)
+        onClicked: root.deleteRequested()
     }
 }

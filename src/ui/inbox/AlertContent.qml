@@ -12,8 +12,16 @@ Column {
     required property bool canDelete
     /** The keys that answer act on this alert. */
     required property bool takesKeys
+    required property bool takesDigits
     property bool showsAll: false
     readonly property alertTexts texts: root.showsAll ? root.everything : root.alert.whole
+
+    signal deleteRequested
+
+    /** Puts the keyboard where what was typed can be copied; false when there is nothing of that kind. */
+    function takeFocus(): bool {
+        return reply.takeFocus()
+    }
 
     spacing: Theme.gap3
 
@@ -94,6 +102,8 @@ Column {
     }
 
     AlertReply {
+        id: reply
+
         width: root.width
         visible: root.alert.state.length > 0
         store: root.store
@@ -109,11 +119,13 @@ Column {
         store: root.store
         alert: root.alert
         canDelete: root.canDelete
+        onDeleteRequested: root.deleteRequested()
     }
 
     AnswerKeys {
         store: root.store
         alert: root.alert
         active: root.takesKeys
+        takesDigits: root.takesDigits
     }
 }

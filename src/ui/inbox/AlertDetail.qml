@@ -11,6 +11,31 @@ Item {
     required property bool canDelete
     /** The keys that answer act on the open alert. */
     required property bool takesKeys
+    readonly property AlertContent open: contents.count > 0 ? contents.itemAt(0) as AlertContent : null
+    /** Of the alert that is shown; empty when there is none. */
+    readonly property string openID: root.open?.alert.id ?? ""
+    readonly property string openTitle: root.open?.alert.title ?? ""
+    readonly property bool hasKeyboard: root.isWithin(root.Window.activeFocusItem)
+
+    signal deleteRequested(alertID: string)
+
+    /** Puts the keyboard into the open alert, at nothing that a key could press; false when no alert is open. */
+    function takeFocus(): bool {
+        if (!root.open)
+            return false
+        // Not one of the texts: those keep the keys that answer to themselves.
+        if (!root.open.takeFocus())
+            area.forceActiveFocus(Qt.TabFocusReason)
+        return true
+    }
+
+    function isWithin(item: Item): bool {
+        for (let at = item; at; at = at.parent) {
+            if (at === root)
+                return true
+        }
+        return false
+    }
 
     function shift(distance: real) {
         if (!area.atYBeginning)
@@ -37,6 +62,7 @@ Item {
 
         objectName: "detail"
         anchors.fill: parent
+        activeFocusOnTab: true
         visible: selected.count > 0
         contentHeight: content.height
         Accessible.role: Accessible.Pane
@@ -51,6 +77,8 @@ Item {
             bottomPadding: Theme.gap5
 
             Repeater {
+                id: contents
+
                 model: selected
                 delegate: AlertContent {
                     width: content.width
@@ -58,9 +86,17 @@ Item {
                     everything: selected.everything(alert.id)
                     canDelete: root.canDelete
                     takesKeys: root.takesKeys
+                    takesDigits: root.takesKeys && root.hasKeyboard
+                    onDeleteRequested: root.deleteRequested(alert.id)
                 }
             }
         }
+    }
+
+    FocusRing {
+        target: area
+        anchors.margins: 2
+        shown: area.activeFocus
     }
 
     Column {

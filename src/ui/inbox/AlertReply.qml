@@ -12,6 +12,11 @@ Column {
     required property alertTexts texts
     readonly property bool waiting: root.alert.state === "waiting"
 
+    /** Gives the focus to a reply that was not sent; false when there is none. */
+    function takeFocus(): bool {
+        return unsent.takeFocus()
+    }
+
     spacing: Theme.gap3
 
     Item {
@@ -59,6 +64,17 @@ Column {
             width: root.width
             message: root.texts.outcome
         }
+    }
+
+    UnsentReply {
+        id: unsent
+
+        width: root.width
+        isOver: !root.alert.canAnswer
+        store: root.store
+        alertID: root.alert.id
+        idPrefix: "detail"
+        textSize: Theme.sizeReading
     }
 
     When {

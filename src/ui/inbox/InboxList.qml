@@ -9,11 +9,21 @@ Item {
 
     required property AppStore store
     required property bool canDelete
+    /** Return is not meant for the list. */
+    required property bool ignoresReturn
     readonly property alias total: alerts.total
     readonly property alias hasKeyboard: list.activeFocus
     readonly property InboxRow currentRow: list.currentItem as InboxRow
     /** The alert that the keyboard is at; empty when it is at none. */
     readonly property string currentID: root.currentRow?.alert.id ?? ""
+    // What is new joins below the row that is pointed at, that the keyboard is at, or whose menu is open.
+    readonly property int pointedRows: hold.isPointedAt
+        ? Math.floor((hold.reach + list.contentY - list.originY) / list.rowHeight) + 1 : 0
+    readonly property int currentRows: menu.visible || (list.activeFocus && list.usesKeyboard) ? list.currentIndex + 1 : 0
+
+    /** The person wants to go into the open alert. */
+    signal entered
+    signal deleteRequested(alertID: string)
 
     /** Gives the list the focus, at the open alert or at its first one. */
     function takeFocus() {
@@ -21,6 +31,20 @@ Item {
             list.show(alerts.rowOf(root.store.selectedAlertID))
         list.usesKeyboard = true
         list.forceActiveFocus(Qt.OtherFocusReason)
+    }
+
+    /** The person deletes that alert: its row is not held. */
+    function letGo(alertID: string) {
+        alerts.letGo(alertID)
+    }
+
+    function open() {
+        if (!root.currentRow || root.ignoresReturn)
+            return
+        if (root.store.selectedAlertID === root.currentID)
+            root.entered()
+        else
+            root.store.selectedAlertID = root.currentID
     }
 
     function shift(distance: real) {
@@ -76,7 +100,15 @@ Item {
 
         store: root.store
         list: AlertListModel.Inbox
-        onCountChanged: if (menu.visible && alerts.rowOf(menu.alertID) < 0) menu.close()
+        heldRows: Math.max(root.pointedRows, root.currentRows)
+        onUpdated: if (menu.visible && alerts.isGone(menu.alertID)) menu.close()
+    }
+
+    ListHold {
+        id: hold
+
+        area: list
+        viewport: list
     }
 
     InboxMetrics {
@@ -92,7 +124,7 @@ Item {
         rowHeight: lines.rowHeight
         model: alerts
         Accessible.name: "Alerts"
-        onOpened: if (root.currentRow) root.store.selectedAlertID = root.currentID
+        onOpened: root.open()
         Keys.forwardTo: [menuArea]
 
         delegate: InboxRow {
@@ -126,7 +158,9 @@ Item {
                                        (root.currentRow?.y ?? 0) - list.contentY + list.rowHeight - Theme.gap2)
         onMenuRequestedAt: (x, y) => {
             list.usesKeyboard = false
-            root.openMenu(list.itemAt(x + list.contentX, y + list.contentY) as InboxRow, x, y)
+            const row = list.itemAt(x + list.contentX, y + list.contentY) as InboxRow
+            if (row?.takesPointer())
+                root.openMenu(row, x, y)
         }
     }
 
@@ -136,6 +170,7 @@ Item {
         parent: list
         store: root.store
         canDelete: root.canDelete
+        onDeleteRequested: root.deleteRequested(alertID)
     }
 
     PlainText {

@@ -10,6 +10,8 @@ PopupMenu {
     property string alertID
     property bool alertRead
 
+    signal deleteRequested
+
     /** Opens it for that alert, at a place of its parent. */
     function openFor(alert: alertRow, x: real, y: real) {
         root.alertID = alert.id
@@ -37,6 +39,6 @@ PopupMenu {
         label: "Delete"
         symbolName: "trash"
         destructive: true
-        onTriggered: root.store.deleteAlert(root.alertID)
+        onTriggered: root.deleteRequested()
     }
 }

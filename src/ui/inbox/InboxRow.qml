@@ -14,12 +14,18 @@ T.AbstractButton {
     property bool selected: false
     /** The keyboard is at this row, and the person uses it. */
     property bool keyboardHere: false
+    /** A press with the pointer is meant for this alert. */
+    function takesPointer(): bool {
+        return guard.takesPointer()
+    }
+
     readonly property string age: TimeText.shortAge(root.alert.at, root.now)
 
     objectName: "alert.row." + root.alert.id
     implicitHeight: (root.metrics?.rowHeight ?? 0)
     leftPadding: 10
     rightPadding: 10
+    enabled: root.alert.state !== "gone"
     // The list is one stop; the arrow keys move within it.
     focusPolicy: Qt.NoFocus
     hoverEnabled: true
@@ -42,6 +48,14 @@ T.AbstractButton {
             selected: root.selected
             keyboardHere: root.keyboardHere
         }
+    }
+
+    PressGuard {
+        id: guard
+
+        anchors.fill: parent
+        z: 1
+        meaning: root.alert.id
     }
 
     Item {

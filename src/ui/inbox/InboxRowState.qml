@@ -11,7 +11,8 @@ Item {
     readonly property bool timedOut: root.alert.state === "timedOut"
     readonly property bool answered: root.alert.state === "answered"
     readonly property string words: root.answered ? "✓ You replied “" + root.alert.answer + "”"
-        : root.timedOut ? root.alert.outcome : root.waiting ? "Needs reply" : root.alert.summary
+        : root.timedOut ? root.alert.outcome : root.waiting ? "Needs reply"
+        : root.alert.state === "gone" ? "Deleted" : root.alert.summary
     readonly property string text: root.timedOut ? "TIMED OUT, " + root.words
         : root.waiting ? root.words + ", " + countdown.text : root.words
 

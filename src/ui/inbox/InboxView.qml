@@ -8,9 +8,8 @@ Item {
     required property AppStore store
     readonly property bool hasWorkspace: workspaces.active.id.length > 0
     readonly property bool canDelete: root.hasWorkspace && workspaces.active.role !== "viewer"
-    readonly property Item focusedItem: Window.activeFocusItem
-    readonly property bool nothingFocused: root.visible && Window.active
-        && (root.focusedItem === null || root.focusedItem === Window.contentItem)
+    readonly property bool isOnRow: list.hasKeyboard && list.currentID.length > 0
+    readonly property bool nothingFocused: root.visible && Window.active && keys.nothingFocused
 
     /** Gives the list the focus. */
     function takeFocus() {
@@ -23,13 +22,26 @@ Item {
         detail.shift(distance)
     }
 
-    // What had the focus is gone, an answered ask's button for one.
+    function deleteAlert(alertID: string) {
+        list.letGo(alertID)
+        root.store.deleteAlert(alertID)
+    }
+
+    /** Gives the focus a place when what had it is gone: an answered ask's button, a field of an ask that is over. */
+    function catchFocus() {
+        const lostField = keys.typedLast || keys.isDeaf
+        if (!lostField || !detail.takeFocus())
+            list.catchFocus()
+        if (lostField)
+            keys.becomeDeaf()
+    }
+
     onNothingFocusedChanged: if (nothingFocused) vacancy.schedule()
 
     NextTurn {
         id: vacancy
 
-        onCame: if (root.nothingFocused) list.catchFocus()
+        onCame: if (root.nothingFocused) root.catchFocus()
     }
 
     WorkspaceListModel {
@@ -77,6 +89,9 @@ Item {
             width: parent.width
             store: root.store
             canDelete: root.canDelete
+            ignoresReturn: keys.isDeaf
+            onEntered: detail.takeFocus()
+            onDeleteRequested: alertID => root.deleteAlert(alertID)
         }
     }
 
@@ -97,6 +112,24 @@ Item {
         store: root.store
         canDelete: root.canDelete
         takesKeys: keys.takesLetters
+        onDeleteRequested: alertID => root.deleteAlert(alertID)
+    }
+
+    // A click says that the person has seen that the field is gone.
+    MouseArea {
+        anchors.fill: parent
+        enabled: keys.isDeaf
+        acceptedButtons: Qt.AllButtons
+        onPressed: mouse => {
+            keys.isDeaf = false
+            mouse.accepted = false
+        }
+    }
+
+    DeleteSheet {
+        id: deletion
+
+        onDeleteRequested: root.deleteAlert(alertID)
     }
 
     InboxKeys {
@@ -104,7 +137,9 @@ Item {
 
         store: root.store
         active: root.visible
-        alertID: list.hasKeyboard && list.currentID.length > 0 ? list.currentID : root.store.selectedAlertID
+        canDelete: root.canDelete
+        alertID: root.isOnRow ? list.currentID : detail.openID
+        onDeleteRequested: deletion.ask(alertID, root.isOnRow ? list.currentRow.alert.title : detail.openTitle)
         onFiltersRequested: filters.takeFocus()
         onBackRequested: list.hasKeyboard ? root.store.selectedAlertID = "" : list.takeFocus()
     }

@@ -31,8 +31,8 @@ Column {
         width: parent.width
 
         ShortcutLine { width: parent.width; keys: "↑  ↓"; meaning: "Move through the list" }
-        ShortcutLine { width: parent.width; keys: "Return"; meaning: "Open the alert" }
-        ShortcutLine { width: parent.width; keys: "1 – 9"; meaning: "Press that answer of the open ask" }
+        ShortcutLine { width: parent.width; keys: "Return"; meaning: "Open the alert; again: go into it" }
+        ShortcutLine { width: parent.width; keys: "1 – 9"; meaning: "Press that answer, once in the ask" }
         ShortcutLine { width: parent.width; keys: "R"; meaning: "Write a reply" }
         ShortcutLine { width: parent.width; keys: "U"; meaning: "Mark as read or unread" }
         ShortcutLine { width: parent.width; keys: "Delete"; meaning: "Delete the alert" }

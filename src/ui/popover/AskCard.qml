@@ -9,11 +9,24 @@ FocusScope {
 
     required property AppStore store
     required property alertRow alert
+    readonly property bool waiting: root.alert.state === "waiting"
     readonly property string identifier: "popover.ask." + root.alert.id
     readonly property string origin: root.alert.app + " · " + TimeText.shortAge(root.alert.at, root.store.now)
 
+    // A card whose ask is over is still there because the list is held: then it gets no lower.
+    property real leastHeight: 0
+
+    /** The person answers it here. */
+    signal answering
+
+    function answer(text: string) {
+        root.answering()
+        root.store.answer(root.alert.id, text)
+    }
+
     objectName: root.identifier
-    implicitHeight: content.height + 2 * 9
+    implicitHeight: Math.max(root.leastHeight, content.height + 2 * 9)
+    onWaitingChanged: root.leastHeight = root.waiting ? 0 : root.height
     Accessible.role: Accessible.Grouping
     Accessible.name: root.origin + ", " + root.alert.whole.title + ", " + root.alert.whole.body
 
@@ -60,7 +73,17 @@ FocusScope {
         }
 
         When {
-            condition: !root.alert.canAnswer
+            condition: !root.waiting
+            delegate: AskOutcome {
+                width: content.width
+                store: root.store
+                alert: root.alert
+                idPrefix: root.identifier
+            }
+        }
+
+        When {
+            condition: root.waiting && !root.alert.canAnswer
             delegate: ViewerNote {
                 objectName: root.identifier + ".viewerNote"
                 width: content.width
@@ -77,6 +100,7 @@ FocusScope {
                 alert: root.alert
                 idPrefix: root.identifier
                 compact: true
+                onSending: root.answering()
             }
         }
 
@@ -90,7 +114,7 @@ FocusScope {
                 buttonHeight: 24
                 limit: 8
                 elsewhere: "The main window shows more."
-                onAnswered: text => root.store.answer(root.alert.id, text)
+                onAnswered: text => root.answer(text)
             }
         }
     }

@@ -36,6 +36,7 @@ Item {
         objectName: root.countdownIdentifier
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
+        visible: root.alert.state === "waiting"
         remaining: (root.alert.expiresAt - root.now) / 1000
     }
 }

@@ -3,13 +3,19 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Pingwell
 
-/** What scrolls in the panel: the asks that wait, then what else came today. */
+/**
+ * What scrolls in the panel: the asks that wait, then what else came today. Nothing in it moves while the person is about
+ * to press something: a new ask joins below the others, or, where that would push away what is pointed at, waits.
+ */
 ScrollArea {
     id: root
 
     required property AppStore store
     /** How many asks are drawn at first, and how many more when the end of them comes near. */
     readonly property int batch: 10
+    /** Held rows: all that are shown. */
+    readonly property int all: 1000000
+    readonly property bool isHeld: askHold.isHeld || todayHold.isHeld
 
     /** The person wants to see an alert in the main window. */
     signal alertRequested(alertID: string)
@@ -28,21 +34,30 @@ ScrollArea {
         topPadding: Theme.gap1
         bottomPadding: Theme.gap2
 
-        SymbolLabel {
-            objectName: "popover.needsReply.empty"
+        // Both are of one height: the first ask that is counted moves nothing.
+        Item {
             x: 6
             width: parent.width - 12
-            visible: asks.total === 0
-            symbolName: "checkmark.circle"
-            text: "You're all caught up"
-        }
+            height: Math.max(caughtUp.implicitHeight, header.implicitHeight)
 
-        SectionLabel {
-            objectName: "popover.needsReply.header"
-            x: 6
-            bottomPadding: Theme.gap1 + 2
-            visible: asks.total > 0
-            text: "Needs reply · " + asks.total
+            SymbolLabel {
+                id: caughtUp
+
+                objectName: "popover.needsReply.empty"
+                width: parent.width
+                visible: asks.total === 0
+                symbolName: "checkmark.circle"
+                text: "You're all caught up"
+            }
+
+            SectionLabel {
+                id: header
+
+                objectName: "popover.needsReply.header"
+                bottomPadding: Theme.gap1 + 2
+                visible: asks.total > 0
+                text: "Needs reply · " + asks.total
+            }
         }
 
         Column {
@@ -54,16 +69,9 @@ ScrollArea {
             Repeater {
                 model: asks
                 delegate: AskCard {
-                    property real lastY: y
-
                     width: askList.width
                     store: root.store
-                    // A question that arrives above the one being answered does not push it away.
-                    onYChanged: {
-                        if (activeFocus)
-                            root.shift(y - lastY)
-                        lastY = y
-                    }
+                    onAnswering: asks.letGo(alert.id)
                 }
             }
         }
@@ -86,12 +94,18 @@ ScrollArea {
             color: Theme.textSecondary
         }
 
-        Repeater {
-            model: today
-            delegate: TodayRow {
-                width: column.width
-                now: root.store.now
-                onClicked: root.alertRequested(alert.id)
+        Column {
+            id: todayList
+
+            width: parent.width
+
+            Repeater {
+                model: today
+                delegate: TodayRow {
+                    width: todayList.width
+                    now: root.store.now
+                    onClicked: root.alertRequested(alert.id)
+                }
             }
         }
 
@@ -103,6 +117,20 @@ ScrollArea {
         }
     }
 
+    ListHold {
+        id: askHold
+
+        area: askList
+        viewport: root
+    }
+
+    ListHold {
+        id: todayHold
+
+        area: todayList
+        viewport: root
+    }
+
     // Declared last, and so filled first: the column knows its height before the panel has been drawn.
     AlertListModel {
         id: asks
@@ -110,6 +138,8 @@ ScrollArea {
         store: root.store
         list: AlertListModel.NeedsReply
         limit: root.batch
+        heldRows: root.isHeld ? root.all : 0
+        takesNewRows: !todayHold.isHeld
     }
 
     AlertListModel {
@@ -118,5 +148,6 @@ ScrollArea {
         store: root.store
         list: AlertListModel.Today
         limit: 6
+        heldRows: todayHold.isHeld ? root.all : 0
     }
 }

@@ -14,6 +14,9 @@ Rectangle {
     readonly property int naturalHeight: header.height + footer.height
         + (root.store.isSignedIn ? workspaceMenu.height + Theme.gap2 + 1 + content.contentHeight : hint.height) + 2
 
+    /** The person points at it or writes in it: it is to stay as it is on the screen. */
+    readonly property bool isInUse: hold.isPointedAt || content.isHeld
+
     /** The person wants the main window, in front. */
     signal openMainRequested
     signal quitRequested
@@ -64,6 +67,8 @@ Rectangle {
         anchors.top: workspaceMenu.bottom
         anchors.topMargin: Theme.gap2
         anchors.bottom: footer.top
+        // The last buttons can be scrolled out from under a message.
+        anchors.bottomMargin: toast.visible ? Math.max(0, root.height - footer.height - toast.y) : 0
         x: 1
         width: root.width - 2
         visible: root.store.isSignedIn
@@ -98,7 +103,16 @@ Rectangle {
         onQuitRequested: root.quitRequested()
     }
 
+    ListHold {
+        id: hold
+
+        area: root
+        viewport: root
+    }
+
     ToastView {
+        id: toast
+
         anchors.horizontalCenter: root.horizontalCenter
         anchors.bottom: root.bottom
         anchors.bottomMargin: 70

@@ -10,10 +10,12 @@ Pressable {
     readonly property string identifier: "popover.alert." + root.alert.id
     readonly property string age: TimeText.shortAge(root.alert.at, root.now)
     readonly property string line: root.alert.app + " · " + (root.alert.state === "answered" ? "✓ " + root.alert.answer
-        : root.alert.state === "timedOut" ? "TIMED OUT" : root.alert.summary)
+        : root.alert.state === "timedOut" ? "TIMED OUT" : root.alert.state === "gone" ? "Deleted" : root.alert.summary)
 
     objectName: root.identifier
     implicitHeight: content.implicitHeight + topPadding + bottomPadding
+    enabled: root.alert.state !== "gone"
+    meaning: root.alert.id
     leftPadding: 6
     rightPadding: 6
     topPadding: 5

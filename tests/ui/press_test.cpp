@@ -1,0 +1,278 @@
+#include "screen_fixture.h"
+
+#include <QTest>
+
+using namespace pingwell;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString panel = u"PopoverView"_s;
+const QString root = u"RootView"_s;
+const QJsonArray twoChoices{u"Hold"_s, u"Ship"_s};
+
+QJsonObject choiceJSON(const QString &id, double secondsAgo, const QJsonArray &actions = twoChoices)
+{
+    return askJSON(id, secondsAgo, {{u"actions"_s, actions}});
+}
+
+QJsonObject textJSON(const QString &id, double secondsAgo, const QJsonObject &more = {})
+{
+    QJsonObject ask = askJSON(id, secondsAgo, more);
+    ask[u"answerType"_s] = u"text"_s;
+    return ask;
+}
+
+/// A live store whose service says what the test wants.
+struct Live : StoreFixture
+{
+    explicit Live(const QJsonArray &alerts)
+    {
+        for (const QByteArray id : {"a1", "a2"})
+            transport->plan("POST", "/workspaces/w1/alerts/" + id + "/answer", ScriptedAnswer::noAnswer().heldBack());
+        startWith(dashboardOf(alerts));
+    }
+
+    // The answers given fail with the store.
+    ~Live() { transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer()); }
+
+    [[nodiscard]] QString answer(const QString &id) const { return alert(id).answer.value_or(QString()); }
+    void post(Screen &screen, const QJsonArray &alerts)
+    {
+        refreshWith(dashboardOf(alerts));
+        screen.settle();
+    }
+};
+
+} // namespace
+
+/// What the person meant to press is pressed, and nothing else.
+class PressTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void whatComesUnderTheRestingPointerWaits_data()
+    {
+        QTest::addColumn<bool>("ownAnswer");
+        QTest::addColumn<bool>("goesAway");
+        QTest::addColumn<int>("milliseconds");
+        QTest::addColumn<bool>("counts");
+        for (const bool ownAnswer : {true, false}) {
+            const char *const what = ownAnswer ? "next card" : "another answer";
+            QTest::addRow("%s, at once", what) << ownAnswer << false << 0 << false;
+            QTest::addRow("%s, just too early", what) << ownAnswer << false << 499 << false;
+            QTest::addRow("%s, seen", what) << ownAnswer << false << 500 << true;
+            QTest::addRow("%s, away and back", what) << ownAnswer << true << 0 << true;
+        }
+    }
+
+    void whatComesUnderTheRestingPointerWaits()
+    {
+        QFETCH(bool, ownAnswer);
+        QFETCH(bool, goesAway);
+        QFETCH(int, milliseconds);
+        QFETCH(bool, counts);
+        Live live({choiceJSON(u"a1"_s, 10), choiceJSON(u"a2"_s, 20)});
+        Screen screen(panel, *live.store);
+        const QString button = u"popover.ask.a1.action.0"_s;
+        screen.point(button);
+        const QString answered = ownAnswer ? u"a2"_s : u"a1"_s;
+        if (ownAnswer)
+            screen.pressAtPointer();
+        else
+            live.post(screen, {choiceJSON(u"a1"_s, 10, {u"Drop"_s, u"Ship"_s}), choiceJSON(u"a2"_s, 20)});
+        if (goesAway) {
+            screen.pointAway();
+            screen.point(ownAnswer ? u"popover.ask.a2.action.0"_s : button);
+        }
+        screen.pass(std::chrono::milliseconds(milliseconds));
+        screen.pressAtPointer();
+        QCOMPARE(live.answer(answered), !counts ? QString() : ownAnswer ? u"Hold"_s : u"Drop"_s);
+        QCOMPARE(live.answer(u"a1"_s).isEmpty(), !ownAnswer && !counts);
+    }
+
+    void whatWasThereWhenTheWindowOpenedIsPressedAtOnce()
+    {
+        Live live({choiceJSON(u"a1"_s, 10)});
+        Screen screen(panel, *live.store);
+        screen.point(u"popover.ask.a1.action.0"_s);
+        screen.view().hide();
+        live.refreshWith(dashboardOf({choiceJSON(u"a2"_s, 5)}));
+        screen.view().show();
+        screen.settle();
+        screen.pressAtPointer();
+        QCOMPARE(live.answer(u"a2"_s), u"Hold"_s);
+    }
+
+    void aFingerWaitsWhereverItComesDown()
+    {
+        Live live({choiceJSON(u"a1"_s, 10)});
+        Screen screen(panel, *live.store);
+        const std::unique_ptr<QPointingDevice> device(QTest::createTouchDevice());
+        const auto tap = [&] {
+            const QPoint place = screen.place(u"popover.ask.a2.action.0"_s, {10, 10}).toPoint();
+            QTest::touchEvent(&screen.view(), device.get()).press(1, place);
+            QTest::touchEvent(&screen.view(), device.get()).release(1, place);
+        };
+        live.post(screen, {choiceJSON(u"a2"_s, 5), choiceJSON(u"a1"_s, 10)});
+        tap();
+        QCOMPARE(live.answer(u"a2"_s), QString());
+        screen.pass(500ms);
+        tap();
+        QCOMPARE(live.answer(u"a2"_s), u"Hold"_s);
+    }
+
+    void panelStandsStillUnderThePointer()
+    {
+        Live live({choiceJSON(u"a1"_s, 10), choiceJSON(u"a2"_s, 20), alertJSON(u"n1"_s, 30)});
+        Screen screen(panel, *live.store);
+        const QString card = u"popover.ask.a2"_s, row = u"popover.alert.n1"_s;
+        const QString button = card + u".action.0"_s;
+        screen.point(button);
+        const QPointF before = screen.place(button);
+        const QJsonArray changed{choiceJSON(u"a3"_s, 5), choiceJSON(u"a2"_s, 20), alertJSON(u"n1"_s, 30)};
+        live.post(screen, changed);
+        // The new ask joins below, the one that is gone keeps its place.
+        QCOMPARE(screen.place(button), before);
+        QVERIFY(screen.place(u"popover.ask.a3"_s).y() > before.y());
+        QVERIFY(screen.shows(u"popover.ask.a1.gone"_s) && !screen.shows(u"popover.ask.a1.action.0"_s));
+        screen.pointAway();
+        QVERIFY(!screen.shows(u"popover.ask.a1"_s));
+        screen.point(row);
+        const QPointF rowBefore = screen.place(row);
+        live.post(screen, {choiceJSON(u"a4"_s, 2), alertJSON(u"n2"_s, 3), alertJSON(u"n1"_s, 30)});
+        QCOMPARE(screen.name(u"popover.needsReply.header"_s), u"Needs reply · 1"_s);
+        QCOMPARE(screen.place(row), rowBefore);
+        screen.pointAway();
+        QVERIFY(screen.shows(u"popover.ask.a4"_s) && !screen.shows(u"popover.ask.a3"_s));
+        QVERIFY(screen.place(u"popover.alert.n2"_s).y() < screen.place(row).y());
+    }
+
+    void inboxStandsStillUnderThePointer()
+    {
+        Live live({alertJSON(u"n1"_s, 10), alertJSON(u"n2"_s, 20), alertJSON(u"n3"_s, 30)});
+        Screen screen(root, *live.store);
+        const QString row = u"alert.row.n2"_s;
+        screen.rightClick(row, {100, 20});
+        const QPointF before = screen.place(row);
+        live.post(screen, {alertJSON(u"n0"_s, 5), alertJSON(u"n1"_s, 10), alertJSON(u"n2"_s, 20)});
+        QCOMPARE(screen.place(row), before);
+        QVERIFY(screen.place(u"alert.row.n0"_s).y() > before.y());
+        QVERIFY(screen.shows(row + u".toggleRead"_s));
+        // The menu of an alert that is gone goes.
+        live.post(screen, {alertJSON(u"n0"_s, 5), alertJSON(u"n1"_s, 10)});
+        QVERIFY(!screen.shows(row + u".toggleRead"_s));
+        QCOMPARE(screen.place(row), before);
+        QVERIFY(screen.name(row).endsWith(u"Deleted"_s) && !screen.canUse(row));
+        screen.pointAway();
+        QVERIFY(!screen.shows(row));
+        QVERIFY(screen.place(u"alert.row.n0"_s).y() < screen.place(u"alert.row.n1"_s).y());
+    }
+
+    void keysTypedForALostFieldDoNothing_data()
+    {
+        QTest::addColumn<bool>("isAnswered");
+        QTest::newRow("the deadline passes") << false;
+        QTest::newRow("answered elsewhere") << true;
+    }
+
+    void keysTypedForALostFieldDoNothing()
+    {
+        QFETCH(bool, isAnswered);
+        const QJsonObject deadline{{u"expiresAt"_s, millisecondsFromInstant(testStart + Seconds(60))},
+                                   {u"read"_s, true}};
+        const QJsonObject answered{{u"answer"_s, u"us"_s}, {u"read"_s, true}};
+        Live live({textJSON(u"a1"_s, 10, deadline), choiceJSON(u"a2"_s, 20)});
+        live.store->startClock();
+        Screen screen(root, *live.store);
+        screen.click(u"alert.row.a1"_s);
+        screen.press({Qt::Key_R, Qt::Key_E, Qt::Key_U});
+        if (isAnswered)
+            live.post(screen, {textJSON(u"a1"_s, 10, answered), choiceJSON(u"a2"_s, 20)});
+        else
+            live.clock->advance(61s);
+        screen.settle();
+        QVERIFY(!screen.shows(u"detail.reply"_s));
+        QCOMPARE(screen.text(u"detail.unsent"_s), u"eu"_s);
+        screen.press({Qt::Key_U, Qt::Key_2, Qt::Key_Return, Qt::Key_Delete});
+        QVERIFY(!screen.shows(u"inbox.delete.confirm"_s));
+        QVERIFY(live.alert(u"a1"_s).read);
+        QCOMPARE(live.store->selectedAlertID(), u"a1"_s);
+        QCOMPARE(screen.focused(), u"detail.unsent"_s);
+        screen.press({Qt::Key_Tab, Qt::Key_U});
+        QVERIFY(!live.alert(u"a1"_s).read);
+    }
+
+    void digitsAnswerWhatIsInUse_data()
+    {
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<int>("milliseconds");
+        QTest::addColumn<bool>("counts");
+        QTest::newRow("focus in the list") << u"list"_s << 1000 << false;
+        QTest::newRow("focus in the ask") << u"ask"_s << 1000 << true;
+        QTest::newRow("window raised") << u"raised"_s << 499 << false;
+        QTest::newRow("window raised, a moment later") << u"raised"_s << 500 << true;
+        QTest::newRow("window raised, pressed in") << u"pressed"_s << 0 << true;
+        QTest::newRow("ask changed") << u"changed"_s << 499 << false;
+        QTest::newRow("ask changed, a moment later") << u"changed"_s << 500 << true;
+    }
+
+    void digitsAnswerWhatIsInUse()
+    {
+        QFETCH(QString, before);
+        QFETCH(int, milliseconds);
+        QFETCH(bool, counts);
+        Live live({choiceJSON(u"a1"_s, 10), choiceJSON(u"a2"_s, 20)});
+        Screen screen(root, *live.store);
+        screen.click(before == u"changed" ? u"alert.row.a1"_s : u"alert.row.a2"_s);
+        if (before != u"list")
+            screen.press(Qt::Key_Return);
+        QQuickView other;
+        if (before == u"raised" || before == u"pressed") {
+            other.show();
+            other.requestActivate();
+            QVERIFY(QTest::qWaitForWindowActive(&other));
+            screen.view().requestActivate();
+            QVERIFY(QTest::qWaitForWindowActive(&screen.view()));
+        }
+        if (before == u"pressed")
+            QTest::mouseClick(&screen.view(), Qt::LeftButton, {}, {700, 600});
+        if (before == u"changed") {
+            screen.store().selectAlert(u"a2"_s);
+            screen.settle();
+            screen.find(u"detail"_s)->forceActiveFocus();
+        }
+        screen.pass(std::chrono::milliseconds(milliseconds));
+        QTest::keyClick(&screen.view(), Qt::Key_1);
+        QCOMPARE(live.answer(u"a2"_s), counts ? u"Hold"_s : QString());
+        QCOMPARE(live.answer(u"a1"_s), QString());
+    }
+
+    void messageCoversNoButton()
+    {
+        QJsonArray asks;
+        for (int index = 0; index < 9; ++index)
+            asks.append(choiceJSON(u"a%1"_s.arg(index), 10 + index));
+        Live live(asks);
+        Screen screen(panel, *live.store);
+        const QString button = u"popover.ask.a8.action.0"_s;
+        screen.find(button)->forceActiveFocus(Qt::TabFocusReason);
+        live.store->showToast(u"Saved."_s, false);
+        screen.settle();
+        screen.find(u"popover.ask.a0.action.0"_s)->forceActiveFocus(Qt::TabFocusReason);
+        screen.find(button)->forceActiveFocus(Qt::TabFocusReason);
+        screen.settle();
+        QVERIFY(screen.place(button, {0, 24}).y() <= screen.place(u"toast"_s).y());
+        // What it covers takes no press through it.
+        screen.pass(1s);
+        screen.point(u"toast"_s);
+        screen.pressAtPointer();
+        for (int index = 0; index < 9; ++index)
+            QCOMPARE(live.answer(u"a%1"_s.arg(index)), QString());
+    }
+};
+
+QTEST_MAIN(PressTest)
+#include "press_test.moc"
