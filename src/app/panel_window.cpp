@@ -74,6 +74,9 @@ PanelWindow::PanelWindow(QQmlEngine *engine, AppStore *store)
     setSource(screenSource(QStringLiteral("PopoverView")));
     connect(rootObject(), SIGNAL(openMainRequested()), this, SIGNAL(openMainRequested()));
     connect(rootObject(), SIGNAL(quitRequested()), this, SIGNAL(quitRequested()));
+    // On the next turn: one change of what is shown changes the height more than once.
+    connect(rootObject(), SIGNAL(implicitHeightChanged()), this, SLOT(fit()), Qt::QueuedConnection);
+    connect(rootObject(), SIGNAL(isInUseChanged()), this, SLOT(fit()), Qt::QueuedConnection);
     connect(this, &QWindow::activeChanged, this, &PanelWindow::noteActive);
 }
 
@@ -82,7 +85,9 @@ PanelWindow::~PanelWindow() = default;
 void PanelWindow::open(QPoint position)
 {
     if (!m_visibility.isVisible()) {
-        place(position.isNull() ? QCursor::pos() : position);
+        m_position = position.isNull() ? QCursor::pos() : position;
+        layOut(rootObject());
+        place();
         m_visibility.shown();
     }
     raiseWindow(*this, {});
@@ -117,19 +122,25 @@ void PanelWindow::noteActive()
         hide();
 }
 
-/// As high as what it shows, where the screen has the room; it keeps that height while it is open, so that nothing
-/// moves under the pointer when an ask goes away.
-void PanelWindow::place(QPoint position)
+/// Follows what it shows, but not while the person is about to press something in it: growing and shrinking move what
+/// stands at its end, and all of it where it stands over the status item.
+void PanelWindow::fit()
 {
-    const QRect available = screenAt(position, screen())->availableGeometry();
-    layOut(rootObject());
+    if (m_visibility.isVisible() && !rootObject()->property("isInUse").toBool())
+        place();
+}
+
+/// As high as what it shows, where the screen has the room.
+void PanelWindow::place()
+{
+    const QRect available = screenAt(m_position, screen())->availableGeometry();
     const int wanted = qCeil(rootObject()->implicitHeight());
     const QSize size(panelWidth, qMin(wanted, available.height()));
     setMinimumSize(size);
     setMaximumSize(size);
     resize(size);
     if (placesOwnWindows()) {
-        setPosition(panelPosition(position, available, size));
+        setPosition(panelPosition(m_position, available, size));
         // An X server without a compositor paints what is transparent black.
         setMask(roundedRegion(size, rootObject()->property("radius").toReal()));
     }

@@ -7,8 +7,8 @@
 
 namespace pingwell {
 
-/// The panel at the status item: a frameless window of fixed width. It closes on Escape, when the status item is
-/// clicked again, and when it loses the focus, unless a reply is being written in it.
+/// The panel at the status item: a frameless window of fixed width, as high as what it shows. It closes on Escape, when
+/// the status item is clicked again, and when it loses the focus, unless a reply is being written in it.
 class PanelWindow final : public QQuickView
 {
     Q_OBJECT
@@ -32,13 +32,18 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void hideEvent(QHideEvent *event) override;
 
+private slots:
+    void fit();
+
 private:
     void noteActive();
-    void place(QPoint position);
+    void place();
     [[nodiscard]] bool hasUnsentReply() const;
 
     AppStore *m_store;
     PanelVisibility m_visibility;
+    /// Where it was asked for.
+    QPoint m_position;
 };
 
 } // namespace pingwell

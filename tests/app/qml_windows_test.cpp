@@ -79,6 +79,29 @@ private slots:
         QVERIFY(!visibleWindow(true));
     }
 
+    void panelIsAsHighAsWhatItShowsUnlessPointedAt()
+    {
+        m_windows->showPanel({400, 5});
+        auto *const panel = qobject_cast<QQuickView *>(visibleWindow(true));
+        QVERIFY(QTest::qWaitForWindowActive(panel));
+        const int full = panel->height();
+        for (const Alert &ask : m_store->needsReply())
+            m_store->deleteAlert(ask.id);
+        QTRY_VERIFY(panel->height() < full);
+        const int low = panel->height();
+        QTest::mouseMove(panel, {170, 20});
+        m_store->setFocusMode(true);
+        for (int turn = 0; turn < 3; ++turn) {
+            panel->grabWindow();
+            QCoreApplication::processEvents();
+        }
+        QVERIFY(panel->rootObject()->implicitHeight() < low);
+        QCOMPARE(panel->height(), low);
+        QEvent leave(QEvent::Leave);
+        QCoreApplication::sendEvent(panel, &leave);
+        QTRY_VERIFY(panel->height() < low);
+    }
+
     void panelStaysWhileAReplyIsWritten()
     {
         m_windows->showPanel({400, 5});
