@@ -93,21 +93,16 @@ private slots:
         QCOMPARE(live.answer(u"a1"_s).isEmpty(), !ownAnswer && !counts);
     }
 
-    void whatWasThereWhenTheWindowOpenedIsPressedAtOnce()
+    void aFingerWaitsWhereverItComesDown_data()
     {
-        Live live({choiceJSON(u"a1"_s, 10)});
-        Screen screen(panel, *live.store);
-        screen.point(u"popover.ask.a1.action.0"_s);
-        screen.view().hide();
-        live.refreshWith(dashboardOf({choiceJSON(u"a2"_s, 5)}));
-        screen.view().show();
-        screen.settle();
-        screen.pressAtPointer();
-        QCOMPARE(live.answer(u"a2"_s), u"Hold"_s);
+        QTest::addColumn<bool>("wasOpen");
+        QTest::newRow("in an open window") << true;
+        QTest::newRow("there when it opened") << false;
     }
 
     void aFingerWaitsWhereverItComesDown()
     {
+        QFETCH(bool, wasOpen);
         Live live({choiceJSON(u"a1"_s, 10)});
         Screen screen(panel, *live.store);
         const std::unique_ptr<QPointingDevice> device(QTest::createTouchDevice());
@@ -116,11 +111,15 @@ private slots:
             QTest::touchEvent(&screen.view(), device.get()).press(1, place);
             QTest::touchEvent(&screen.view(), device.get()).release(1, place);
         };
-        live.post(screen, {choiceJSON(u"a2"_s, 5), choiceJSON(u"a1"_s, 10)});
+        screen.view().setVisible(wasOpen);
+        live.refreshWith(dashboardOf({choiceJSON(u"a2"_s, 5), choiceJSON(u"a1"_s, 10)}));
+        screen.view().show();
+        screen.settle();
         tap();
-        QCOMPARE(live.answer(u"a2"_s), QString());
+        QCOMPARE(live.answer(u"a2"_s), wasOpen ? QString() : u"Hold"_s);
         screen.pass(500ms);
-        tap();
+        if (wasOpen)
+            tap();
         QCOMPARE(live.answer(u"a2"_s), u"Hold"_s);
     }
 
@@ -174,13 +173,16 @@ private slots:
     void keysTypedForALostFieldDoNothing_data()
     {
         QTest::addColumn<bool>("isAnswered");
-        QTest::newRow("the deadline passes") << false;
-        QTest::newRow("answered elsewhere") << true;
+        QTest::addColumn<QString>("draft");
+        QTest::newRow("the deadline passes") << false << u"eu"_s;
+        QTest::newRow("answered elsewhere") << true << u"eu"_s;
+        QTest::newRow("answered before a word") << true << QString();
     }
 
     void keysTypedForALostFieldDoNothing()
     {
         QFETCH(bool, isAnswered);
+        QFETCH(QString, draft);
         const QJsonObject deadline{{u"expiresAt"_s, millisecondsFromInstant(testStart + Seconds(60))},
                                    {u"read"_s, true}};
         const QJsonObject answered{{u"answer"_s, u"us"_s}, {u"read"_s, true}};
@@ -188,20 +190,23 @@ private slots:
         live.store->startClock();
         Screen screen(root, *live.store);
         screen.click(u"alert.row.a1"_s);
-        screen.press({Qt::Key_R, Qt::Key_E, Qt::Key_U});
+        screen.press(Qt::Key_R);
+        screen.type(draft);
         if (isAnswered)
             live.post(screen, {textJSON(u"a1"_s, 10, answered), choiceJSON(u"a2"_s, 20)});
         else
             live.clock->advance(61s);
         screen.settle();
         QVERIFY(!screen.shows(u"detail.reply"_s));
-        QCOMPARE(screen.text(u"detail.unsent"_s), u"eu"_s);
+        QCOMPARE(screen.text(u"detail.unsent"_s), draft);
         screen.press({Qt::Key_U, Qt::Key_2, Qt::Key_Return, Qt::Key_Delete});
         QVERIFY(!screen.shows(u"inbox.delete.confirm"_s));
         QVERIFY(live.alert(u"a1"_s).read);
         QCOMPARE(live.store->selectedAlertID(), u"a1"_s);
-        QCOMPARE(screen.focused(), u"detail.unsent"_s);
-        screen.press({Qt::Key_Tab, Qt::Key_U});
+        QCOMPARE(screen.focused(), draft.isEmpty() ? u"detail"_s : u"detail.unsent"_s);
+        screen.press(Qt::Key_Escape);
+        QCOMPARE(screen.focused(), u"alert.row.a1"_s);
+        screen.press(Qt::Key_U);
         QVERIFY(!live.alert(u"a1"_s).read);
     }
 
@@ -265,12 +270,15 @@ private slots:
         screen.find(button)->forceActiveFocus(Qt::TabFocusReason);
         screen.settle();
         QVERIFY(screen.place(button, {0, 24}).y() <= screen.place(u"toast"_s).y());
-        // What it covers takes no press through it.
-        screen.pass(1s);
-        screen.point(u"toast"_s);
-        screen.pressAtPointer();
-        for (int index = 0; index < 9; ++index)
-            QCOMPARE(live.answer(u"a%1"_s.arg(index)), QString());
+    }
+
+    void messageLetsNoPressThrough()
+    {
+        Live live({alertJSON(u"n1"_s, 10)});
+        Screen screen(root, *live.store);
+        live.store->showToast(u"A message that lies over a button."_s, false);
+        screen.click(u"inbox.markAllRead"_s);
+        QVERIFY(!live.alert(u"n1"_s).read);
     }
 };
 

@@ -25,7 +25,7 @@ Column {
     }
 
     visible: root.isOver && root.draft.length > 0
-    spacing: 2
+    spacing: Theme.gap1
     Component.onCompleted: root.takeDraft()
     onAlertIDChanged: root.takeDraft()
 

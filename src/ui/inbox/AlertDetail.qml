@@ -18,6 +18,10 @@ Item {
     readonly property bool hasKeyboard: root.isWithin(root.Window.activeFocusItem)
 
     signal deleteRequested(alertID: string)
+    /** The person wants back to the list, from a text that keeps the shortcut for that to itself. */
+    signal backRequested
+
+    Keys.onEscapePressed: root.backRequested()
 
     /** Puts the keyboard into the open alert, at nothing that a key could press; false when no alert is open. */
     function takeFocus(): bool {

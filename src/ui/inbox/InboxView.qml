@@ -112,6 +112,7 @@ Item {
         store: root.store
         canDelete: root.canDelete
         takesKeys: keys.takesLetters
+        onBackRequested: list.takeFocus()
         onDeleteRequested: alertID => root.deleteAlert(alertID)
     }
 
