@@ -40,6 +40,8 @@ void press(const QStringList &keys)
         10'000);
     const QString number = QString::fromLatin1(window.split('\n').last());
     output(QStringLiteral("xdotool"), {QStringLiteral("windowactivate"), QStringLiteral("--sync"), number});
+    // A window that was not clicked takes no answer for half a second: the keys may have been meant for another one.
+    QTest::qWait(600);
     output(QStringLiteral("xdotool"),
            QStringList{QStringLiteral("key"), QStringLiteral("--delay"), QStringLiteral("80")} + keys);
 }
