@@ -17,15 +17,15 @@ void AppStore::endNotifications()
 
 void AppStore::findLeftAsks()
 {
-    if (m_backend->notifier && m_defaults)
-        m_leftAsks = LeftAsks(m_backend->notifier->leftBehind(), *m_defaults);
+    if (m_backend->notifier)
+        m_leftAsks = LeftAsks(m_backend->notifier->leftBehind(), m_notificationMark.owner());
 }
 
 void AppStore::settleLeftAsks()
 {
-    if (!m_backend->notifier || !m_account)
+    if (!m_backend->notifier)
         return;
-    const LeftAsks::Fate fate = m_leftAsks.settle(m_client->baseURL(), m_account->email, m_alerts, m_now);
+    const LeftAsks::Fate fate = m_leftAsks.settle(markOwner(m_account), m_alerts, m_now);
     if (!fate.dropped.isEmpty())
         m_backend->notifier->remove(fate.dropped);
     const bool namesWorkspaces = m_workspaces.size() > 1;

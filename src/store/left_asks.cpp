@@ -1,28 +1,24 @@
 #include "store/left_asks.h"
 
-#include "auth/account_record.h"
 #include "store/notification_choice.h"
-#include "store/preference_keys.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace pingwell {
 
-LeftAsks::LeftAsks(QStringList alertIDs, const Preferences &preferences)
+LeftAsks::LeftAsks(QStringList alertIDs, QString owner)
     : m_ids(std::move(alertIDs))
-    , m_baseURL(preferences.string(preference_keys::sessionBaseURL).value_or(QString()))
+    , m_owner(std::move(owner))
 {
-    const auto record = preferences.data(preference_keys::sessionAccount);
-    if (const auto account = record ? decodedAccount(*record) : std::nullopt)
-        m_email = account->email;
 }
 
-LeftAsks::Fate LeftAsks::settle(const QUrl &baseURL, const QString &email, const QList<Alert> &alerts, Instant now)
+LeftAsks::Fate LeftAsks::settle(const QString &owner, const QList<Alert> &alerts, Instant now)
 {
+    if (owner.isEmpty())
+        return {};
     Fate fate{.announced = {}, .dropped = std::exchange(m_ids, {})};
-    if (fate.dropped.isEmpty() || m_email.isEmpty() || m_email != email ||
-        m_baseURL != baseURL.toString(QUrl::FullyEncoded))
+    if (fate.dropped.isEmpty() || m_owner != owner)
         return fate;
     std::copy_if(alerts.begin(), alerts.end(), std::back_inserter(fate.announced),
                  [&](const Alert &alert) { return fate.dropped.contains(alert.id) && alert.isWaiting(now); });

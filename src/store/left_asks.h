@@ -1,10 +1,9 @@
 #pragma once
 
 #include "model/alert.h"
-#include "model/preferences.h"
 
+#include <QString>
 #include <QStringList>
-#include <QUrl>
 
 namespace pingwell {
 
@@ -14,8 +13,8 @@ class LeftAsks
 {
 public:
     LeftAsks() = default;
-    /// `preferences` still name the session in which the notifications were shown.
-    LeftAsks(QStringList alertIDs, const Preferences &preferences);
+    /// `owner` is the person at a server (`notificationMarkOwner`) to whom the notifications were shown.
+    LeftAsks(QStringList alertIDs, QString owner);
 
     struct Fate
     {
@@ -23,14 +22,13 @@ public:
         QList<Alert> announced;
         QStringList dropped;
     };
-    /// What becomes of them, once: a second time there are none left. In a session on another server or with another
-    /// account all are dropped.
-    [[nodiscard]] Fate settle(const QUrl &baseURL, const QString &email, const QList<Alert> &alerts, Instant now);
+    /// What becomes of them in a session of `owner`, once: a second time there are none left. Another owner has all
+    /// dropped; while the owner is not known yet, which is an empty one, nothing is decided.
+    [[nodiscard]] Fate settle(const QString &owner, const QList<Alert> &alerts, Instant now);
 
 private:
     QStringList m_ids;
-    QString m_baseURL;
-    QString m_email;
+    QString m_owner;
 };
 
 } // namespace pingwell

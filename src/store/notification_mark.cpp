@@ -54,6 +54,11 @@ void NotificationMark::handOver(const QString &from, const QString &to)
         m_preferences->setString(preference_keys::lastNotifiedOwner, to);
 }
 
+QString NotificationMark::owner() const
+{
+    return m_preferences ? m_preferences->string(preference_keys::lastNotifiedOwner).value_or(QString()) : QString();
+}
+
 std::optional<Instant> NotificationMark::after() const
 {
     const auto milliseconds = m_preferences ? m_preferences->number(preference_keys::lastNotifiedAt) : std::nullopt;

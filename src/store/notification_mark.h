@@ -29,6 +29,8 @@ public:
     /// The owner goes by another name from now on.
     void handOver(const QString &from, const QString &to);
 
+    /// Whose mark it is; empty while nobody has claimed it.
+    [[nodiscard]] QString owner() const;
     /// Only later alerts are new; none before the first look, which only sets the mark.
     [[nodiscard]] std::optional<Instant> after() const;
     /// The alerts looked at that were dated later than the look.

@@ -1,4 +1,4 @@
-#include "auth/account_record.h"
+#include "store/notification_mark.h"
 #include "store/preference_keys.h"
 #include "store_fixture.h"
 
@@ -152,15 +152,19 @@ private slots:
         const auto account = [](const QString &address) {
             return Account{.name = u"Me"_s, .email = address, .provider = AuthProvider::google, .plan = {}};
         };
-        m->preferences->setString(preference_keys::sessionBaseURL, server);
-        m->preferences->setData(preference_keys::sessionAccount, encodedAccount(account(email)));
+        m->preferences->setString(preference_keys::lastNotifiedOwner,
+                                  notificationMarkOwner(QUrl(server), account(email)));
         m->notifier->left = {a1, u"answered"_s, u"gone"_s, u"notice"_s};
-        const DashboardJSON dashboard{.alerts = {askJSON(a1, 7200),
-                                                 askJSON(u"answered"_s, 60, {{u"answer"_s, u"Deny"_s}}),
-                                                 alertJSON(u"notice"_s, 60), askJSON(u"never announced"_s, 60)}};
+        DashboardJSON dashboard{.alerts = {askJSON(a1, 7200), askJSON(u"answered"_s, 60, {{u"answer"_s, u"Deny"_s}}),
+                                           alertJSON(u"notice"_s, 60), askJSON(u"never announced"_s, 60)}};
         m->start();
-        store().persistSession(u"token-2"_s, QUrl(u"https://pingwell.test"_s), account(u"me@x.y"_s));
-        m->refreshWith(dashboard);
+        // Nothing is decided while it is not known who the person is.
+        for (const QString &address : {QString(), u"me@x.y"_s}) {
+            QVERIFY(m->notifier->removed.isEmpty() && m->notifier->delivered.isEmpty());
+            store().persistSession(u"token-2"_s, QUrl(u"https://pingwell.test"_s), account(address));
+            dashboard.alerts << alertJSON(address, 60);
+            m->refreshWith(dashboard);
+        }
         QTEST(m->notifier->delivered, "again");
         QStringList dropped = m->notifier->left;
         for (const QString &id : m->notifier->delivered)
