@@ -49,7 +49,7 @@ endfunction()
 # started on demand; with DISPLAY, on an X server of its own too.
 function(pingwell_bus_test name)
     cmake_parse_arguments(arg "DISPLAY" "" "" ${ARGN})
-    set(command dbus-run-session --config-file=${PROJECT_SOURCE_DIR}/tests/support/session_bus.conf --
+    set(command dbus-run-session --config-file=${PROJECT_SOURCE_DIR}/tools/desktop/session_bus.conf --
         $<TARGET_FILE:${name}>)
     if(arg_DISPLAY)
         pingwell_test_program(${name} "xcb" "xvfb-run;--auto-servernum;${command}" ${arg_UNPARSED_ARGUMENTS})

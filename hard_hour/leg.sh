@@ -5,7 +5,7 @@
 # leg.sh FOLDER MINUTES SEED, sourced by a leg; FOLDER holds the copies of the programs.
 
 here=$(dirname "$(realpath "${BASH_SOURCE[0]}")")
-source "$here/../tests/e2e/window.sh"
+source "$here/../tools/desktop/window.sh"
 # An hour of asking leaves the processor to what is asked.
 step=0.4
 
