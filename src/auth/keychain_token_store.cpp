@@ -6,6 +6,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <utility>
 
 namespace pingwell {
 
@@ -26,6 +27,9 @@ std::optional<QString> tokenFrom(const QByteArray &data)
         return std::nullopt;
     return token;
 }
+
+/// Whether the person may be asked to open a locked keychain.
+enum class Asking { allowed, forbidden };
 
 bool isOutOfReach(KeychainStatus status)
 {
@@ -51,7 +55,7 @@ public:
 
     // Main thread.
     std::optional<QString> load();
-    void keep(std::optional<QString> token);
+    void keep(std::optional<QString> token, Asking asking);
     /// Writes what is still to be written; false when that takes too long.
     bool finish();
 
@@ -61,14 +65,15 @@ public:
 private:
     using Callback = std::function<void()> TokenStore::*;
 
+    /// Waits until it is known whether the token is to be looked up. Nothing is asked for one that was cleared by then:
+    /// cancelling a question that is on the screen can end the keyring's service.
+    bool isToLookUp();
     void lookUp();
     KeychainStatus readToken();
     /// Waits for something to write; false when the thread is to end.
     bool waitForWork(std::unique_lock<std::mutex> &lock);
-    /// The first attempt to write a change; a locked keychain is opened by the person.
-    void write(const std::optional<QString> &token, quint64 revision);
-    /// A later one, without asking.
-    void writeAgain(const std::optional<QString> &token, quint64 revision);
+    /// An attempt to write a change. Where the person may be asked, they open a locked keychain, and hear of a failure.
+    void write(const std::optional<QString> &token, quint64 revision, Asking asking);
     KeychainStatus tryWrite(const std::optional<QString> &token);
     void noteOutcome(KeychainStatus status, quint64 revision);
     void post(Callback callback, quint64 revision);
@@ -81,6 +86,8 @@ private:
     // Counts what was kept since the start; 0 means that the look-up still decides.
     quint64 m_revision = 0;
     quint64 m_writtenRevision = 0;
+    Asking m_asking = Asking::forbidden;
+    bool m_isAsked = false;
     bool m_answered = false;
     bool m_missed = false;
     bool m_stopping = false;
@@ -103,17 +110,20 @@ std::optional<QString> KeychainTokenStore::Worker::load()
     std::unique_lock lock(m_mutex);
     if (!m_loadDeadline)
         m_loadDeadline = std::chrono::steady_clock::now() + longestWaitAtLoad;
+    m_isAsked = true;
+    m_changed.notify_all();
     m_changed.wait_until(lock, *m_loadDeadline, [this] { return m_answered || m_revision > 0; });
     if (!m_token && m_revision == 0)
         m_missed = true;
     return m_token;
 }
 
-void KeychainTokenStore::Worker::keep(std::optional<QString> token)
+void KeychainTokenStore::Worker::keep(std::optional<QString> token, Asking asking)
 {
     {
         const std::lock_guard lock(m_mutex);
         m_token = std::move(token);
+        m_asking = asking;
         ++m_revision;
     }
     m_changed.notify_all();
@@ -134,18 +144,17 @@ bool KeychainTokenStore::Worker::finish()
 
 void KeychainTokenStore::Worker::run()
 {
-    lookUp();
+    if (isToLookUp())
+        lookUp();
     std::unique_lock lock(m_mutex);
     while (waitForWork(lock)) {
         // Only the latest counts: a token saved and cleared meanwhile need not touch the keychain in between.
         const std::optional<QString> token = m_token;
         const quint64 revision = m_revision;
-        const bool isNew = revision != m_writtenRevision;
+        // They are asked once for each change.
+        const Asking asking = std::exchange(m_asking, Asking::forbidden);
         lock.unlock();
-        if (isNew)
-            write(token, revision);
-        else
-            writeAgain(token, revision);
+        write(token, revision, asking);
         lock.lock();
         m_writtenRevision = revision;
     }
@@ -161,6 +170,13 @@ bool KeychainTokenStore::Worker::waitForWork(std::unique_lock<std::mutex> &lock)
     else
         m_changed.wait(lock, isDue);
     return m_revision > m_writtenRevision || !m_stopping;
+}
+
+bool KeychainTokenStore::Worker::isToLookUp()
+{
+    std::unique_lock lock(m_mutex);
+    m_changed.wait(lock, [this] { return m_isAsked || m_revision > 0 || m_stopping; });
+    return m_revision == 0 && !m_stopping;
 }
 
 void KeychainTokenStore::Worker::lookUp()
@@ -192,26 +208,20 @@ KeychainStatus KeychainTokenStore::Worker::readToken()
     return item.status;
 }
 
-void KeychainTokenStore::Worker::write(const std::optional<QString> &token, quint64 revision)
+void KeychainTokenStore::Worker::write(const std::optional<QString> &token, quint64 revision, Asking asking)
 {
+    const bool mayAsk = asking == Asking::allowed;
     const std::stop_token stop = m_exitStop.get_token();
     KeychainStatus status = tryWrite(token);
-    if (status == KeychainStatus::locked && !stop.stop_requested()) {
-        if (m_keychain->unlock(stop) == KeychainStatus::success)
-            status = tryWrite(token);
-    }
+    if (mayAsk && status == KeychainStatus::locked && !m_exitStop.stop_requested() &&
+        m_keychain->unlock(m_exitStop.get_token()) == KeychainStatus::success)
+        status = tryWrite(token);
     const std::lock_guard lock(m_mutex);
-    m_retryWait.reset();
+    if (mayAsk)
+        m_retryWait.reset();
     noteOutcome(status, revision);
-    if (isOutOfReach(status))
+    if (mayAsk && isOutOfReach(status))
         post(token ? &TokenStore::onNotKept : &TokenStore::onNotCleared, revision);
-}
-
-void KeychainTokenStore::Worker::writeAgain(const std::optional<QString> &token, quint64 revision)
-{
-    const KeychainStatus status = tryWrite(token);
-    const std::lock_guard lock(m_mutex);
-    noteOutcome(status, revision);
 }
 
 /// Decides when the change is tried again, if ever. The mutex is held.
@@ -274,12 +284,17 @@ std::optional<QString> KeychainTokenStore::load()
 
 void KeychainTokenStore::save(const QString &token)
 {
-    m_worker->keep(token);
+    m_worker->keep(token, Asking::allowed);
 }
 
 void KeychainTokenStore::clear()
 {
-    m_worker->keep(std::nullopt);
+    m_worker->keep(std::nullopt, Asking::allowed);
+}
+
+void KeychainTokenStore::clearLeftover()
+{
+    m_worker->keep(std::nullopt, Asking::forbidden);
 }
 
 } // namespace pingwell

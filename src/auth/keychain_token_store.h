@@ -16,20 +16,21 @@ namespace pingwell {
 class KeychainTokenStore final : public TokenStore
 {
 public:
-    /// Starts looking the token up at once, so that the keychain answers while the program starts. What a locked
-    /// keychain did not take is tried again every `retryInterval`, without asking the person again; an unavailable one
-    /// is tried ever more rarely.
+    /// Asks the keychain nothing before the first operation, which decides whether there is anything to look up. What a
+    /// locked keychain did not take is tried again every `retryInterval`, without asking the person again; an
+    /// unavailable one is tried ever more rarely.
     KeychainTokenStore(std::shared_ptr<Keychain> keychain, const QString &service, const QString &account,
                        std::chrono::milliseconds retryInterval = std::chrono::seconds(30));
     /// Waits at most 2 s for what is still to be written; a keychain that hangs longer is left behind.
     ~KeychainTokenStore() override;
     Q_DISABLE_COPY_MOVE(KeychainTokenStore)
 
-    /// Waits at most 500 ms for the look-up. One that needs longer, or the person to open the keychain, goes on by
-    /// itself and ends in `onBecameReadable` when there is a token.
+    /// Begins the look-up, and waits at most 500 ms for it. One that needs longer, or the person to open the keychain,
+    /// goes on by itself and ends in `onBecameReadable` when there is a token.
     [[nodiscard]] std::optional<QString> load() override;
     void save(const QString &token) override;
     void clear() override;
+    void clearLeftover() override;
 
 private:
     class Worker;

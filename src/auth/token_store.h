@@ -19,6 +19,9 @@ public:
     [[nodiscard]] virtual std::optional<QString> load() = 0;
     virtual void save(const QString &token) = 0;
     virtual void clear() = 0;
+    /// Clears what an earlier run could not clear. The person is not asked to open the keyring for it, and
+    /// `onNotCleared` is not called: they were told in that run.
+    virtual void clearLeftover() = 0;
 
     /// Called on the main thread when a token that was out of reach at `load`, behind a locked or late keyring, can be
     /// loaded after all.
@@ -44,6 +47,7 @@ public:
     [[nodiscard]] std::optional<QString> load() override { return m_token; }
     void save(const QString &token) override { keep(token); }
     void clear() override { keep(std::nullopt); }
+    void clearLeftover() override { clear(); }
 
 private:
     void keep(std::optional<QString> token)

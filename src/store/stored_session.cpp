@@ -43,7 +43,7 @@ StoredSession::Restored StoredSession::restore(const std::optional<QUrl> &given,
     using Kind = Restored::Kind;
     Restored restored{.baseURL = given.value_or(storedBaseURL().value_or(chosen))};
     if (owesErasing()) {
-        m_tokens->clear();
+        m_tokens->clearLeftover();
         return restored;
     }
     const auto text = m_tokens->load();

@@ -195,6 +195,25 @@ private slots:
         QCOMPARE(f.notKept + f.notCleared, 1);
     }
 
+    void aLeftoverIsRemovedWithoutAQuestion()
+    {
+        Fixture f;
+        f.keychain->setItem("old");
+        f.keychain->setStatus(KeychainStatus::locked);
+        f.open(5ms);
+        // Time enough for a look-up that did not wait to be asked for.
+        QTest::qWait(20);
+        f.store->clearLeftover();
+        QTRY_VERIFY(f.keychain->calls().size() >= 3);
+        QCOMPARE(f.store->load(), Token());
+        f.keychain->setStatus(KeychainStatus::success);
+        QTRY_COMPARE(f.written, 1);
+        QCOMPARE(f.keychain->item(), Item());
+        QCOMPARE(f.notCleared, 0);
+        const QStringList calls = f.keychain->calls();
+        QCOMPARE(calls.count(u"remove"_s), calls.size());
+    }
+
     void writesBeforeItEndsUnlessTheKeychainHangs()
     {
         for (const bool hangs : {false, true}) {

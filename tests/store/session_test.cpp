@@ -151,7 +151,17 @@ private slots:
         QCOMPARE(store().toast()->message, m->notifier->messages.first().section(u" | "_s, 1));
         QCOMPARE(store().toast()->message.contains(u"before you quit"_s), !isRemembered);
 
-        // The next run finds the keyring open, with the token that was signed out.
+        // The next run finds the token that was signed out, and opens no question about it.
+        const auto questions = [&] {
+            return keychain->calls().count(u"unlock"_s) + keychain->calls().count(u"copy s/a"_s);
+        };
+        const auto asked = questions();
+        startWithKeychain();
+        QVERIFY(!store().isSignedIn() && !store().client());
+        QTRY_COMPARE(keychain->calls().last(), u"remove"_s);
+        QCOMPARE(questions(), asked);
+
+        // The one after it finds the keyring open.
         keychain->setStatus(KeychainStatus::success);
         startWithKeychain();
         QVERIFY(!store().isSignedIn() && !store().client());
