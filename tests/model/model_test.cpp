@@ -81,32 +81,23 @@ private slots:
         QCOMPARE(alert.isWaiting(start), expected.startsWith(u"waiting"));
     }
 
-    void validatedAnswer_data()
-    {
-        QTest::addColumn<AnswerType>("type");
-        QTest::addColumn<QString>("proposed");
-        QTest::addColumn<std::optional<QString>>("expected");
-        const auto row = [](const char *name, AnswerType type, const QString &proposed,
-                            const std::optional<QString> &expected) {
-            QTest::newRow(name) << type << proposed << expected;
-        };
-        const QString full(1000, u'x');
-        row("one of the choices", AnswerType::choice, u"Deny"_s, u"Deny"_s);
-        row("another letter case", AnswerType::choice, u"deny"_s, {});
-        row("a choice with blanks", AnswerType::choice, u" Deny"_s, {});
-        row("text is trimmed", AnswerType::text, u" \n yes\t "_s, u"yes"_s);
-        row("blank text", AnswerType::text, u" \n\t"_s, {});
-        row("text at the limit", AnswerType::text, u' ' + full, full);
-        row("text over the limit, of which an emoji takes two", AnswerType::text, full.chopped(1) + u"😀"_s, {});
-    }
-
     void validatedAnswer()
     {
-        QFETCH(AnswerType, type);
-        QFETCH(QString, proposed);
-        Alert alert = ask();
-        alert.answerType = type;
-        QTEST(alert.validatedAnswer(proposed), "expected");
+        const QString full(1000, u'x');
+        const std::tuple<AnswerType, QString, std::optional<QString>> rows[] = {
+            {AnswerType::choice, u"Deny"_s, u"Deny"_s},
+            {AnswerType::choice, u"deny"_s, {}},
+            {AnswerType::choice, u" Deny"_s, {}},
+            {AnswerType::text, u" \n yes\t "_s, u"yes"_s},
+            {AnswerType::text, u" \n\t"_s, {}},
+            {AnswerType::text, u' ' + full, full},
+            // An emoji takes two of the limit.
+            {AnswerType::text, full.chopped(1) + u"😀"_s, {}}};
+        for (const auto &[type, proposed, expected] : rows) {
+            Alert alert = ask();
+            alert.answerType = type;
+            QCOMPARE(alert.validatedAnswer(proposed), expected);
+        }
     }
 
     void responseWindow()

@@ -13,73 +13,48 @@ class TimeFormatTest : public QObject
     Q_OBJECT
 
 private slots:
-    void countdown_data()
-    {
-        QTest::addColumn<double>("seconds");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("no deadline") << std::numeric_limits<double>::infinity() << "—";
-        QTest::newRow("not a number") << std::nan("") << "—";
-        QTest::newRow("past") << -5.0 << "0s";
-        QTest::newRow("rounds up") << 0.2 << "1s";
-        QTest::newRow("rounds up to sixty") << 59.01 << "60s";
-        QTest::newRow("a minute") << 60.0 << "1m";
-        QTest::newRow("drops the seconds") << 3599.0 << "59m";
-        QTest::newRow("drops the minutes") << 7199.0 << "1h";
-        QTest::newRow("beyond any integer")
-            << 1e300 << QString(QString::number(std::trunc(std::trunc(1e300 / 60) / 60), 'f', 0) + u'h');
-    }
-
     void countdown()
     {
-        QFETCH(double, seconds);
-        QTEST(countdownText(seconds), "text");
-    }
-
-    void ages_data()
-    {
-        QTest::addColumn<double>("secondsAgo");
-        QTest::addColumn<QString>("shortText");
-        QTest::addColumn<QString>("relativeText");
-        const auto row = [](double secondsAgo, const QString &shortText, const QString &relativeText) {
-            QTest::addRow("%g s", secondsAgo) << secondsAgo << shortText << relativeText;
-        };
-        row(-10, u"now"_s, u"just now"_s);
-        row(59.9, u"now"_s, u"just now"_s);
-        row(60, u"1m"_s, u"1m ago"_s);
-        row(3599, u"59m"_s, u"59m ago"_s);
-        row(3600, u"1h"_s, u"1h ago"_s);
-        row(86399, u"23h"_s, u"23h ago"_s);
-        row(86400.0 * 400, u"400d"_s, u"400d ago"_s);
+        const std::pair<double, QString> rows[] = {
+            {std::numeric_limits<double>::infinity(), u"—"_s},
+            {std::nan(""), u"—"_s},
+            {-5, u"0s"_s},
+            {0.2, u"1s"_s},
+            {59.01, u"60s"_s},
+            {60, u"1m"_s},
+            {3599, u"59m"_s},
+            {7199, u"1h"_s},
+            {1e300, QString::number(std::trunc(std::trunc(1e300 / 60) / 60), 'f', 0) + u'h'}};
+        for (const auto &[seconds, text] : rows)
+            QCOMPARE(countdownText(seconds), text);
     }
 
     void ages()
     {
-        QFETCH(double, secondsAgo);
+        const std::pair<double, QString> rows[] = {
+            {60, u"1m"_s}, {3599, u"59m"_s}, {3600, u"1h"_s}, {86399, u"23h"_s}, {86400.0 * 400, u"400d"_s}};
         const Instant now{Seconds(1'700'000'000)};
-        QTEST(shortAge(now - Seconds(secondsAgo), now), "shortText");
-        QTEST(relativeAge(now - Seconds(secondsAgo), now), "relativeText");
-    }
-
-    void minutes_data()
-    {
-        QTest::addColumn<qint64>("minutes");
-        QTest::addColumn<QString>("compact");
-        QTest::addColumn<QString>("spelled");
-        const auto row = [](qint64 minutes, const QString &compact, const QString &spelled) {
-            QTest::addRow("%lld", minutes) << minutes << compact << spelled;
-        };
-        row(-5, u"-5m"_s, u"-5 minutes"_s);
-        row(59, u"59m"_s, u"59 minutes"_s);
-        row(60, u"1h"_s, u"1 hour"_s);
-        row(90, u"1h 30m"_s, u"1 hours"_s);
-        row(240, u"4h"_s, u"4 hours"_s);
+        for (const auto &[secondsAgo, text] : rows) {
+            QCOMPARE(shortAge(now - Seconds(secondsAgo), now), text);
+            QCOMPARE(relativeAge(now - Seconds(secondsAgo), now), text + u" ago"_s);
+        }
+        for (const double secondsAgo : {-10.0, 59.9}) {
+            QCOMPARE(shortAge(now - Seconds(secondsAgo), now), u"now"_s);
+            QCOMPARE(relativeAge(now - Seconds(secondsAgo), now), u"just now"_s);
+        }
     }
 
     void minutes()
     {
-        QFETCH(qint64, minutes);
-        QTEST(durationText(minutes), "compact");
-        QTEST(minutesText(minutes), "spelled");
+        const std::tuple<qint64, QString, QString> rows[] = {{-5, u"-5m"_s, u"-5 minutes"_s},
+                                                             {59, u"59m"_s, u"59 minutes"_s},
+                                                             {60, u"1h"_s, u"1 hour"_s},
+                                                             {90, u"1h 30m"_s, u"1 hours"_s},
+                                                             {240, u"4h"_s, u"4 hours"_s}};
+        for (const auto &[minutes, compact, spelled] : rows) {
+            QCOMPARE(durationText(minutes), compact);
+            QCOMPARE(minutesText(minutes), spelled);
+        }
     }
 };
 
