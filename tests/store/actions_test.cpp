@@ -181,13 +181,9 @@ QList<Action> allQuestions()
 } // namespace
 
 /// What a person can do to the things of the service.
-class ActionsTest : public QObject
+class ActionsTest : public StoreTest
 {
     Q_OBJECT
-
-    std::unique_ptr<StoreFixture> m;
-
-    AppStore &store() { return *m->store; }
 
     void begin(const DashboardJSON &dashboard)
     {
@@ -204,9 +200,6 @@ class ActionsTest : public QObject
     }
 
 private slots:
-    void init() { m = std::make_unique<StoreFixture>(); }
-    void cleanup() { m.reset(); }
-
     void actions_data()
     {
         QTest::addColumn<Action>("action");

@@ -30,20 +30,13 @@ DashboardJSON readAlerts(const QStringList &ids)
 } // namespace
 
 /// What belongs to an alert on this machine alone: drafts, banners and unread marks.
-class AlertsTest : public QObject
+class AlertsTest : public StoreTest
 {
     Q_OBJECT
-
-    std::unique_ptr<StoreFixture> m;
-
-    AppStore &store() { return *m->store; }
 
     std::optional<QStringList> unreadMarks() const { return m->preferences->strings(preference_keys::unreadAlerts); }
 
 private slots:
-    void init() { m = std::make_unique<StoreFixture>(); }
-    void cleanup() { m.reset(); }
-
     void anAnswerTakesDraftBannerAndMarkAlong()
     {
         m->preferences->setStrings(preference_keys::unreadAlerts, {a1});

@@ -32,18 +32,11 @@ DashboardJSON oneTopic(const QString &priority)
 } // namespace
 
 /// What becomes of changes under way: among each other, beside the dashboards, and at the end of a session.
-class MutationsTest : public QObject
+class MutationsTest : public StoreTest
 {
     Q_OBJECT
 
-    std::unique_ptr<StoreFixture> m;
-
-    AppStore &store() { return *m->store; }
-
 private slots:
-    void init() { m = std::make_unique<StoreFixture>(); }
-    void cleanup() { m.reset(); }
-
     void noDashboardIsMergedAcrossOne()
     {
         m->startWith(oneAsk());
@@ -101,9 +94,7 @@ private slots:
         QVERIFY(store().topics().first().minPriority == Priority::critical);
         // What the service was seen to hold in between is what a refusal leaves; a dashboard fetched across it is not.
         m->transport->plan("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()).heldBack());
-        m->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
-        store().refresh();
-        m->settle();
+        m->refreshWith(ScriptedAnswer::noAnswer());
         m->release("PATCH", topicPath);
         QVERIFY(store().topics().first().minPriority == Priority::normal && store().toast());
         m->release();

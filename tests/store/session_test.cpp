@@ -8,13 +8,10 @@
 using namespace pingwell;
 using namespace Qt::StringLiterals;
 
-class SessionTest : public QObject
+class SessionTest : public StoreTest
 {
     Q_OBJECT
 
-    std::unique_ptr<StoreFixture> m;
-
-    AppStore &store() { return *m->store; }
     QString deviceKey() const { return preference_keys::device(*m->backend->baseURLOverride); }
 
     /// For tests in which a loop starts whose answers don't matter.
@@ -26,9 +23,6 @@ class SessionTest : public QObject
     }
 
 private slots:
-    void init() { m = std::make_unique<StoreFixture>(); }
-    void cleanup() { m.reset(); }
-
     void restoring_data()
     {
         QTest::addColumn<QString>("token");
@@ -115,9 +109,7 @@ private slots:
         QFETCH(bool, isKept);
         m->preferences->setString(preference_keys::sessionBaseURL, stored);
         m->start();
-        m->transport->plan("GET", "/dashboard", ScriptedAnswer::failure(401));
-        store().refresh();
-        m->settle();
+        m->refreshWith(ScriptedAnswer::failure(401));
         QVERIFY(!store().isSignedIn());
         QCOMPARE(m->tokens->load().has_value(), isKept);
         QCOMPARE(m->preferences->contains(preference_keys::sessionBaseURL), isKept);
@@ -265,13 +257,9 @@ private slots:
     void aNewSessionRefreshesWhileAnOldRequestHangs()
     {
         m->start();
-        m->transport->plan("GET", "/dashboard", ScriptedAnswer::failure(401).heldBack());
-        store().refresh();
-        m->settle();
+        m->refreshWith(ScriptedAnswer::failure(401).heldBack());
         m->changeSession();
-        m->transport->plan("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()).heldBack());
-        store().refresh();
-        m->settle();
+        m->refreshWith(ScriptedAnswer::data(DashboardJSON().body()).heldBack());
         m->release();
         QVERIFY2(store().isSignedIn(), "the old session's end is not this one's");
         store().refresh();
@@ -299,9 +287,7 @@ private slots:
             m = std::make_unique<StoreFixture>();
             m->startWith({});
             store().setAttention({.isOnWindow = [isWatched] { return isWatched; }});
-            m->transport->plan("GET", "/dashboard", ScriptedAnswer::failure(401, "", "Your access was revoked."));
-            store().refresh();
-            m->settle();
+            m->refreshWith(ScriptedAnswer::failure(401, "", "Your access was revoked."));
             const QString told = u"pingwell.session: You've been signed out | Your access was revoked."_s;
             QCOMPARE(m->notifier->messages, isWatched ? QStringList() : QStringList{told});
             QCOMPARE(m->notifier->removedAll, 1);

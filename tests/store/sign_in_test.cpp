@@ -20,16 +20,13 @@ const QByteArray session = R"({"token":"fresh","user":{"name":"Ada","provider":"
 
 } // namespace
 
-class SignInTest : public QObject
+class SignInTest : public StoreTest
 {
     Q_OBJECT
 
-    std::unique_ptr<StoreFixture> m;
     std::shared_ptr<WebAuthenticator> m_browser;
     QList<QUrl> m_opened;
     bool m_browserWorks = true;
-
-    AppStore &store() { return *m->store; }
 
     void comeBack(const QString &query)
     {
@@ -40,7 +37,7 @@ class SignInTest : public QObject
 private slots:
     void init()
     {
-        m = std::make_unique<StoreFixture>();
+        StoreTest::init();
         m->tokens->clear();
         m->transport->always("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()));
         m->transport->always("GET", "/auth/user-data", ScriptedAnswer::raw(200, session));
@@ -63,7 +60,7 @@ private slots:
     void cleanup()
     {
         m_browser->cancel();
-        m.reset();
+        StoreTest::cleanup();
         m_browser.reset();
     }
 

@@ -100,7 +100,12 @@ void StoreFixture::startLoopWith(const DashboardJSON &dashboard, const QByteArra
 
 void StoreFixture::refreshWith(const DashboardJSON &dashboard)
 {
-    transport->plan("GET", "/dashboard", ScriptedAnswer::data(dashboard.body()));
+    refreshWith(ScriptedAnswer::data(dashboard.body()));
+}
+
+void StoreFixture::refreshWith(const ScriptedAnswer &answer)
+{
+    transport->plan("GET", "/dashboard", answer);
     store->refresh();
     settle();
 }

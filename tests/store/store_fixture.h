@@ -8,6 +8,7 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QObject>
 
 #include <memory>
 
@@ -49,6 +50,8 @@ public:
     void startLoopWith(const DashboardJSON &dashboard, const QByteArray &invitations);
     /// Runs one refresh that answers with that dashboard, and waits for its end.
     void refreshWith(const DashboardJSON &dashboard);
+    /// The same with an answer of any kind; where it is held back, the refresh doesn't end.
+    void refreshWith(const ScriptedAnswer &answer);
     /// Ends the session and begins that of another token.
     void changeSession();
     /// Lets the oldest held answer go, of that route where one is given, and waits for what follows.
@@ -65,6 +68,21 @@ public:
     std::shared_ptr<MemoryTokenStore> tokens = std::make_shared<MemoryTokenStore>(QStringLiteral("token-1"));
     std::shared_ptr<Backend> backend = std::make_shared<Backend>();
     std::unique_ptr<AppStore> store;
+};
+
+/// A test whose functions each begin with a fixture of their own.
+class StoreTest : public QObject
+{
+    Q_OBJECT
+
+protected:
+    AppStore &store() { return *m->store; }
+
+    std::unique_ptr<StoreFixture> m;
+
+protected slots:
+    void init() { m = std::make_unique<StoreFixture>(); }
+    void cleanup() { m.reset(); }
 };
 
 } // namespace pingwell

@@ -21,13 +21,9 @@ DashboardJSON withAlerts(const QJsonArray &alerts)
 
 } // namespace
 
-class SyncTest : public QObject
+class SyncTest : public StoreTest
 {
     Q_OBJECT
-
-    std::unique_ptr<StoreFixture> m;
-
-    AppStore &store() { return *m->store; }
 
     void startLoop()
     {
@@ -50,9 +46,6 @@ class SyncTest : public QObject
     }
 
 private slots:
-    void init() { m = std::make_unique<StoreFixture>(); }
-    void cleanup() { m.reset(); }
-
     void theFirstRoundAndTheCadence()
     {
         startLoop();
@@ -176,9 +169,7 @@ private slots:
               std::pair(ScriptedAnswer::raw(200, "[]"), incomprehensible),
               std::pair(ScriptedAnswer::raw(200, ""), incomprehensible),
               std::pair(ScriptedAnswer::failure(503, {}, "Back at noon."), u"Back at noon."_s)}) {
-            m->transport->plan("GET", "/dashboard", answer);
-            store().refresh();
-            m->settle();
+            m->refreshWith(answer);
             QCOMPARE(store().connectionProblem(), std::optional(problem));
             QCOMPARE(store().alerts().size(), 1);
             m->refreshWith(withAlerts({alertJSON(a1, 60)}));
@@ -275,9 +266,7 @@ private slots:
         ScriptedAnswer answer =
             ScriptedAnswer::data(withAlerts({askJSON(a1, -1, soon), askJSON(u"late"_s, -1, late)}).body());
         answer.response->date = testStart + Seconds(2);
-        m->transport->plan("GET", "/dashboard", answer);
-        store().refresh();
-        m->settle();
+        m->refreshWith(answer);
         QCOMPARE(m->notifier->delivered, QStringList{u"a1, sounds"_s});
         QCOMPARE(store().needsReplyCount(), 1);
         QVERIFY(store().canAnswer(m->alert(a1)));
@@ -299,10 +288,7 @@ private slots:
         store().startClock();
         store().setWatched(false);
         const QJsonObject soon{{u"expiresAt"_s, millisecondsFromInstant(testStart + Seconds(10))}};
-        m->transport->plan("GET", "/dashboard",
-                           ScriptedAnswer::data(withAlerts({askJSON(a1, -1, soon)}).body()).heldBack());
-        store().refresh();
-        m->settle();
+        m->refreshWith(ScriptedAnswer::data(withAlerts({askJSON(a1, -1, soon)}).body()).heldBack());
         m->clock->advance(14s);
         m->release();
         QVERIFY(store().alerts().size() == 1 && m->notifier->delivered.isEmpty());
@@ -402,7 +388,7 @@ private slots:
         store().selectAlert(a1);
         m->refreshWith({.workspaces = {workspaceJSON(u"w2"_s), workspaceJSON(u"w1"_s)}});
         QVERIFY(store().selectedAlertID() == a1 && store().filter() == InboxFilter::asks());
-        m->refreshWith({});
+        m->refreshWith(DashboardJSON());
         QVERIFY(!store().selectedAlertID() && store().filter() == InboxFilter::all());
         QCOMPARE(store().activeWorkspaceID(), u"w1"_s);
         QCOMPARE(m->preferences->string(preference_keys::activeWorkspace), std::optional(u"w2"_s));
