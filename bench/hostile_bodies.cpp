@@ -73,13 +73,13 @@ std::function<QByteArray()> notices(int count, const std::function<int(int)> &ra
 
 std::function<QByteArray()> named(const char *list, const QByteArray &padding)
 {
-    return [list = QByteArray(list), padding] {
+    return [name = QByteArray(list), padding] {
         const QByteArray all = records([&](int number) -> QByteArray {
-            const QByteArray id = '"' + list + QByteArray::number(number) + padding + '"';
+            const QByteArray id = '"' + name + QByteArray::number(number) + padding + '"';
             return R"({"id":)" + id + R"(,"workspaceId":"w1","email":"e@x","role":"member","status":"active","name":)" +
                    id + '}';
         });
-        return list == "topics" ? dashboardOf({}, all) : dashboardOf({}, {}, all);
+        return name == "topics" ? dashboardOf({}, all) : dashboardOf({}, {}, all);
     };
 }
 

@@ -14,7 +14,8 @@ WindowInput *WindowInput::of(QQuickItem *item)
     QQuickWindow *const window = item->window();
     if (!window)
         return nullptr;
-    if (auto *const known = window->findChild<WindowInput *>({}, Qt::FindDirectChildrenOnly))
+    auto *const known = window->findChild<WindowInput *>({}, Qt::FindDirectChildrenOnly);
+    if (known)
         return known;
     const auto *const engine = qobject_cast<UiEngine *>(qmlEngine(item));
     check(engine, "a control was loaded by an engine of another kind");
