@@ -215,10 +215,11 @@ void AppStore::SignInSteps::rest(AppStore &store, const std::optional<QString> &
 {
     store.m_signInPage.clear();
     store.set(store.m_isSigningIn, false, &AppStore::isSigningInChanged);
-    if (problem)
-        store.set(store.m_signInError, problem, &AppStore::signInErrorChanged);
     // The keyring may have been opened meanwhile, too late for the start and in the way of this sign-in.
     store.restoreLateSession();
+    // Last: where there is still no session, what failed now matters more than why the start found none.
+    if (problem && !store.m_client)
+        store.set(store.m_signInError, problem, &AppStore::signInErrorChanged);
 }
 
 void AppStore::SignInSteps::complete(AppStore &store, const QUrl &baseURL, const Session &session)

@@ -223,6 +223,20 @@ private slots:
         QVERIFY(store().isSignedIn() && store().hasLoaded());
     }
 
+    void whatFailedNowIsToldRatherThanWhatWasMissing()
+    {
+        m->tokens->save(u"token-1 https://other.test"_s);
+        m->start();
+        const auto missing = store().signInError();
+        QVERIFY(missing->contains(u"other.test"_s));
+        store().signIn(u"google"_s);
+        comeBack(u"?error=access_denied"_s);
+        QCOMPARE(store().signInError(), std::optional(u"Sign-in was cancelled."_s));
+        store().signIn(u"google"_s);
+        store().cancelSignIn();
+        QCOMPARE(store().signInError(), missing);
+    }
+
     void noBrowser()
     {
         m_browserWorks = false;
