@@ -48,7 +48,8 @@ StoredSession::Restored StoredSession::restore(const std::optional<QUrl> &given,
     }
     const auto text = m_tokens->load();
     const auto secret = text ? decodedSecret(*text) : std::nullopt;
-    if (!secret)
+    const bool isBorrowed = given && secret && !secret->origin && isForAnotherServer(*given);
+    if (!secret || (isBorrowed && m_wasRefused))
         return restored;
     if (!given && m_preferences && !m_preferences->isWhole()) {
         // Which server the token belongs to is lost, and whether it was to be erased.
@@ -58,7 +59,7 @@ StoredSession::Restored StoredSession::restore(const std::optional<QUrl> &given,
         restored.kind = Kind::anotherServer;
         restored.tokenOrigin = *secret->origin;
     } else {
-        m_isBorrowed = given && !secret->origin && isForAnotherServer(*given);
+        m_isBorrowed = isBorrowed;
         restored.kind = Kind::session;
         restored.token = secret->token;
         restored.account = storedAccount();
@@ -115,7 +116,9 @@ void StoredSession::erase()
 
 void StoredSession::eraseRefused()
 {
-    if (!m_isBorrowed)
+    if (m_isBorrowed)
+        m_wasRefused = true;
+    else
         erase();
     m_isBorrowed = false;
 }

@@ -72,6 +72,8 @@ private:
     std::shared_ptr<Preferences> m_preferences;
     /// The session in use is tried at a server given for this run; the stored one belongs to another.
     bool m_isBorrowed = false;
+    /// The given server refused it; it is not tried there again.
+    bool m_wasRefused = false;
 };
 
 } // namespace pingwell

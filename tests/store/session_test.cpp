@@ -113,6 +113,8 @@ private slots:
         QVERIFY(!store().isSignedIn());
         QCOMPARE(m->tokens->load().has_value(), isKept);
         QCOMPARE(m->preferences->contains(preference_keys::sessionBaseURL), isKept);
+        m->tokens->onBecameReadable();
+        QVERIFY2(!store().isSignedIn(), "the same server would refuse it again");
     }
 
     void aSignOutLastsThoughTheKeyringIsLocked_data()
