@@ -94,6 +94,9 @@ std::optional<AnswerRefusal> AppStore::AnswerSteps::submit(AppStore &store, cons
 
 void AppStore::AnswerSteps::refused(AppStore &store, const Alert &before, const QString &message)
 {
+    // Every refused change is told by a toast, which is enough where the person looks at the alert.
+    if (store.m_attention.isOnAlert(before.id))
+        return;
     const auto alert = store.alertWithID(before.id);
     tellRefusal(store, alert.value_or(before), {.reason = message, .canAnswerAgain = alert && store.canAnswer(*alert)});
 }

@@ -3,6 +3,7 @@
 #include "store_fixture.h"
 
 #include <QJsonDocument>
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace pingwell;
@@ -83,6 +84,7 @@ private slots:
         }});
         m->transport->plan("POST", answerPath, refusal);
         m->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        const QSignalSpy toasts(&store(), &AppStore::toastChanged);
         if (fromBanner)
             store().answerFromNotification(a1, u"Approve"_s);
         else
@@ -90,6 +92,7 @@ private slots:
         m->settle();
         QTEST(m->notifier->refused, "refused");
         QCOMPARE(store().toast()->message, u"Somebody was faster."_s);
+        QCOMPARE(toasts.count(), 1);
     }
 
     void aBannersAnswerThatMayNotBeGivenIsToldToo()
