@@ -30,7 +30,8 @@ void finishWithoutLoop()
 ExitGuard::ExitGuard(const AppStore &store)
 {
     guarded = &store;
-    // What was made last goes first: by then the network and the thread pool have been used, and are still there.
+    // Exit handlers run in reverse order of their registration. Registered once the first dashboard is there, this one
+    // runs before those that take down the network and the thread pool.
     QObject::connect(&store, &AppStore::hasLoadedChanged, &store,
                      [] { [[maybe_unused]] static const bool registered = std::atexit(finishWithoutLoop) == 0; });
 }

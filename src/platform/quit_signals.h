@@ -7,9 +7,8 @@
 
 namespace pingwell {
 
-/// Turns the wish to end that arrives as a signal (SIGTERM at log-out, SIGINT
-/// from a terminal, SIGHUP when that closes) into an orderly quit: a
-/// token on its way into the keyring still gets there. One in a process, main thread.
+/// Turns the wish to end that arrives as a signal (SIGTERM at log-out, SIGINT from a terminal, SIGHUP when that closes)
+/// into an orderly quit: a token on its way into the keyring still gets there. One in a process, main thread.
 class QuitSignals : public QObject
 {
     Q_OBJECT

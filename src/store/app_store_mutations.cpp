@@ -52,7 +52,7 @@ QCoro::Task<> AppStore::MutationSteps::run(QPointer<AppStore> store, APIClientPt
     const bool ours = store->m_client == client;
     if (failure && ours)
         store->m_refreshIsOwed = takeBack(*store, client, *mutation, *failure);
-    // The end of a session drops what waits: what the person changed in it is not said in another one's name.
+    // What waits in a lane is dropped with the session: it must not be sent with another session's token.
     if (mutation->ended && store->m_client == client)
         mutation->ended(*store, !failure);
     inProgress.reset();

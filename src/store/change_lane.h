@@ -31,11 +31,8 @@ public:
     /// The service is seen to hold that value.
     void learn(const QString &field, const JSON &value);
 
-    /// The fields that were changed since the lane was last idle.
-    [[nodiscard]] QStringList fields() const { return m_fields.keys(); }
+    /// What is shown of a field that was changed.
     [[nodiscard]] JSON shown(const QString &field) const;
-    /// No request is under way and none waits.
-    [[nodiscard]] bool isIdle() const { return m_told.isEmpty() && m_waiting.isEmpty(); }
 
 private:
     struct Field
