@@ -17,6 +17,8 @@ constexpr qsizetype mostButtons = 32;
 
 const QString openKey = QStringLiteral("default");
 const QString moreKey = QStringLiteral("more");
+const QString openLabel = QStringLiteral("Open");
+const QString moreLabel = QStringLiteral("More…");
 
 /// How many buttons beside the click on the banner the server draws in their order. GNOME Shell silently drops those
 /// after the third; Plasma puts the first ones below the others from the fifth on.
@@ -29,16 +31,16 @@ qsizetype buttonsOf(const NotificationServer &server)
     return mostButtons;
 }
 
-/// Two labels that look the same have the same one of these.
 QString looksOf(const QString &title)
 {
-    return displayLine(title, longestLabel).normalized(QString::NormalizationForm_KC);
+    return seenOf(displayLine(title, longestLabel));
 }
 
-/// Whether each of the first `shown` actions can be read whole on its button, and taken for no other one.
+/// Whether each of the first `shown` actions can be read whole on its button, and taken for no other one, nor for one
+/// of the program's own.
 bool areTellable(const QList<NotificationAction> &actions, qsizetype shown)
 {
-    QHash<QString, int> sameLooks;
+    QHash<QString, int> sameLooks{{looksOf(openLabel), 1}, {looksOf(moreLabel), 1}};
     for (const NotificationAction &action : actions)
         ++sameLooks[looksOf(action.title)];
     return std::all_of(actions.begin(), actions.begin() + shown, [&](const NotificationAction &action) {
@@ -58,7 +60,7 @@ QList<BannerAction> fitActions(const QList<NotificationAction> &actions, const N
 {
     if (!server.drawsActions)
         return {};
-    QList<BannerAction> fitted{{openKey, QStringLiteral("Open")}};
+    QList<BannerAction> fitted{{openKey, openLabel}};
     const qsizetype room = buttonsOf(server);
     qsizetype shown = actions.size() > room ? room - 1 : actions.size();
     if (!areTellable(actions, shown))
@@ -66,7 +68,7 @@ QList<BannerAction> fitActions(const QList<NotificationAction> &actions, const N
     for (const NotificationAction &action : actions.first(shown))
         fitted.append({keyOf(action, server), displayLine(action.title)});
     if (shown < actions.size())
-        fitted.append({moreKey, QStringLiteral("More…")});
+        fitted.append({moreKey, moreLabel});
     return fitted;
 }
 

@@ -58,6 +58,8 @@ private slots:
         untellable("same beginnings", {QString(40, u'x') + u'y', QString(40, u'x') + u'z'});
         untellable("blank", {u"Yes"_s, u"\u0001 "_s});
         untellable("same looks", {u"Delete"_s, u"Del\u200Bete"_s});
+        untellable("same looks, with a joiner", {u"Stop"_s, u"Sto\u200Dp"_s});
+        untellable("called as the program's own button", {u"No"_s, u"More\u2026"_s});
         untellable("same looks, written otherwise", {u"Löschen"_s, u"Lo\u0308schen"_s});
         untellable("same as one without room", {u"a"_s, u"b"_s, u"c"_s, u"a "_s});
         QTest::newRow("a long one without room")

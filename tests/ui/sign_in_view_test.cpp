@@ -172,7 +172,7 @@ private slots:
         const auto name = [&screen] { return screen.name(u"sidebar.account"_s); };
         m->store->persistSession(u"token"_s, QUrl(u"https://alerts.example.org:8443"_s),
                                  demoAccount(AuthProvider::google));
-        m->refreshWith({});
+        m->refreshWith(DashboardJSON());
         screen.settle();
         QVERIFY(name().endsWith(u", Pingwell Cloud, alerts.example.org:8443"_s));
         m->store->setSection(SidebarSection::settings);
@@ -184,7 +184,7 @@ private slots:
 
         m->store->endSession({});
         m->store->persistSession(u"token"_s, APIClient::defaultBaseURL(), demoAccount(AuthProvider::google));
-        m->refreshWith({});
+        m->refreshWith(DashboardJSON());
         screen.settle();
         QVERIFY(name().endsWith(u", Pingwell Cloud"_s));
     }
