@@ -20,6 +20,7 @@ void PressGuard::setMeaning(const QString &meaning)
     if (m_meaning == meaning)
         return;
     m_meaning = meaning;
+    giveUpPress();
     // At once: the press or the key that comes next may come before the next frame.
     look();
     emit meaningChanged();
@@ -98,6 +99,15 @@ void PressGuard::look()
         m_press.changed(m_input->now(), isUnderPointer);
     else if (!isUnderPointer)
         m_press.pointerLeft();
+}
+
+void PressGuard::giveUpPress()
+{
+    if (!window() || !parentItem())
+        return;
+    if (window()->mouseGrabberItem() == parentItem())
+        parentItem()->ungrabMouse();
+    parentItem()->ungrabTouchPoints();
 }
 
 QRectF PressGuard::placeOnScreen() const

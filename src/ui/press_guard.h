@@ -12,8 +12,9 @@ namespace pingwell {
 
 class WindowInput;
 
-/// Lies over a control and swallows the presses that were meant for what was there before: see `PressRule`. A press by
-/// assistive technology names its control and is never swallowed; keys are asked about with `takesKeys`.
+/// Lies over a control, its parent, and swallows the presses that were meant for what was there before: see
+/// `PressRule`. A press under way is given up when the meaning changes before the release. A press by assistive
+/// technology names its control and is never swallowed; keys are asked about with `takesKeys`.
 class PressGuard : public QQuickItem
 {
     Q_OBJECT
@@ -45,6 +46,7 @@ protected:
 private:
     void follow(QQuickWindow *window);
     void look();
+    void giveUpPress();
     [[nodiscard]] QRectF placeOnScreen() const;
 
     QPointer<WindowInput> m_input;

@@ -93,6 +93,56 @@ private slots:
         QCOMPARE(live.answer(u"a1"_s).isEmpty(), !ownAnswer && !counts);
     }
 
+    void aPressThatHasBegunEndsWithWhatItWasFor_data()
+    {
+        QTest::addColumn<QString>("by");
+        QTest::addColumn<bool>("changes");
+        for (const char *const by : {"pointer", "finger", "Space"}) {
+            QTest::addRow("%s, another answer", by) << QString::fromLatin1(by) << true;
+            QTest::addRow("%s, the same answer", by) << QString::fromLatin1(by) << false;
+        }
+    }
+
+    void aPressThatHasBegunEndsWithWhatItWasFor()
+    {
+        QFETCH(QString, by);
+        QFETCH(bool, changes);
+        Live live({choiceJSON(u"a1"_s, 10)});
+        Screen screen(panel, *live.store);
+        const std::unique_ptr<QPointingDevice> device(QTest::createTouchDevice());
+        const QString button = u"popover.ask.a1.action.0"_s;
+        const auto go = [&](bool isDown) {
+            const QPoint place = screen.place(button, {10, 10}).toPoint();
+            if (by == u"Space"_s)
+                QTest::sendKeyEvent(isDown ? QTest::Press : QTest::Release, &screen.view(), Qt::Key_Space, u' ', {});
+            else if (by == u"pointer"_s)
+                QTest::mouseEvent(isDown ? QTest::MousePress : QTest::MouseRelease, &screen.view(), Qt::LeftButton, {},
+                                  place);
+            else if (isDown)
+                QTest::touchEvent(&screen.view(), device.get()).press(1, place);
+            else
+                QTest::touchEvent(&screen.view(), device.get()).release(1, place);
+        };
+        screen.find(button)->forceActiveFocus(Qt::TabFocusReason);
+        screen.pass(500ms);
+        go(true);
+        live.post(screen,
+                  {choiceJSON(u"a1"_s, 10, {changes ? u"Drop"_s : u"Hold"_s, u"Ship"_s}), choiceJSON(u"a2"_s, 5)});
+        go(false);
+        QCOMPARE(live.answer(u"a1"_s), changes ? QString() : u"Hold"_s);
+    }
+
+    void aSpacePressedTooEarlyDoesNothing()
+    {
+        Live live({choiceJSON(u"a1"_s, 10)});
+        Screen screen(panel, *live.store);
+        screen.find(u"popover.ask.a1.action.0"_s)->forceActiveFocus(Qt::TabFocusReason);
+        screen.pass(500ms);
+        live.post(screen, {choiceJSON(u"a1"_s, 10, {u"Drop"_s, u"Ship"_s})});
+        QTest::keyClick(&screen.view(), Qt::Key_Space);
+        QCOMPARE(live.answer(u"a1"_s), QString());
+    }
+
     void aFingerWaitsWhereverItComesDown_data()
     {
         QTest::addColumn<bool>("wasOpen");
