@@ -28,6 +28,11 @@ void ScriptedNotificationServer::vanish()
 {
     if (!m_bus)
         return;
+    // Qt closes the connection later, in its own thread. Until then the name would be taken, and a message could still
+    // reach this object, which may be gone by then.
+    m_bus->unregisterObject(path);
+    m_bus->unregisterService(service);
+    disconnect(this, &QObject::destroyed, nullptr, nullptr);
     const QString connection = m_bus->name();
     m_bus.reset();
     m_held.reset();
