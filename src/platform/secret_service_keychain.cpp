@@ -54,6 +54,11 @@ struct SecretServiceKeychain::State
     KeychainStatus unlockCollection(GCancellable *cancellable);
     KeychainStatus unlockItems(GCancellable *cancellable);
     KeychainStatus noteFailure(const GLibError &error);
+    KeychainItem read(const QString &service, const QString &account);
+    KeychainStatus write(const QString &service, const QString &account, const QByteArray &data);
+    /// A secret service that was restarted doesn't know the session that secrets were sent in: it hands out items
+    /// without their secrets and takes none. The next call opens a session with the service that runs now.
+    void forgetService();
 
     // Before what is delivered through it.
     Ref<GMainContext> context{g_main_context_new()};
@@ -74,12 +79,16 @@ struct SecretServiceKeychain::State
 KeychainStatus SecretServiceKeychain::State::noteFailure(const GLibError &error)
 {
     const KeychainStatus status = statusOf(error);
-    if (status == KeychainStatus::unavailable) {
-        secretService.reset();
-        lockedItems.clear();
-        answered = false;
-    }
+    if (status == KeychainStatus::unavailable)
+        forgetService();
     return status;
+}
+
+void SecretServiceKeychain::State::forgetService()
+{
+    secretService.reset();
+    lockedItems.clear();
+    answered = false;
 }
 
 std::optional<std::vector<Ref<SecretItem>>> SecretServiceKeychain::State::search(const QString &service,
@@ -123,7 +132,18 @@ SecretServiceKeychain::~SecretServiceKeychain()
 KeychainItem SecretServiceKeychain::copyMatching(const QString &service, const QString &account)
 {
     const Delivery delivery(m_state->context.get());
-    const auto items = m_state->search(service, account);
+    const bool knewService = bool(m_state->secretService);
+    KeychainItem item = m_state->read(service, account);
+    if (item.status == KeychainStatus::unavailable && knewService) {
+        m_state->forgetService();
+        item = m_state->read(service, account);
+    }
+    return item;
+}
+
+KeychainItem SecretServiceKeychain::State::read(const QString &service, const QString &account)
+{
+    const auto items = search(service, account);
     if (!items)
         return {.status = KeychainStatus::unavailable, .data = {}};
     for (const Ref<SecretItem> &item : *items) {
@@ -134,7 +154,7 @@ KeychainItem SecretServiceKeychain::copyMatching(const QString &service, const Q
         const gchar *const bytes = secret_value_get(value.get(), &length);
         return {.status = KeychainStatus::success, .data = QByteArray(bytes, qsizetype(length))};
     }
-    if (!m_state->lockedItems.empty())
+    if (!lockedItems.empty())
         return {.status = KeychainStatus::locked, .data = {}};
     // An open item that does not hand its secret out is no proof of absence.
     return {.status = items->empty() ? KeychainStatus::itemNotFound : KeychainStatus::unavailable, .data = {}};
@@ -143,8 +163,20 @@ KeychainItem SecretServiceKeychain::copyMatching(const QString &service, const Q
 KeychainStatus SecretServiceKeychain::store(const QString &service, const QString &account, const QByteArray &data)
 {
     const Delivery delivery(m_state->context.get());
+    const bool knewService = bool(m_state->secretService);
+    KeychainStatus status = m_state->write(service, account, data);
+    if (status == KeychainStatus::unavailable && knewService) {
+        m_state->forgetService();
+        status = m_state->write(service, account, data);
+    }
+    return status;
+}
+
+KeychainStatus SecretServiceKeychain::State::write(const QString &service, const QString &account,
+                                                   const QByteArray &data)
+{
     const Deadline deadline;
-    SecretService *const secrets = m_state->service(deadline);
+    SecretService *const secrets = this->service(deadline);
     if (!secrets)
         return KeychainStatus::unavailable;
     GLibError error;
@@ -152,15 +184,15 @@ KeychainStatus SecretServiceKeychain::store(const QString &service, const QStrin
     const Ref<SecretCollection> collection(secret_collection_for_alias_sync(
         secrets, SECRET_COLLECTION_DEFAULT, SECRET_COLLECTION_NONE, deadline, error.place()));
     if (error.isSet())
-        return m_state->noteFailure(error);
-    m_state->answered = true;
+        return noteFailure(error);
+    answered = true;
     if (!collection || secret_collection_get_locked(collection.get()))
         return KeychainStatus::locked;
     const Ref<GHashTable> attributes = attributesOf(service, account);
     const SecretRef value(secret_value_new(data.constData(), data.size(), "text/plain"));
     secret_service_store_sync(secrets, schema(), attributes.get(), SECRET_COLLECTION_DEFAULT, "Pingwell session",
                               value.get(), deadline, error.place());
-    return error.isSet() ? m_state->noteFailure(error) : KeychainStatus::success;
+    return error.isSet() ? noteFailure(error) : KeychainStatus::success;
 }
 
 KeychainStatus SecretServiceKeychain::remove(const QString &service, const QString &account)

@@ -25,7 +25,9 @@ class Keyring
 {
 public:
     Keyring() { qputenv("XDG_RUNTIME_DIR", m_home.path().toUtf8()); }
-    ~Keyring()
+    ~Keyring() { stop(); }
+
+    void stop()
     {
         m_daemon.terminate();
         m_daemon.waitForFinished();
@@ -110,9 +112,16 @@ private slots:
         QCOMPARE(keychain.store(service, account, "first"), success);
         QCOMPARE(keychain.store(service, account, "sëcond"), success);
         QCOMPARE(keychain.store(service, u"other"_s, "other"), success);
+        // A restarted keyring, which knows nothing of the sessions it had.
+        keyring.stop();
+        QVERIFY(keyring.start());
+        QCOMPARE(keychain.copyMatching(service, account).data, "sëcond");
+        keyring.stop();
+        QVERIFY(keyring.start());
+        QCOMPARE(keychain.store(service, account, "third"), success);
         // A later run.
         SecretServiceKeychain later;
-        QCOMPARE(later.copyMatching(service, account).data, "sëcond");
+        QCOMPARE(later.copyMatching(service, account).data, "third");
         QCOMPARE(later.remove(service, account), success);
         QCOMPARE(keychain.copyMatching(service, account).status, absent);
         QCOMPARE(keychain.copyMatching(service, u"other"_s).data, "other");
