@@ -17,8 +17,10 @@ public:
     virtual ~AlertNotifying() = default;
 
     /// Shows one alert as a notification; one already shown for the same alert is replaced. `workspaceName` is named
-    /// only where the person belongs to more than one.
-    virtual void deliver(const Alert &alert, const std::optional<QString> &workspaceName, bool sound) = 0;
+    /// only where the person belongs to more than one. What the alert offers is offered only where the person
+    /// `canAnswer`.
+    virtual void deliver(const Alert &alert, const std::optional<QString> &workspaceName, bool sound,
+                         bool canAnswer) = 0;
 
     /// Takes back the notifications of the alerts with these ids, shown or waiting to be.
     virtual void remove(const QStringList &identifiers) = 0;

@@ -38,10 +38,13 @@ void UserNotifier::setResponses(std::weak_ptr<AlertResponses> responses)
     m_responses = std::move(responses);
 }
 
-void UserNotifier::deliver(const Alert &alert, const std::optional<QString> &workspaceName, bool sound)
+void UserNotifier::deliver(const Alert &alert, const std::optional<QString> &workspaceName, bool sound, bool canAnswer)
 {
     m_refusals.remove(alert.id);
-    show(alert, contentOf(alert, workspaceName, sound));
+    NotificationContent content = contentOf(alert, workspaceName, sound);
+    if (!canAnswer)
+        content.categoryIdentifier.reset();
+    show(alert, content);
 }
 
 void UserNotifier::remove(const QStringList &identifiers)

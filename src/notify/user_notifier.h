@@ -22,7 +22,7 @@ public:
     /// Who takes the responses; they are dropped while there is nobody.
     void setResponses(std::weak_ptr<AlertResponses> responses);
 
-    void deliver(const Alert &alert, const std::optional<QString> &workspaceName, bool sound) override;
+    void deliver(const Alert &alert, const std::optional<QString> &workspaceName, bool sound, bool canAnswer) override;
     void remove(const QStringList &identifiers) override;
     void removeAll() override;
     void deliverRefusal(const Alert &alert, const std::optional<QString> &workspaceName,

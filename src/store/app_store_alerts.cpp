@@ -118,7 +118,8 @@ QCoro::Task<> AppStore::AlertSteps::performTestAlert(QPointer<AppStore> store, A
     receive(*store, alert);
     store->m_notificationMark.note(alert, store->serviceNow());
     if (alert.delivered && store->m_backend->notifier)
-        store->m_backend->notifier->deliver(alert, store->workspaceName(alert.workspaceId), store->m_settings.sound);
+        store->m_backend->notifier->deliver(alert, store->workspaceName(alert.workspaceId), store->m_settings.sound,
+                                            store->canAnswer(alert));
     store->showToast(QStringLiteral("Test alert sent."), false);
 }
 

@@ -139,7 +139,8 @@ void AppStore::MergeSteps::notifyAbout(AppStore &store, const Dashboard &dashboa
     if (!store.m_backend->notifier)
         return;
     for (const AlertToNotify &notification : std::as_const(chosen))
-        store.m_backend->notifier->deliver(notification.alert, notification.workspaceName, notification.sound);
+        store.m_backend->notifier->deliver(notification.alert, notification.workspaceName, notification.sound,
+                                           notification.canAnswer);
 }
 
 } // namespace pingwell

@@ -30,7 +30,8 @@ void AppStore::settleLeftAsks()
         m_backend->notifier->remove(fate.dropped);
     const bool namesWorkspaces = m_workspaces.size() > 1;
     for (const Alert &alert : fate.announced)
-        m_backend->notifier->deliver(alert, namesWorkspaces ? workspaceName(alert.workspaceId) : std::nullopt, false);
+        m_backend->notifier->deliver(alert, namesWorkspaces ? workspaceName(alert.workspaceId) : std::nullopt, false,
+                                     canAnswer(alert));
 }
 
 } // namespace pingwell

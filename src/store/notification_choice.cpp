@@ -56,14 +56,18 @@ bool respectsQuietHours(const Alert &alert, const QList<Topic> &topics)
     return topic != topics.end() && topic->quietHours && alert.priority != Priority::critical;
 }
 
-std::optional<QString> nameOf(const QString &workspaceId, const QList<Workspace> &workspaces)
+AlertToNotify announcementOf(const Alert &alert, const QList<Workspace> &workspaces, bool sound)
 {
-    if (workspaces.size() < 2)
-        return std::nullopt;
-    const auto workspace =
-        std::find_if(workspaces.begin(), workspaces.end(),
-                     [&workspaceId](const Workspace &candidate) { return candidate.id == workspaceId; });
-    return workspace == workspaces.end() ? std::nullopt : std::optional(workspace->name);
+    AlertToNotify announcement{.alert = alert, .workspaceName = std::nullopt, .sound = sound, .canAnswer = false};
+    const auto workspace = std::find_if(workspaces.begin(), workspaces.end(), [&alert](const Workspace &candidate) {
+        return candidate.id == alert.workspaceId;
+    });
+    if (workspace == workspaces.end())
+        return announcement;
+    if (workspaces.size() > 1)
+        announcement.workspaceName = workspace->name;
+    announcement.canAnswer = workspace->role != WorkspaceRole::viewer;
+    return announcement;
 }
 
 } // namespace
@@ -88,9 +92,7 @@ QList<AlertToNotify> chooseAlertsToNotify(const Dashboard &fresh, const QList<Al
     QList<AlertToNotify> chosen;
     for (const Alert &alert : newestNews(fresh.alerts, known, moment)) {
         const bool silenced = quiet && respectsQuietHours(alert, fresh.topics);
-        chosen << AlertToNotify{.alert = alert,
-                                .workspaceName = nameOf(alert.workspaceId, fresh.workspaces),
-                                .sound = fresh.settings.sound && !silenced};
+        chosen << announcementOf(alert, fresh.workspaces, fresh.settings.sound && !silenced);
     }
     return chosen;
 }

@@ -36,6 +36,8 @@ struct AlertToNotify
     /// Named where the person belongs to more than one workspace.
     std::optional<QString> workspaceName;
     bool sound = false;
+    /// Viewers are told of asks but can't answer them.
+    bool canAnswer = false;
 
     friend bool operator==(const AlertToNotify &, const AlertToNotify &) = default;
 };

@@ -66,9 +66,9 @@ class UserNotifierTest : public QObject
     std::shared_ptr<RecordingResponses> m_responses;
     std::unique_ptr<UserNotifier> m_notifier;
 
-    const NotificationContent &deliver(const Alert &alert, bool sound = true)
+    const NotificationContent &deliver(const Alert &alert, bool sound = true, bool canAnswer = true)
     {
-        m_notifier->deliver(alert, std::nullopt, sound);
+        m_notifier->deliver(alert, std::nullopt, sound, canAnswer);
         return m_center->added.constLast().content;
     }
 
@@ -99,6 +99,7 @@ private slots:
             QCOMPARE(written(m_center->registered.constLast()), expected);
         }
         QVERIFY(!deliver(makeAlert(AlertKind::notify, AnswerType::choice, two)).categoryIdentifier);
+        QVERIFY2(!deliver(cases.first().first, true, false).categoryIdentifier, "only to be read");
         QCOMPARE(m_center->registered.size(), 3);
     }
 
@@ -127,7 +128,7 @@ private slots:
     void says()
     {
         const Alert alert = makeAlert(AlertKind::ask, AnswerType::choice, {u"Yes"_s, u"No"_s});
-        m_notifier->deliver(alert, u"Team"_s, true);
+        m_notifier->deliver(alert, u"Team"_s, true, true);
         const NotificationRequest request = m_center->added.constFirst();
         QCOMPARE(request.identifier, u"a-1"_s);
         QCOMPARE(request.content.title, u"Ship it?"_s);
@@ -163,7 +164,7 @@ private slots:
         QVERIFY(left.onlyReplaces && left.content.body == said && !left.content.categoryIdentifier);
         QCOMPARE(m_center->removed, (QStringList{u"a-1"_s, u"a-1"_s}));
         // Announced anew or dealt with, it tells of no refusal any more.
-        m_notifier->deliver(told, std::nullopt, false);
+        m_notifier->deliver(told, std::nullopt, false, true);
         m_notifier->endAsks({u"told"_s});
         QCOMPARE(m_center->removed.constLast(), u"told"_s);
     }

@@ -6,14 +6,17 @@
 
 namespace pingwell {
 
-/// Remembers what it was asked to show and to take back, a line each: "<id> in <workspace>, sounds", and for a
+/// Remembers what it was asked to show and to take back, a line each: "<id> in <workspace>, sounds", with
+/// "only to be read" for an open ask that the person can't answer; and for a
 /// refused answer "<id> in <workspace>: <reason>", with "Again?" where it can be answered again.
 class RecordingNotifier final : public AlertNotifying
 {
 public:
-    void deliver(const Alert &alert, const std::optional<QString> &workspaceName, bool sound) override
+    void deliver(const Alert &alert, const std::optional<QString> &workspaceName, bool sound, bool canAnswer) override
     {
-        delivered << named(alert, workspaceName) + (sound ? QStringLiteral(", sounds") : QString());
+        const bool onlyToRead = alert.kind == AlertKind::ask && !canAnswer;
+        delivered << named(alert, workspaceName) + (sound ? QStringLiteral(", sounds") : QString()) +
+                         (onlyToRead ? QStringLiteral(", only to be read") : QString());
     }
 
     void remove(const QStringList &identifiers) override { removed << identifiers; }
