@@ -381,6 +381,8 @@ private:
     void endRefusedSession(const QString &message);
     /// An answer given in the session of `client` failed; where that session has ended with it or before, it is told.
     void noteUnsentAnswer(const APIClientPtr &client, const Alert &alert, const QString &text, const APIError &error);
+    /// An answer to an ask that the store doesn't hold any more was not accepted.
+    void tellRefusalOfGone(const QString &alertID, const QString &reason) const;
     void tellRefusedSession();
     /// Ends the sign-in under way, also one that waits unseen for the browser to come back once more.
     void closeSignIn();

@@ -17,7 +17,6 @@ struct AppStore::AnswerSteps
     /// The service refused, or can't be reached; the answer given to `before` has been undone.
     static void refused(AppStore &store, const Alert &before, const QString &message);
     static void tellRefusal(AppStore &store, const Alert &alert, const AnswerRefusal &refusal);
-    static void tellRefusalOfGone(const AppStore &store, const QString &alertID, const QString &reason);
 };
 
 void AppStore::setReplyDraft(const QString &text, const QString &alertID)
@@ -53,8 +52,7 @@ void AppStore::answerFromNotification(const QString &alertID, const QString &tex
         return;
     const auto alert = alertWithID(alertID);
     if (!alert) {
-        AnswerSteps::tellRefusalOfGone(*this, alertID,
-                                       isSignedIn() ? refusal->reason : QStringLiteral("You are signed out."));
+        tellRefusalOfGone(alertID, isSignedIn() ? refusal->reason : QStringLiteral("You are signed out."));
         return;
     }
     // The banner is gone with what was typed into it; a window keeps its field.
@@ -111,10 +109,10 @@ void AppStore::AnswerSteps::tellRefusal(AppStore &store, const Alert &alert, con
         store.m_backend->notifier->deliverRefusal(alert, store.workspaceName(alert.workspaceId), refusal);
 }
 
-void AppStore::AnswerSteps::tellRefusalOfGone(const AppStore &store, const QString &alertID, const QString &reason)
+void AppStore::tellRefusalOfGone(const QString &alertID, const QString &reason) const
 {
-    if (store.m_backend && store.m_backend->notifier)
-        store.m_backend->notifier->deliverMessage(alertID, QStringLiteral("Your answer didn't go through"), reason);
+    if (m_backend && m_backend->notifier)
+        m_backend->notifier->deliverMessage(alertID, QStringLiteral("Your answer didn't go through"), reason);
 }
 
 QCoro::Task<> AppStore::AnswerSteps::send(QPointer<AppStore> store, APIClientPtr client, Alert alert, QString answer)

@@ -172,8 +172,12 @@ void AppStore::noteUnsentAnswer(const APIClientPtr &client, const Alert &alert, 
                                 const APIError &error)
 {
     const bool endsSession = client == m_client && error.status() == 401;
-    if (!endsSession && !m_refusedSession.isOf(client))
+    if (!endsSession && !m_refusedSession.isOf(client)) {
+        // Where the person signed out, or in anew, while the answer was on its way, no screen shows the ask any more.
+        if (client != m_client)
+            tellRefusalOfGone(alert.id, unsentAnswersText({alert.title}));
         return;
+    }
     m_refusedSession.addUnsentAnswer(client, alert.title);
     // The end that follows tells it, and keeps the text that is back in its field by then.
     if (endsSession)

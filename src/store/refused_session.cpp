@@ -18,7 +18,15 @@ QString shortened(const QString &title)
     return cut == line ? line : QString(cut + u'…');
 }
 
-QString unsentText(const QStringList &titles)
+/// An account without an address can't be told from another one of the same name.
+bool areSame(const Account &left, const Account &right)
+{
+    return !left.email.isEmpty() && left.email == right.email && left.provider == right.provider;
+}
+
+} // namespace
+
+QString unsentAnswersText(const QStringList &titles)
 {
     if (titles.size() > 1)
         return QStringLiteral("Your answers to %1 questions weren't sent.").arg(titles.size());
@@ -27,14 +35,6 @@ QString unsentText(const QStringList &titles)
         return QStringLiteral("Your answer wasn't sent.");
     return QStringLiteral("Your answer to “%1” wasn't sent.").arg(title);
 }
-
-/// An account without an address can't be told from another one of the same name.
-bool areSame(const Account &left, const Account &right)
-{
-    return !left.email.isEmpty() && left.email == right.email && left.provider == right.provider;
-}
-
-} // namespace
 
 void RefusedSession::begin(const APIClientPtr &client, const Account &account, const QString &message,
                            const Drafts &drafts)
@@ -65,7 +65,7 @@ QString RefusedSession::text() const
 {
     if (m_unsentTitles.isEmpty())
         return m_message;
-    const QString unsent = unsentText(m_unsentTitles);
+    const QString unsent = unsentAnswersText(m_unsentTitles);
     return m_message.isEmpty() ? unsent : QString(m_message + u' ' + unsent);
 }
 

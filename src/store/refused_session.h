@@ -9,6 +9,9 @@
 
 namespace pingwell {
 
+/// Says that the answers to the asks with these titles, at least one, weren't sent.
+[[nodiscard]] QString unsentAnswersText(const QStringList &titles);
+
 /// What outlives a session that its server refused: why it ended, which answers were not sent, and what was typed. It
 /// stays in memory only. The texts go back to the same account at the same server and to nobody else. Main thread.
 class RefusedSession

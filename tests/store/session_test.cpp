@@ -343,6 +343,8 @@ private slots:
         QCOMPARE(store().signInError().value_or(QString()),
                  isRefused ? u"Bye. Your answers to 2 questions weren't sent."_s : QString());
         QVERIFY(store().replyDrafts().isEmpty() && store().toast() == std::nullopt);
+        const QString untold = u"a3: Your answer didn't go through | Your answer to “Which region?” wasn't sent."_s;
+        QVERIFY(isRefused || m->notifier->messages.value(1) == untold);
 
         store().persistSession(u"next"_s, QUrl(server), next);
         const QHash<QString, QString> typed{{u"a1"_s, u"north"_s}, {u"a2"_s, u"half"_s}, {u"a3"_s, u"south"_s}};
