@@ -19,7 +19,7 @@ token="token-of-the-hard-hour"
 tokens=("$token")
 serial=0
 processes=()
-trap 'kill "${processes[@]}" 2>/dev/null || true' EXIT
+trap 'kill "${processes[@]}" 2>/dev/null || true; wait' EXIT
 trap 'exit 130' INT TERM
 : >"$folder/done.ndjson"
 
