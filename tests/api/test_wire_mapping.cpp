@@ -1,5 +1,6 @@
 #include "api/dashboard_bounds.h"
 #include "api/endpoints.h"
+#include "support/in_row.h"
 #include "support/scripted_transport.h"
 #include "support/settled.h"
 
@@ -91,14 +92,9 @@ class TestWireMapping : public QObject
     Q_OBJECT
 
 private slots:
-    void maps_data()
+    void maps()
     {
         using D = Dashboard;
-        QTest::addColumn<QByteArray>("list");
-        QTest::addColumn<QByteArray>("key");
-        QTest::addColumn<QByteArrayList>("unfit");
-        QTest::addColumn<QByteArray>("value");
-        QTest::addColumn<Change>("change");
         const QByteArrayList none;
         const QByteArrayList text{"", "null", "7", "true", "[]", "{}"};
         const QByteArrayList word = text + QByteArrayList{R"("ESCALATE")", R"("Critical")", R"("Ask")", R"("number")"};
@@ -111,47 +107,47 @@ private slots:
         const QByteArrayList texts{"", "null", R"("Yes")", R"([1,null])", "{}"};
         const auto row = [](const char *list, const char *key, const QByteArrayList &unfit, const char *value,
                             const Change &change) {
-            QTest::addRow("%s %s %s", list, key, value)
-                << QByteArray(list) << QByteArray(key) << unfit << QByteArray(value) << change;
+            const InRow here(QByteArray(list) + ' ' + key + ' ' + value);
+            Dashboard expected = bareDashboard();
+            for (const QByteArray &nonsense : unfit)
+                QVERIFY2(isReadAs(dashboardWith(list, key, nonsense), expected), nonsense.constData());
+            change(expected);
+            QVERIFY(isReadAs(dashboardWith(list, key, value), expected));
+        };
+        const auto alert = [&row](const char *key, const QByteArrayList &unfit, const char *value, auto change) {
+            row("alerts", key, unfit, value, [change](D &d) { change(d.alerts[0]); });
         };
 
-        row("alerts", "app", text, R"("")", [](D &d) { d.alerts[0].app.clear(); });
-        row("alerts", "title", none, R"("B\u0000\n\ud83d\ude00")",
-            [](D &d) { d.alerts[0].title = u"B\0\n\U0001F600"_s; });
-        row("alerts", "body", text, R"("B")", [](D &d) { d.alerts[0].body = u"B"_s; });
-        row("alerts", "topic", text, R"("ops")", [](D &d) { d.alerts[0].topic = u"ops"_s; });
-        row("alerts", "priority", word, R"("critical")", [](D &d) { d.alerts[0].priority = Priority::critical; });
-        row("alerts", "kind", word, R"("ask")", [](D &d) { d.alerts[0].kind = AlertKind::ask; });
-        row("alerts", "actions", texts, R"(["Yes",1,{},"Yes"])", [](D &d) {
-            d.alerts[0].actions = {u"Yes"_s, u"Yes"_s};
-        });
-        row("alerts", "answerType", word, R"("text")", [](D &d) { d.alerts[0].answerType = AnswerType::text; });
-        row("alerts", "placeholder", text + QByteArrayList{R"("")"}, R"("?")",
-            [](D &d) { d.alerts[0].placeholder = u"?"_s; });
-        row("alerts", "delivered", flag, "false", [](D &d) { d.alerts[0].delivered = false; });
-        row("alerts", "at", none, "-8.64e15", [](D &d) { d.alerts[0].at = Instant(Seconds(-8.64e12)); });
-        row("alerts", "expiresAt", date, "8.64e15", [](D &d) { d.alerts[0].expiresAt = Instant(Seconds(8.64e12)); });
-        row("alerts", "answer", text, R"("")", [](D &d) { d.alerts[0].answer = u""_s; });
-        row("alerts", "timedOutAt", date, "0", [](D &d) { d.alerts[0].timedOutAt = Instant(); });
-        row("alerts", "outcome", text, R"("escalated")", [](D &d) { d.alerts[0].outcome = u"escalated"_s; });
-        row("alerts", "read", flag, "true", [](D &d) { d.alerts[0].read = true; });
+        alert("app", text, R"("")", [](Alert &a) { a.app.clear(); });
+        alert("title", none, R"("B\u0000\n\ud83d\ude00")", [](Alert &a) { a.title = u"B\0\n\U0001F600"_s; });
+        alert("body", text, R"("B")", [](Alert &a) { a.body = u"B"_s; });
+        alert("topic", text, R"("ops")", [](Alert &a) { a.topic = u"ops"_s; });
+        alert("priority", word, R"("critical")", [](Alert &a) { a.priority = Priority::critical; });
+        alert("kind", word, R"("ask")", [](Alert &a) { a.kind = AlertKind::ask; });
+        alert("actions", texts, R"(["Yes",1,{},"Yes"])", [](Alert &a) { a.actions = {u"Yes"_s, u"Yes"_s}; });
+        alert("answerType", word, R"("text")", [](Alert &a) { a.answerType = AnswerType::text; });
+        alert("placeholder", text + QByteArrayList{R"("")"}, R"("?")", [](Alert &a) { a.placeholder = u"?"_s; });
+        alert("delivered", flag, "false", [](Alert &a) { a.delivered = false; });
+        alert("at", none, "-8.64e15", [](Alert &a) { a.at = Instant(Seconds(-8.64e12)); });
+        alert("expiresAt", date, "8.64e15", [](Alert &a) { a.expiresAt = Instant(Seconds(8.64e12)); });
+        alert("answer", text, R"("")", [](Alert &a) { a.answer = u""_s; });
+        alert("timedOutAt", date, "0", [](Alert &a) { a.timedOutAt = Instant(); });
+        alert("outcome", text, R"("escalated")", [](Alert &a) { a.outcome = u"escalated"_s; });
+        alert("read", flag, "true", [](Alert &a) { a.read = true; });
         // Nanoseconds are no milliseconds, but no reason to lose the alert either.
         for (const char *late : {"1.7e18", "8640000000000001", "1e999", "12345678901234567890123"})
-            row("alerts", "at", none, late, [](D &d) { d.alerts[0].at = Instant(Seconds(8.64e12)); });
-        row("alerts", "expiresAt", none, "-9223372036854775809",
-            [](D &d) { d.alerts[0].expiresAt = Instant(Seconds(-8.64e12)); });
-        row("alerts", "future", none, R"([{"deep":[1e999,-99999999999999999999]}])", [](D &) {});
+            alert("at", none, late, [](Alert &a) { a.at = Instant(Seconds(8.64e12)); });
+        alert("expiresAt", none, "-9223372036854775809", [](Alert &a) { a.expiresAt = Instant(Seconds(-8.64e12)); });
+        alert("future", none, R"([{"deep":[1e999,-99999999999999999999]}])", [](Alert &) {});
         // An agent cut a text within an emoji; another wrote more digits than any number has.
-        row("alerts", "title", none, R"("\ude00\ud83d\ud83d\ude00")",
-            [](D &d) { d.alerts[0].title = u"\ufffd\ufffd\U0001F600"_s; });
-        row("alerts", "title", none, "\"\\\\ud83d \\\" 123456789012345678901234567890 \\ud83d\"",
-            [](D &d) { d.alerts[0].title = u"\\ud83d \" 123456789012345678901234567890 \ufffd"_s; });
+        alert("title", none, R"("\ude00\ud83d\ud83d\ude00")", [](Alert &a) { a.title = u"\ufffd\ufffd\U0001F600"_s; });
+        alert("title", none, "\"\\\\ud83d \\\" 123456789012345678901234567890 \\ud83d\"",
+              [](Alert &a) { a.title = u"\\ud83d \" 123456789012345678901234567890 \ufffd"_s; });
 
         // Bytes that are no UTF-8, and control characters as they are.
-        row("alerts", "title", none, "\"\xff\xfeT\xf0\x9f\x98 \xc3\xa9\"",
-            [](D &d) { d.alerts[0].title = u"\ufffd\ufffdT\ufffd \u00e9"_s; });
-        row("alerts", "title", none, "\"a\nb\t\rc\x01\\\"\\\\\"",
-            [](D &d) { d.alerts[0].title = u"a\nb\t\rc\ufffd\"\\"_s; });
+        alert("title", none, "\"\xff\xfeT\xf0\x9f\x98 \xc3\xa9\"",
+              [](Alert &a) { a.title = u"\ufffd\ufffdT\ufffd \u00e9"_s; });
+        alert("title", none, "\"a\nb\t\rc\x01\\\"\\\\\"", [](Alert &a) { a.title = u"a\nb\t\rc\ufffd\"\\"_s; });
 
         row("workspaces", "kind", none, R"("Team")", [](D &d) { d.workspaces[0].kind = WorkspaceKind::personal; });
         row("workspaces", "role", none, R"("boss")", [](D &d) { d.workspaces[0].role = WorkspaceRole::viewer; });
@@ -182,53 +178,32 @@ private slots:
         row("plan", "name", text, R"("Team")", [](D &d) { d.plan = u"Team"_s; });
     }
 
-    void maps()
-    {
-        QFETCH(QByteArray, list);
-        QFETCH(QByteArray, key);
-        QFETCH(QByteArrayList, unfit);
-        QFETCH(QByteArray, value);
-        QFETCH(Change, change);
-        Dashboard expected = bareDashboard();
-        for (const QByteArray &nonsense : unfit)
-            QVERIFY2(isReadAs(dashboardWith(list, key, nonsense), expected), nonsense.constData());
-        change(expected);
-        QVERIFY(isReadAs(dashboardWith(list, key, value), expected));
-    }
-
-    void leavesOutWhatIsUnfit_data()
-    {
-        QTest::addColumn<QByteArray>("list");
-        QTest::addColumn<QByteArray>("unfit");
-        const QByteArray book = "\"id\":\"" + QByteArray(4097, 'x') + "\",\"x\":";
-        for (const char *list : {"alerts", "members", "topics", "workspaces", "devices"}) {
-            const QByteArray bare = '{' + barest[list] + '}';
-            QTest::addRow("%s no record", list) << QByteArray(list) << QByteArray("5");
-            QTest::addRow("%s id no text", list)
-                << QByteArray(list) << QByteArray(bare).replace(R"("id":)", R"("id":7,"x":)");
-            QTest::addRow("%s id a book", list) << QByteArray(list) << QByteArray(bare).replace(R"("id":)", book);
-        }
-        QTest::addRow("device without a name") << "devices"_ba
-                                               << R"({"id":"d","platform":"web"})"_ba;
-        QTest::addRow("alert at no number") << "alerts"_ba
-                                            << R"({"id":"a","workspaceId":"w1","title":"T","at":"1"})"_ba;
-    }
-
     void leavesOutWhatIsUnfit()
     {
-        QFETCH(QByteArray, list);
-        QFETCH(QByteArray, unfit);
-        const QByteArray start = '"' + list + "\":[";
-        const QByteArray withOneMore = start + unfit + ',';
-        const QByteArray body = dashboardWith("plan", "x", "").replace(start, withOneMore);
-        QVERIFY(isReadAs(body, bareDashboard()));
-        const DashboardCounts counts = fetched(body).value->dashboard->counts;
-        const QMap<QByteArray, ListCount> byList{{"alerts", counts.alerts},
-                                                 {"members", counts.members},
-                                                 {"topics", counts.topics},
-                                                 {"workspaces", counts.workspaces},
-                                                 {"devices", counts.devices}};
-        QCOMPARE(byList[list], (ListCount{.sent = 2, .unfit = 1, .beyond = 0}));
+        const QByteArray book = "\"id\":\"" + QByteArray(4097, 'x') + "\",\"x\":";
+        QList<std::pair<QByteArray, QByteArray>> rows{
+            {"devices", R"({"id":"d","platform":"web"})"},
+            {"alerts", R"({"id":"a","workspaceId":"w1","title":"T","at":"1"})"}};
+        for (const QByteArray list : {"alerts", "members", "topics", "workspaces", "devices"}) {
+            const QByteArray bare = '{' + barest[list] + '}';
+            for (const QByteArray &unfit : {QByteArray(bare).replace(R"("id":)", R"("id":7,"x":)"),
+                                            QByteArray(bare).replace(R"("id":)", book), QByteArray("5")})
+                rows.emplaceBack(list, unfit);
+        }
+        for (const auto &[list, unfit] : rows) {
+            const InRow row(list + ' ' + unfit.left(60));
+            const QByteArray start = '"' + list + "\":[";
+            const QByteArray withOneMore = start + unfit + ',';
+            const QByteArray body = dashboardWith("plan", "x", "").replace(start, withOneMore);
+            QVERIFY(isReadAs(body, bareDashboard()));
+            const DashboardCounts counts = fetched(body).value->dashboard->counts;
+            const QMap<QByteArray, ListCount> byList{{"alerts", counts.alerts},
+                                                     {"members", counts.members},
+                                                     {"topics", counts.topics},
+                                                     {"workspaces", counts.workspaces},
+                                                     {"devices", counts.devices}};
+            QCOMPARE(byList[list], (ListCount{.sent = 2, .unfit = 1, .beyond = 0}));
+        }
     }
 
     void takesInSoManyRecords()
