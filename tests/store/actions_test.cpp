@@ -74,7 +74,7 @@ QString state(const AppStore &store)
 /// Something the person does, and how it is said to the service.
 struct Action
 {
-    const char *name = nullptr;
+    QByteArray name;
     Act act;
     /// "<method> <path> <body>"
     QByteArray request;
@@ -200,147 +200,126 @@ class ActionsTest : public StoreTest
     }
 
 private slots:
-    void actions_data()
-    {
-        QTest::addColumn<Action>("action");
-        for (const Action &action : allActions())
-            QTest::newRow(action.name) << action;
-    }
-
     /// Shown at once, said to the service in its words, and still so when it agrees.
     void actions()
     {
-        QFETCH(Action, action);
-        begin(team(u"owner"_s));
-        const QString before = state(store());
-        // What follows accepting: a refresh, not thrown away.
-        m->transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
-        m->transport->plan(action.method(), action.path(), action.answer.heldBack());
-        action.act(store());
-        QCOMPARE(state(store()) == before, action.atOnce.isEmpty());
-        QVERIFY2(state(store()).contains(action.atOnce), qPrintable(state(store())));
-        m->settle();
-        QCOMPARE(m->transport->count(action.method(), action.path()), 1);
-        QCOMPARE(m->transport->lastRequest(action.method(), action.path()).body.value_or(QByteArray()), action.body());
-        const QString waiting = state(store());
-        m->release();
-        QCOMPARE(state(store()) == waiting, !action.atOnce.isEmpty() && qstrcmp(action.name, "invite") != 0);
-        QCOMPARE(store().toast() ? store().toast()->message : QString(), action.toast);
-        QCOMPARE(store().connectionProblem().has_value(), qstrcmp(action.name, "accept") == 0);
+        for (const Action &action : allActions()) {
+            const InRow row = anew(action.name);
+            begin(team(u"owner"_s));
+            const QString before = state(store());
+            // What follows accepting: a refresh, not thrown away.
+            m->transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
+            m->transport->plan(action.method(), action.path(), action.answer.heldBack());
+            action.act(store());
+            QCOMPARE(state(store()) == before, action.atOnce.isEmpty());
+            QVERIFY2(state(store()).contains(action.atOnce), qPrintable(state(store())));
+            m->settle();
+            QCOMPARE(m->transport->count(action.method(), action.path()), 1);
+            QCOMPARE(m->transport->lastRequest(action.method(), action.path()).body.value_or(QByteArray()),
+                     action.body());
+            const QString waiting = state(store());
+            m->release();
+            QCOMPARE(state(store()) == waiting, !action.atOnce.isEmpty() && action.name != "invite");
+            QCOMPARE(store().toast() ? store().toast()->message : QString(), action.toast);
+            QCOMPARE(store().connectionProblem().has_value(), action.name == "accept");
+        }
     }
-
-    void refusals_data() { actions_data(); }
 
     /// Taken back to the last detail, told, and followed by a refresh that counts.
     void refusals()
     {
-        QFETCH(Action, action);
-        begin(team(u"owner"_s));
-        const QString before = state(store());
-        m->transport->plan(action.method(), action.path(), ScriptedAnswer::failure(409, "no", "Not today."));
-        m->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
-        action.act(store());
-        m->settle();
-        QCOMPARE(state(store()), before);
-        QCOMPARE(store().toast()->message, u"Not today."_s);
-        QVERIFY(store().toast()->isError);
-        QCOMPARE(m->transport->plannedCount(), 0);
-    }
-
-    void answersOfAnEarlierSession_data()
-    {
-        QTest::addColumn<Action>("action");
-        for (const Action &action : allActions() + allQuestions())
-            QTest::newRow(action.name) << action;
+        for (const Action &action : allActions()) {
+            const InRow row = anew(action.name);
+            begin(team(u"owner"_s));
+            const QString before = state(store());
+            m->transport->plan(action.method(), action.path(), ScriptedAnswer::failure(409, "no", "Not today."));
+            m->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
+            action.act(store());
+            m->settle();
+            QCOMPARE(state(store()), before);
+            QCOMPARE(store().toast()->message, u"Not today."_s);
+            QVERIFY(store().toast()->isError);
+            QCOMPARE(m->transport->plannedCount(), 0);
+        }
     }
 
     /// They come while another session stands, in a workspace of the same name, and change nothing in it.
     void answersOfAnEarlierSession()
     {
-        QFETCH(Action, action);
-        for (const ScriptedAnswer &answer : {action.answer, ScriptedAnswer::failure(401)}) {
-            m = std::make_unique<StoreFixture>();
-            begin(team(u"owner"_s));
-            for (const char *path : {"/dashboard", "/auth/user-data", "/invites"})
-                m->transport->always("GET", path, ScriptedAnswer::noAnswer());
-            m->transport->always("POST", "/devices/here/heartbeat", ScriptedAnswer::failure(404));
-            m->transport->always("POST", "/devices", registered);
-            for (const char *path : {"/devices/here", "/devices/d9"})
-                m->transport->always("DELETE", path, ScriptedAnswer::raw(204, {}));
-            m->transport->plan(action.method(), action.path(), answer.heldBack());
-            action.act(store());
-            m->settle();
-            m->changeSession();
-            m->transport->plan("POST", "/workspaces",
-                               ScriptedAnswer::data(R"({"workspace":{"id":"w1","name":"Own",)"
-                                                    R"("kind":"team","role":"owner"},"members":[]})"));
-            store().createWorkspace(u"Own"_s);
-            m->settle();
-            const QString before = state(store());
-            const QString said = store().toast()->message;
-            QVERIFY2(said.startsWith(u"Own is ready"), qPrintable(said));
-            m->release(action.method(), action.path());
-            QVERIFY(store().isSignedIn());
-            QCOMPARE(state(store()), before);
-            QCOMPARE(store().account(), std::optional(Account()));
-            QCOMPARE(store().toast()->message, said);
-            QVERIFY(m->notifier->delivered.isEmpty());
+        for (const Action &action : allActions() + allQuestions()) {
+            for (const ScriptedAnswer &answer : {action.answer, ScriptedAnswer::failure(401)}) {
+                const InRow row = anew(action.name);
+                begin(team(u"owner"_s));
+                m->letLoopsFail();
+                m->transport->always("POST", "/devices/here/heartbeat", ScriptedAnswer::failure(404));
+                m->transport->always("POST", "/devices", registered);
+                for (const char *path : {"/devices/here", "/devices/d9"})
+                    m->transport->always("DELETE", path, ScriptedAnswer::raw(204, {}));
+                m->transport->plan(action.method(), action.path(), answer.heldBack());
+                action.act(store());
+                m->settle();
+                m->changeSession();
+                m->transport->plan("POST", "/workspaces",
+                                   ScriptedAnswer::data(R"({"workspace":{"id":"w1","name":"Own",)"
+                                                        R"("kind":"team","role":"owner"},"members":[]})"));
+                store().createWorkspace(u"Own"_s);
+                m->settle();
+                const QString before = state(store());
+                const QString said = store().toast()->message;
+                QVERIFY2(said.startsWith(u"Own is ready"), qPrintable(said));
+                m->release(action.method(), action.path());
+                QVERIFY(store().isSignedIn());
+                QCOMPARE(state(store()), before);
+                QCOMPARE(store().account(), std::optional(Account()));
+                QCOMPARE(store().toast()->message, said);
+                QVERIFY(m->notifier->delivered.isEmpty());
+            }
         }
-    }
-
-    void whoMayNotCannot_data()
-    {
-        QTest::addColumn<QString>("role");
-        QTest::addColumn<QString>("kind");
-        QTest::addColumn<Act>("act");
-        const auto row = [](const char *name, const char *role, const char *kind, const Act &act) {
-            QTest::newRow(name) << QString::fromLatin1(role) << QString::fromLatin1(kind) << act;
-        };
-        const Act invite = [](AppStore &s) {
-            QVERIFY(s.invite(u"eve@x.test"_s, WorkspaceRole::viewer) == InviteError::notAllowed);
-        };
-        const Act timeout = [](AppStore &s) { s.setResponseTimeout(5); };
-        row("a viewer answers", "viewer", "team", [](AppStore &s) { s.answer(u"q1"_s, u"Deny"_s); });
-        row("a choice not offered", "owner", "team", [](AppStore &s) { s.answer(u"q1"_s, u"deny"_s); });
-        row("a blank answer", "owner", "team", [](AppStore &s) { s.answer(u"q2"_s, u"  \n"_s); });
-        row("a notice is answered", "owner", "team", [](AppStore &s) { s.answer(u"a1"_s, u"Deny"_s); });
-        row("in a workspace unknown here", "owner", "team", [](AppStore &s) { s.answer(u"q9"_s, u"Deny"_s); });
-        row("of which also none is deleted", "owner", "team", [](AppStore &s) { s.deleteAlert(u"q9"_s); });
-        row("a viewer deletes", "viewer", "team", [](AppStore &s) { s.deleteAlert(u"a1"_s); });
-        row("a member invites", "member", "team", invite);
-        row("into a personal workspace", "owner", "personal", invite);
-        row("a viewer's time-out", "viewer", "team", timeout);
-        row("a member's time-out", "member", "team", timeout);
-        row("escalating alone", "owner", "personal", [](AppStore &s) { s.setTimeoutAction(TimeoutAction::escalate); });
-        row("a member renames", "member", "team", [](AppStore &s) { s.renameWorkspace(u"Sea"_s); });
-        row("to a blank name", "owner", "team", [](AppStore &s) { s.renameWorkspace(u"  "_s); });
-        row("leaving a personal one", "owner", "personal", [](AppStore &s) { s.leaveWorkspace(); });
-        row("the owner's role", "admin", "team", [](AppStore &s) { s.changeRole(u"own"_s, WorkspaceRole::viewer); });
-        row("one's own role", "admin", "team", [](AppStore &s) { s.changeRole(u"adm"_s, WorkspaceRole::viewer); });
-        row("to owner", "owner", "team", [](AppStore &s) { s.changeRole(u"ann"_s, WorkspaceRole::owner); });
-        row("removing the owner", "admin", "team", [](AppStore &s) { s.removeMember(u"own"_s); });
-        row("removing oneself", "admin", "team", [](AppStore &s) { s.removeMember(u"adm"_s); });
-        row("a member removes", "member", "team", [](AppStore &s) { s.removeMember(u"adm"_s); });
-        row("inviting again who is in", "owner", "team", [](AppStore &s) { s.resendInvitation(u"ann"_s); });
-        row("a topic of hyphens", "owner", "team", [](AppStore &s) { s.createTopic(u"---"_s); });
-        row("an unknown topic", "owner", "team", [](AppStore &s) { s.setTopicMuted(u"t7"_s, true); });
-        row("this computer", "owner", "team", [](AppStore &s) { s.removeDevice(u"here"_s); });
-        row("an unknown invitation", "owner", "team", [](AppStore &s) { s.acceptInvitation(u"none"_s); });
-        row("nothing changed", "owner", "team", [](AppStore &s) { s.updateSettings([](auto &) {}); });
     }
 
     void whoMayNotCannot()
     {
-        QFETCH(QString, role);
-        QFETCH(QString, kind);
-        QFETCH(Act, act);
-        begin(team(role, kind));
-        const QString before = state(store());
-        const auto sent = m->transport->requests().size();
-        act(store());
-        m->settle();
-        QCOMPARE(state(store()), before);
-        QCOMPARE(m->transport->requests().size(), sent);
+        const Act timeout = [](AppStore &s) { s.setResponseTimeout(5); };
+        const Act invite = [](AppStore &s) {
+            QVERIFY(s.invite(u"eve@x.test"_s, WorkspaceRole::viewer) == InviteError::notAllowed);
+        };
+        const QString owner = u"owner"_s, admin = u"admin"_s, member = u"member"_s, viewer = u"viewer"_s;
+        const std::tuple<const char *, QString, QString, Act> rows[] = {
+            {"a viewer answers", viewer, u"team"_s, [](AppStore &s) { s.answer(u"q1"_s, u"Deny"_s); }},
+            {"in a workspace unknown here", owner, u"team"_s, [](AppStore &s) { s.answer(u"q9"_s, u"Deny"_s); }},
+            {"of which also none is deleted", owner, u"team"_s, [](AppStore &s) { s.deleteAlert(u"q9"_s); }},
+            {"a viewer deletes", viewer, u"team"_s, [](AppStore &s) { s.deleteAlert(u"a1"_s); }},
+            {"a member invites", member, u"team"_s, invite},
+            {"into a personal workspace", owner, u"personal"_s, invite},
+            {"a viewer's time-out", viewer, u"team"_s, timeout},
+            {"a member's time-out", member, u"team"_s, timeout},
+            {"escalating alone", owner, u"personal"_s,
+             [](AppStore &s) { s.setTimeoutAction(TimeoutAction::escalate); }},
+            {"a member renames", member, u"team"_s, [](AppStore &s) { s.renameWorkspace(u"Sea"_s); }},
+            {"to a blank name", owner, u"team"_s, [](AppStore &s) { s.renameWorkspace(u"  "_s); }},
+            {"leaving a personal one", owner, u"personal"_s, [](AppStore &s) { s.leaveWorkspace(); }},
+            {"the owner's role", admin, u"team"_s, [](AppStore &s) { s.changeRole(u"own"_s, WorkspaceRole::viewer); }},
+            {"one's own role", admin, u"team"_s, [](AppStore &s) { s.changeRole(u"adm"_s, WorkspaceRole::viewer); }},
+            {"to owner", owner, u"team"_s, [](AppStore &s) { s.changeRole(u"ann"_s, WorkspaceRole::owner); }},
+            {"removing the owner", admin, u"team"_s, [](AppStore &s) { s.removeMember(u"own"_s); }},
+            {"removing oneself", admin, u"team"_s, [](AppStore &s) { s.removeMember(u"adm"_s); }},
+            {"a member removes", member, u"team"_s, [](AppStore &s) { s.removeMember(u"adm"_s); }},
+            {"inviting again who is in", owner, u"team"_s, [](AppStore &s) { s.resendInvitation(u"ann"_s); }},
+            {"a topic of hyphens", owner, u"team"_s, [](AppStore &s) { s.createTopic(u"---"_s); }},
+            {"an unknown topic", owner, u"team"_s, [](AppStore &s) { s.setTopicMuted(u"t7"_s, true); }},
+            {"this computer", owner, u"team"_s, [](AppStore &s) { s.removeDevice(u"here"_s); }},
+            {"an unknown invitation", owner, u"team"_s, [](AppStore &s) { s.acceptInvitation(u"none"_s); }},
+            {"nothing changed", owner, u"team"_s, [](AppStore &s) { s.updateSettings([](auto &) {}); }}};
+        for (const auto &[name, role, kind, act] : rows) {
+            const InRow row = anew(name);
+            begin(team(role, kind));
+            const QString before = state(store());
+            const auto sent = m->transport->requests().size();
+            act(store());
+            m->settle();
+            QCOMPARE(state(store()), before);
+            QCOMPARE(m->transport->requests().size(), sent);
+        }
     }
 
     void leavingTakesItsThingsAlong()

@@ -38,39 +38,29 @@ class NotificationChoiceTest : public QObject
     Q_OBJECT
 
 private slots:
-    void oneAlert_data()
-    {
-        QTest::addColumn<double>("secondsAgo");
-        QTest::addColumn<bool>("hasLoaded");
-        QTest::addColumn<bool>("chosen");
-        QTest::addColumn<Change>("change");
-        const Change none = [](Alert &) {};
-        const auto row = [](const char *name, double secondsAgo, bool hasLoaded, bool chosen, Change change) {
-            QTest::newRow(name) << secondsAgo << hasLoaded << chosen << change;
-        };
-        row("a new notice", 60, true, true, none);
-        row("posted at the mark", 10'000, true, false, none);
-        row("just after the mark", 9'999, true, true, none);
-        row("already held", 60, true, false, [](Alert &a) { a.id = u"held"_s; });
-        row("read", 60, true, false, [](Alert &a) { a.read = true; });
-        row("not delivered", 60, true, false, [](Alert &a) { a.delivered = false; });
-        row("an open ask", 60, true, true, [](Alert &a) { a.kind = AlertKind::ask; });
-        row("answered", 60, true, false, [](Alert &a) { a.kind = AlertKind::ask, a.answer = u"Approve"_s; });
-        row("past its deadline", 60, true, false, [](Alert &a) { a.kind = AlertKind::ask, a.expiresAt = testStart; });
-        row("half an hour old at the first sync", 1800, false, true, none);
-        row("an hour old at the first sync", 3600, false, false, none);
-    }
-
     void oneAlert()
     {
-        QFETCH(double, secondsAgo);
-        QFETCH(bool, hasLoaded);
-        QFETCH(Change, change);
-        Alert alert = notice(u"a"_s, secondsAgo);
-        change(alert);
-        NotificationMoment moment = noon;
-        moment.hasLoaded = hasLoaded;
-        QTEST(!chooseAlertsToNotify(dashboardOf(alert), {notice(u"held"_s, 60)}, moment).isEmpty(), "chosen");
+        const Change none = [](Alert &) {};
+        const std::tuple<const char *, double, bool, bool, Change> rows[] = {
+            {"a new notice", 60, true, true, none},
+            {"posted at the mark", 10'000, true, false, none},
+            {"just after the mark", 9'999, true, true, none},
+            {"already held", 60, true, false, [](Alert &a) { a.id = u"held"_s; }},
+            {"read", 60, true, false, [](Alert &a) { a.read = true; }},
+            {"not delivered", 60, true, false, [](Alert &a) { a.delivered = false; }},
+            {"an open ask", 60, true, true, [](Alert &a) { a.kind = AlertKind::ask; }},
+            {"answered", 60, true, false, [](Alert &a) { a.kind = AlertKind::ask, a.answer = u"Approve"_s; }},
+            {"past its deadline", 60, true, false, [](Alert &a) { a.kind = AlertKind::ask, a.expiresAt = testStart; }},
+            {"half an hour old at the first sync", 1800, false, true, none},
+            {"an hour old at the first sync", 3600, false, false, none}};
+        for (const auto &[name, secondsAgo, hasLoaded, isChosen, change] : rows) {
+            Alert alert = notice(u"a"_s, secondsAgo);
+            change(alert);
+            NotificationMoment moment = noon;
+            moment.hasLoaded = hasLoaded;
+            const auto chosen = chooseAlertsToNotify(dashboardOf(alert), {notice(u"held"_s, 60)}, moment);
+            QVERIFY2(chosen.isEmpty() != isChosen, name);
+        }
     }
 
     void fiveNewestOfEight()
@@ -99,70 +89,52 @@ private slots:
         QVERIFY(told.workspaceName == u"Acme"_s && !told.canAnswer);
     }
 
-    void quietWindow_data()
-    {
-        QTest::addColumn<QString>("from");
-        QTest::addColumn<QString>("to");
-        QTest::addColumn<int>("minute");
-        QTest::addColumn<bool>("quiet");
-        QTest::newRow("within a day: start") << u"12:00"_s << u"14:00"_s << 720 << true;
-        QTest::newRow("within a day: end") << u"12:00"_s << u"14:00"_s << 840 << false;
-        QTest::newRow("over midnight: late") << u"22:00"_s << u"07:00"_s << 1320 << true;
-        QTest::newRow("over midnight: early") << u"22:00"_s << u"07:00"_s << 419 << true;
-        QTest::newRow("over midnight: morning") << u"22:00"_s << u"07:00"_s << 420 << false;
-        QTest::newRow("empty window") << u"09:00"_s << u"09:00"_s << 540 << false;
-        QTest::newRow("not a time") << u"late"_s << u"07:00"_s << 1430 << false;
-        QTest::newRow("three numbers") << u"22:00:00"_s << u"07:00"_s << 1430 << false;
-        QTest::newRow("pieces that are no numbers") << u"x:22:00"_s << u":07:00:"_s << 1430 << true;
-        QTest::newRow("hours beyond the day are not checked") << u"30:00"_s << u"07:00"_s << 60 << true;
-        QTest::newRow("enormous hours") << u"2147483647:00"_s << u"07:00"_s << 60 << true;
-    }
-
     void quietWindow()
     {
-        QFETCH(QString, from);
-        QFETCH(QString, to);
-        QFETCH(int, minute);
-        NotificationSettings settings{.quietHoursEnabled = true, .quietFrom = from, .quietTo = to};
-        QTEST(isQuiet(settings, minute), "quiet");
-        settings.quietHoursEnabled = false;
-        QVERIFY(!isQuiet(settings, minute));
-    }
-
-    void sound_data()
-    {
-        QTest::addColumn<bool>("soundOn");
-        QTest::addColumn<bool>("night");
-        QTest::addColumn<bool>("topicIsQuiet");
-        QTest::addColumn<bool>("critical");
-        QTest::addColumn<bool>("sounds");
-        QTest::newRow("by day") << true << false << true << false << true;
-        QTest::newRow("by night in a quiet topic") << true << true << true << false << false;
-        QTest::newRow("by night in another topic") << true << true << false << false << true;
-        QTest::newRow("by night, critical") << true << true << true << true << true;
-        QTest::newRow("sound is off") << false << false << false << true << false;
+        const std::tuple<const char *, QString, QString, int, bool> rows[] = {
+            {"within a day: start", u"12:00"_s, u"14:00"_s, 720, true},
+            {"within a day: end", u"12:00"_s, u"14:00"_s, 840, false},
+            {"over midnight: late", u"22:00"_s, u"07:00"_s, 1320, true},
+            {"over midnight: early", u"22:00"_s, u"07:00"_s, 419, true},
+            {"over midnight: morning", u"22:00"_s, u"07:00"_s, 420, false},
+            {"empty window", u"09:00"_s, u"09:00"_s, 540, false},
+            {"not a time", u"late"_s, u"07:00"_s, 1430, false},
+            {"three numbers", u"22:00:00"_s, u"07:00"_s, 1430, false},
+            {"pieces that are no numbers", u"x:22:00"_s, u":07:00:"_s, 1430, true},
+            {"hours beyond the day are not checked", u"30:00"_s, u"07:00"_s, 60, true},
+            {"enormous hours", u"2147483647:00"_s, u"07:00"_s, 60, true}};
+        for (const auto &[name, from, to, minute, quiet] : rows) {
+            NotificationSettings settings{.quietHoursEnabled = true, .quietFrom = from, .quietTo = to};
+            QVERIFY2(isQuiet(settings, minute) == quiet, name);
+            settings.quietHoursEnabled = false;
+            QVERIFY2(!isQuiet(settings, minute), name);
+        }
     }
 
     void sound()
     {
-        QFETCH(bool, soundOn);
-        QFETCH(bool, night);
-        QFETCH(bool, topicIsQuiet);
-        QFETCH(bool, critical);
-        Alert alert = notice(u"a"_s, 60);
-        alert.priority = critical ? Priority::critical : Priority::normal;
-        Dashboard fresh = dashboardOf(alert);
-        fresh.settings = {.quietHoursEnabled = true, .sound = soundOn};
-        // The topic of the same name elsewhere is none of this alert's.
-        for (const QString &workspace : {u"w2"_s, u"w1"_s}) {
-            Topic &topic = fresh.topics.emplace_back();
-            topic.workspaceId = workspace;
-            topic.name = u"infra"_s;
-            topic.quietHours = topicIsQuiet == (workspace == u"w1");
+        const std::tuple<const char *, bool, bool, bool, bool, bool> rows[] = {
+            {"by day", true, false, true, false, true},
+            {"by night in a quiet topic", true, true, true, false, false},
+            {"by night in another topic", true, true, false, false, true},
+            {"by night, critical", true, true, true, true, true},
+            {"sound is off", false, false, false, true, false}};
+        for (const auto &[name, soundOn, night, topicIsQuiet, critical, sounds] : rows) {
+            Alert alert = notice(u"a"_s, 60);
+            alert.priority = critical ? Priority::critical : Priority::normal;
+            Dashboard fresh = dashboardOf(alert);
+            fresh.settings = {.quietHoursEnabled = true, .sound = soundOn};
+            // The topic of the same name elsewhere is none of this alert's.
+            for (const QString &workspace : {u"w2"_s, u"w1"_s}) {
+                Topic &topic = fresh.topics.emplace_back();
+                topic.workspaceId = workspace;
+                topic.name = u"infra"_s;
+                topic.quietHours = topicIsQuiet == (workspace == u"w1");
+            }
+            NotificationMoment moment = noon;
+            moment.minuteOfDay = night ? 23 * 60 : 12 * 60;
+            QVERIFY2(chooseAlertsToNotify(fresh, {}, moment).first().sound == sounds, name);
         }
-        NotificationMoment moment = noon;
-        moment.minuteOfDay = night ? 23 * 60 : 12 * 60;
-        QTEST(chooseAlertsToNotify(fresh, {}, moment).first().sound, "sounds");
     }
 };
 

@@ -14,153 +14,121 @@ class SessionTest : public StoreTest
 
     QString deviceKey() const { return preference_keys::device(*m->backend->baseURLOverride); }
 
-    /// For tests in which a loop starts whose answers don't matter.
-    void letLoopsFail()
-    {
-        for (const char *path : {"/dashboard", "/auth/user-data", "/invites"})
-            m->transport->always("GET", path, ScriptedAnswer::noAnswer());
-        m->transport->always("POST", "/devices", ScriptedAnswer::noAnswer());
-    }
-
 private slots:
-    void restoring_data()
-    {
-        QTest::addColumn<QString>("token");
-        QTest::addColumn<QByteArray>("account");
-        QTest::addColumn<QString>("name");
-        const QByteArray stored = R"({"name":"Ada","email":"ada@example.com","provider":"github","plan":"Pro"})";
-        QTest::newRow("a whole session") << u"t"_s << stored << u"Ada"_s;
-        QTest::newRow("no account record") << u"t"_s << QByteArray() << u"You"_s;
-        QTest::newRow("a damaged account record") << u"t"_s << QByteArray("{\"name\":1}") << u"You"_s;
-        for (const QString &token : {u""_s, u"to\r\nken"_s, u"tøken"_s, u" https://pingwell.test"_s})
-            QTest::addRow("no token: %s", qPrintable(token)) << token << stored << QString();
-    }
-
+    /// Without an account record the person is "You"; what can't be a token is none.
     void restoring()
     {
-        QFETCH(QString, token);
-        QFETCH(QByteArray, account);
-        m->tokens->save(token);
-        if (!account.isEmpty())
-            m->preferences->setData(preference_keys::sessionAccount, account);
-        m->start();
-        QTEST(store().account() ? store().account()->name : QString(), "name");
-        QVERIFY(!store().hasLoaded());
-        QVERIFY(m->transport->requests().isEmpty());
-    }
-
-    void theAddressOfARestoredSession_data()
-    {
-        QTest::addColumn<QString>("secret");
-        QTest::addColumn<QString>("override");
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<QString>("selfHosted");
-        QTest::addColumn<QString>("expected");
-        const QString cloud = APIClient::defaultBaseURL().toString();
-        const QString o = u"https://o.test"_s, s = u"https://s.test/api"_s, none;
-        QTest::newRow("given") << u"t"_s << o << u"https://s.test"_s << u"h.test"_s << o;
-        QTest::newRow("stored") << u"t"_s << none << s << u"h.test"_s << s;
-        QTest::newRow("not an address: the choice") << u"t"_s << none << u"::"_s << u"h.test/"_s << u"https://h.test"_s;
-        QTest::newRow("neither: the cloud") << u"t"_s << none << none << u"ftp://x"_s << cloud;
-        QTest::newRow("its own") << u"t https://s.test"_s << none << s << none << s;
-        QTest::newRow("its own, with a port")
-            << u"t http://s.test:81"_s << none << u"http://s.test:81/"_s << none << u"http://s.test:81/"_s;
-        QTest::newRow("its own, given") << u"t https://o.test"_s << u"https://o.test:443/x"_s << s << none
-                                        << u"https://o.test:443/x"_s;
-        QTest::newRow("another, given") << u"t https://s.test"_s << o << s << none << none;
-        QTest::newRow("another, stored") << u"t https://o.test"_s << none << s << none << none;
-        QTest::newRow("another, chosen") << u"t https://o.test"_s << none << none << u"h.test"_s << none;
-        QTest::newRow("another, in the cloud") << u"t https://o.test"_s << none << none << none << none;
-        QTest::newRow("another scheme") << u"t https://s.test"_s << none << u"http://s.test"_s << none << none;
-        QTest::newRow("another port") << u"t https://s.test"_s << none << u"https://s.test:444"_s << none << none;
+        const QByteArray stored = R"({"name":"Ada","email":"ada@example.com","provider":"github","plan":"Pro"})";
+        const std::tuple<QString, QByteArray, QString> rows[] = {{u"t"_s, stored, u"Ada"_s},
+                                                                 {u"t"_s, {}, u"You"_s},
+                                                                 {u"t"_s, "{\"name\":1}", u"You"_s},
+                                                                 {u""_s, stored, {}},
+                                                                 {u"to\r\nken"_s, stored, {}},
+                                                                 {u"tøken"_s, stored, {}},
+                                                                 {u" https://pingwell.test"_s, stored, {}}};
+        for (const auto &[token, account, name] : rows) {
+            const InRow row = anew(token.toUtf8() + ' ' + account);
+            m->tokens->save(token);
+            if (!account.isEmpty())
+                m->preferences->setData(preference_keys::sessionAccount, account);
+            m->start();
+            QCOMPARE(store().account() ? store().account()->name : QString(), name);
+            QVERIFY(!store().hasLoaded());
+            QVERIFY(m->transport->requests().isEmpty());
+        }
     }
 
     void theAddressOfARestoredSession()
     {
-        QFETCH(QString, secret);
-        QFETCH(QString, override);
-        QFETCH(QString, stored);
-        QFETCH(QString, selfHosted);
-        m->tokens->save(secret);
-        m->backend->baseURLOverride.reset();
-        if (!override.isNull())
-            m->backend->baseURLOverride = QUrl(override);
-        if (!stored.isNull())
-            m->preferences->setString(preference_keys::sessionBaseURL, stored);
-        m->preferences->setString(preference_keys::serverKind, u"selfHosted"_s);
-        m->preferences->setString(preference_keys::selfHostedURL, selfHosted);
-        m->start();
-        QTEST(store().client() ? store().client()->baseURL().toString() : QString(), "expected");
-        QCOMPARE(store().isSignedIn(), store().signInError().value_or(QString()).isEmpty());
-        QVERIFY2(m->tokens->load() == secret, "what is not used is not lost");
-    }
-
-    void aRefusalEndsTheStoredSessionOfItsServerAlone_data()
-    {
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<bool>("isKept");
-        QTest::newRow("of the given server") << u"https://pingwell.test/x"_s << false;
-        QTest::newRow("of another server") << u"https://s.test"_s << true;
+        const QString cloud = APIClient::defaultBaseURL().toString();
+        const QString o = u"https://o.test"_s, s = u"https://s.test/api"_s, withPort = u"http://s.test:81/"_s, none;
+        // The name of the row, the secret, the addresses given, stored and chosen, and the one that is used.
+        const std::tuple<const char *, QString, QString, QString, QString, QString> rows[] = {
+            {"given", u"t"_s, o, u"https://s.test"_s, u"h.test"_s, o},
+            {"stored", u"t"_s, none, s, u"h.test"_s, s},
+            {"not an address: the choice", u"t"_s, none, u"::"_s, u"h.test/"_s, u"https://h.test"_s},
+            {"neither: the cloud", u"t"_s, none, none, u"ftp://x"_s, cloud},
+            {"its own", u"t https://s.test"_s, none, s, none, s},
+            {"its own, with a port", u"t http://s.test:81"_s, none, withPort, none, withPort},
+            {"its own, given", u"t https://o.test"_s, u"https://o.test:443/x"_s, s, none, u"https://o.test:443/x"_s},
+            {"another, given", u"t https://s.test"_s, o, s, none, none},
+            {"another, stored", u"t https://o.test"_s, none, s, none, none},
+            {"another, chosen", u"t https://o.test"_s, none, none, u"h.test"_s, none},
+            {"another, in the cloud", u"t https://o.test"_s, none, none, none, none},
+            {"another scheme", u"t https://s.test"_s, none, u"http://s.test"_s, none, none},
+            {"another port", u"t https://s.test"_s, none, u"https://s.test:444"_s, none, none}};
+        for (const auto &[name, secret, given, stored, chosen, expected] : rows) {
+            const InRow row = anew(name);
+            m->tokens->save(secret);
+            m->backend->baseURLOverride.reset();
+            if (!given.isNull())
+                m->backend->baseURLOverride = QUrl(given);
+            if (!stored.isNull())
+                m->preferences->setString(preference_keys::sessionBaseURL, stored);
+            m->preferences->setString(preference_keys::serverKind, u"selfHosted"_s);
+            m->preferences->setString(preference_keys::selfHostedURL, chosen);
+            m->start();
+            QCOMPARE(store().client() ? store().client()->baseURL().toString() : QString(), expected);
+            QCOMPARE(store().isSignedIn(), store().signInError().value_or(QString()).isEmpty());
+            QVERIFY2(m->tokens->load() == secret, "what is not used is not lost");
+        }
     }
 
     void aRefusalEndsTheStoredSessionOfItsServerAlone()
     {
-        QFETCH(QString, stored);
-        QFETCH(bool, isKept);
-        m->preferences->setString(preference_keys::sessionBaseURL, stored);
-        m->start();
-        m->refreshWith(ScriptedAnswer::failure(401));
-        QVERIFY(!store().isSignedIn());
-        QCOMPARE(m->tokens->load().has_value(), isKept);
-        QCOMPARE(m->preferences->contains(preference_keys::sessionBaseURL), isKept);
-        m->tokens->onBecameReadable();
-        QVERIFY2(!store().isSignedIn(), "the same server would refuse it again");
-    }
-
-    void aSignOutLastsThoughTheKeyringIsLocked_data()
-    {
-        QTest::addColumn<bool>("isRemembered");
-        QTest::newRow("remembered") << true;
-        QTest::newRow("the settings can't be saved either") << false;
+        for (const bool isAnothers : {false, true}) {
+            m = std::make_unique<StoreFixture>();
+            m->preferences->setString(preference_keys::sessionBaseURL,
+                                      isAnothers ? u"https://s.test"_s : u"https://pingwell.test/x"_s);
+            m->start();
+            m->refreshWith(ScriptedAnswer::failure(401));
+            QVERIFY(!store().isSignedIn());
+            QCOMPARE(m->tokens->load().has_value(), isAnothers);
+            QCOMPARE(m->preferences->contains(preference_keys::sessionBaseURL), isAnothers);
+            m->tokens->onBecameReadable();
+            QVERIFY2(!store().isSignedIn(), "the same server would refuse it again");
+        }
     }
 
     void aSignOutLastsThoughTheKeyringIsLocked()
     {
-        QFETCH(bool, isRemembered);
-        const auto keychain = std::make_shared<FakeKeychain>();
-        const auto startWithKeychain = [&] {
-            m->store.reset();
-            m->backend->tokenStore.reset();
-            m->backend->tokenStore = std::make_shared<KeychainTokenStore>(keychain, u"s"_s, u"a"_s);
-            m->start();
-        };
-        keychain->setItem("token-1");
-        startWithKeychain();
-        QVERIFY(store().isSignedIn());
-        m->preferences->keepsThem = isRemembered;
-        keychain->setStatus(KeychainStatus::locked);
-        keychain->answerUnlock(KeychainStatus::locked, KeychainStatus::locked);
-        store().signOut();
-        QTRY_COMPARE(m->notifier->messages.size(), 1);
-        QCOMPARE(store().toast()->message, m->notifier->messages.first().section(u" | "_s, 1));
-        QCOMPARE(store().toast()->message.contains(u"before you quit"_s), !isRemembered);
+        for (const bool isRemembered : {true, false}) {
+            const InRow row = anew(isRemembered ? "remembered" : "the settings can't be saved either");
+            const auto keychain = std::make_shared<FakeKeychain>();
+            const auto startWithKeychain = [&] {
+                m->store.reset();
+                m->backend->tokenStore.reset();
+                m->backend->tokenStore = std::make_shared<KeychainTokenStore>(keychain, u"s"_s, u"a"_s);
+                m->start();
+            };
+            keychain->setItem("token-1");
+            startWithKeychain();
+            QVERIFY(store().isSignedIn());
+            m->preferences->keepsThem = isRemembered;
+            keychain->setStatus(KeychainStatus::locked);
+            keychain->answerUnlock(KeychainStatus::locked, KeychainStatus::locked);
+            store().signOut();
+            QTRY_COMPARE(m->notifier->messages.size(), 1);
+            QCOMPARE(store().toast()->message, m->notifier->messages.first().section(u" | "_s, 1));
+            QCOMPARE(store().toast()->message.contains(u"before you quit"_s), !isRemembered);
 
-        // The next run finds the token that was signed out, and opens no question about it.
-        const auto questions = [&] {
-            return keychain->calls().count(u"unlock"_s) + keychain->calls().count(u"copy s/a"_s);
-        };
-        const auto asked = questions();
-        startWithKeychain();
-        QVERIFY(!store().isSignedIn() && !store().client());
-        QTRY_COMPARE(keychain->calls().last(), u"remove"_s);
-        QCOMPARE(questions(), asked);
+            // The next run finds the token that was signed out, and opens no question about it.
+            const auto questions = [&] {
+                return keychain->calls().count(u"unlock"_s) + keychain->calls().count(u"copy s/a"_s);
+            };
+            const auto asked = questions();
+            startWithKeychain();
+            QVERIFY(!store().isSignedIn() && !store().client());
+            QTRY_COMPARE(keychain->calls().last(), u"remove"_s);
+            QCOMPARE(questions(), asked);
 
-        // The one after it finds the keyring open.
-        keychain->setStatus(KeychainStatus::success);
-        startWithKeychain();
-        QVERIFY(!store().isSignedIn() && !store().client());
-        QTRY_VERIFY(!keychain->item());
-        QTRY_VERIFY(!m->preferences->contains(preference_keys::sessionErasingOwed));
+            // The one after it finds the keyring open.
+            keychain->setStatus(KeychainStatus::success);
+            startWithKeychain();
+            QVERIFY(!store().isSignedIn() && !store().client());
+            QTRY_VERIFY(!keychain->item());
+            QTRY_VERIFY(!m->preferences->contains(preference_keys::sessionErasingOwed));
+        }
     }
 
     void aSessionThatWasNotKeptLeavesNoOlderOne()
@@ -276,7 +244,7 @@ private slots:
         m->start();
         QVERIFY(!store().isSignedIn());
         m->tokens->save(u"token-1"_s);
-        letLoopsFail();
+        m->letLoopsFail();
         m->tokens->onBecameReadable();
         m->settle();
         QVERIFY(store().isSignedIn());
@@ -301,55 +269,49 @@ private slots:
         }
     }
 
-    void whatWasTypedWaitsForTheSamePerson_data()
-    {
-        QTest::addColumn<bool>("isRefused");
-        QTest::addColumn<Account>("next");
-        QTest::addColumn<QString>("server");
-        QTest::addColumn<bool>("isBack");
-        const QString server = u"https://pingwell.test"_s;
-        const Account ada{u"Ada"_s, u"ada@example.com"_s, AuthProvider::github, u"Pro"_s};
-        QTest::newRow("the same person") << true << Account{u"Ada L."_s, ada.email, ada.provider, {}} << server << true;
-        QTest::newRow("another person") << true << Account{ada.name, u"a@b.c"_s, ada.provider, {}} << server << false;
-        QTest::newRow("another way in") << true << Account{{}, ada.email, AuthProvider::google, {}} << server << false;
-        QTest::newRow("nobody known") << true << Account() << server << false;
-        QTest::newRow("another server") << true << ada << u"https://o.test"_s << false;
-        QTest::newRow("after signing out") << false << ada << server << false;
-    }
-
     void whatWasTypedWaitsForTheSamePerson()
     {
-        QFETCH(bool, isRefused);
-        QFETCH(Account, next);
-        QFETCH(QString, server);
-        QFETCH(bool, isBack);
-        m->preferences->setData(preference_keys::sessionAccount,
-                                R"({"name":"Ada","email":"ada@example.com","provider":"github","plan":""})");
-        const QJsonObject text{{u"answerType"_s, u"text"_s}, {u"title"_s, u"Which region?"_s}};
-        m->startWith({.alerts = {askJSON(u"a1"_s, 60, text), askJSON(u"a2"_s, 60, text), askJSON(u"a3"_s, 60, text)}});
-        for (const char *alert : {"a1", "a3"})
-            m->transport->plan("POST", "/workspaces/w1/alerts/" + QByteArray(alert) + "/answer",
-                               ScriptedAnswer::failure(401, "", "Bye.").heldBack());
-        store().answer(u"a1"_s, u"north"_s);
-        store().answer(u"a3"_s, u"south"_s);
-        store().setReplyDraft(u"half"_s, u"a2"_s);
-        m->settle();
-        if (!isRefused)
-            store().signOut();
-        m->release();
-        QCOMPARE(store().signInError().value_or(QString()),
-                 isRefused ? u"Bye. Your answer to “Which region?” wasn't sent."_s : QString());
-        m->release();
-        QCOMPARE(store().signInError().value_or(QString()),
-                 isRefused ? u"Bye. Your answers to 2 questions weren't sent."_s : QString());
-        QVERIFY(store().replyDrafts().isEmpty() && store().toast() == std::nullopt);
-        const QString untold = u"a3: Your answer didn't go through | Your answer to “Which region?” wasn't sent."_s;
-        QVERIFY(isRefused || m->notifier->messages.value(1) == untold);
+        const QString server = u"https://pingwell.test"_s;
+        const Account ada{u"Ada"_s, u"ada@example.com"_s, AuthProvider::github, u"Pro"_s};
+        const std::tuple<QByteArray, Account, QString> rows[] = {
+            {"the same person", {u"Ada L."_s, ada.email, ada.provider, {}}, server},
+            {"another person", {ada.name, u"a@b.c"_s, ada.provider, {}}, server},
+            {"another way in", {{}, ada.email, AuthProvider::google, {}}, server},
+            {"nobody known", Account(), server},
+            {"another server", ada, u"https://o.test"_s},
+            {"after signing out", ada, server}};
+        for (const auto &[name, next, nextServer] : rows) {
+            const InRow row = anew(name);
+            const bool isRefused = name != "after signing out";
+            m->preferences->setData(preference_keys::sessionAccount,
+                                    R"({"name":"Ada","email":"ada@example.com","provider":"github","plan":""})");
+            const QJsonObject text{{u"answerType"_s, u"text"_s}, {u"title"_s, u"Which region?"_s}};
+            m->startWith(
+                {.alerts = {askJSON(u"a1"_s, 60, text), askJSON(u"a2"_s, 60, text), askJSON(u"a3"_s, 60, text)}});
+            for (const char *alert : {"a1", "a3"})
+                m->transport->plan("POST", "/workspaces/w1/alerts/" + QByteArray(alert) + "/answer",
+                                   ScriptedAnswer::failure(401, "", "Bye.").heldBack());
+            store().answer(u"a1"_s, u"north"_s);
+            store().answer(u"a3"_s, u"south"_s);
+            store().setReplyDraft(u"half"_s, u"a2"_s);
+            m->settle();
+            if (!isRefused)
+                store().signOut();
+            m->release();
+            QCOMPARE(store().signInError().value_or(QString()),
+                     isRefused ? u"Bye. Your answer to “Which region?” wasn't sent."_s : QString());
+            m->release();
+            QCOMPARE(store().signInError().value_or(QString()),
+                     isRefused ? u"Bye. Your answers to 2 questions weren't sent."_s : QString());
+            QVERIFY(store().replyDrafts().isEmpty() && store().toast() == std::nullopt);
+            const QString untold = u"a3: Your answer didn't go through | Your answer to “Which region?” wasn't sent."_s;
+            QVERIFY(isRefused || m->notifier->messages.value(1) == untold);
 
-        store().persistSession(u"next"_s, QUrl(server), next);
-        const QHash<QString, QString> typed{{u"a1"_s, u"north"_s}, {u"a2"_s, u"half"_s}, {u"a3"_s, u"south"_s}};
-        const QHash<QString, QString> none;
-        QCOMPARE(store().replyDrafts(), isBack ? typed : none);
+            store().persistSession(u"next"_s, QUrl(nextServer), next);
+            const QHash<QString, QString> typed{{u"a1"_s, u"north"_s}, {u"a2"_s, u"half"_s}, {u"a3"_s, u"south"_s}};
+            const QHash<QString, QString> none;
+            QCOMPARE(store().replyDrafts(), name == "the same person" ? typed : none);
+        }
     }
 };
 

@@ -35,14 +35,13 @@ class SignInTest : public StoreTest
     }
 
 private slots:
-    void init()
+    void init() override
     {
         StoreTest::init();
         m->tokens->clear();
+        m->letLoopsFail();
         m->transport->always("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()));
         m->transport->always("GET", "/auth/user-data", ScriptedAnswer::raw(200, session));
-        m->transport->always("POST", "/devices", ScriptedAnswer::noAnswer());
-        m->transport->always("GET", "/invites", ScriptedAnswer::data("[]"));
         m_opened.clear();
         m_browserWorks = true;
         const auto open = [this](const QUrl &url) {
@@ -57,9 +56,10 @@ private slots:
         m->backend->cancelAuthentication = [browser = m_browser] { browser->cancel(); };
     }
 
-    void cleanup()
+    void cleanup() override
     {
-        m_browser->cancel();
+        if (m_browser)
+            m_browser->cancel();
         StoreTest::cleanup();
         m_browser.reset();
     }
@@ -96,92 +96,81 @@ private slots:
         QCOMPARE(m->preferences->string(preference_keys::sessionBaseURL), std::optional(u"https://pingwell.test"_s));
     }
 
-    void unsuccessfulEnds_data()
-    {
-        QTest::addColumn<QString>("query");
-        QTest::addColumn<ScriptedAnswer>("answer");
-        QTest::addColumn<QString>("message");
-        const QString unfinished = u"Sign-in didn't finish. Try again."_s;
-        const QString cancelled = u"Sign-in was cancelled."_s;
-        const ScriptedAnswer none = ScriptedAnswer::noAnswer();
-        QTest::newRow("denied") << u"?error=access_denied"_s << none << cancelled;
-        QTest::newRow("an empty code falls through") << u"?code=&error=access_denied"_s << none << cancelled;
-        QTest::newRow("not offered") << u"?error=provider_unavailable"_s << none
-                                     << u"That sign-in option isn't available on this server."_s;
-        QTest::newRow("another error") << u"?error=server_error"_s << none << unfinished;
-        QTest::newRow("an error without a value") << u"?error"_s << none << unfinished;
-        QTest::newRow("no query") << u""_s << none << unfinished;
-        QTest::newRow("exchange refused")
-            << u"?code=abc"_s << ScriptedAnswer::failure(400, "old", "That code is old.") << u"That code is old."_s;
-        QTest::newRow("no token") << u"?code=abc"_s << ScriptedAnswer::raw(200, R"({"user":{}})") << unfinished;
-        QTest::newRow("an empty token") << u"?code=abc"_s << ScriptedAnswer::raw(200, R"({"token":"","user":{}})")
-                                        << unfinished;
-        for (const QByteArray token : {R"(a\r\nX: b)", "a b", "\u00e9", R"(\u007f)"}) {
-            QTest::addRow("no token: %s", token.constData())
-                << u"?code=abc"_s << ScriptedAnswer::raw(200, R"({"token":")" + token + R"(","user":{}})")
-                << u"Sign-in didn't finish: the server sent a token that Pingwell can't use."_s;
-        }
-    }
-
     void unsuccessfulEnds()
     {
-        QFETCH(QString, query);
-        QFETCH(ScriptedAnswer, answer);
-        m->start();
-        store().signIn(u"google"_s);
-        if (query.contains(u"code=a"_s))
-            m->transport->plan("POST", exchange, answer);
-        comeBack(query);
-        QTEST(store().signInError().value_or(QString()), "message");
-        QVERIFY(!store().isSigningIn() && !store().isSignedIn());
-        QVERIFY(m->preferences->keys().isEmpty());
+        using Answer = ScriptedAnswer;
+        const QString unfinished = u"Sign-in didn't finish. Try again."_s;
+        const QString cancelled = u"Sign-in was cancelled."_s;
+        QList<std::tuple<QString, Answer, QString>> rows{
+            {u"?error=access_denied"_s, {}, cancelled},
+            {u"?code=&error=access_denied"_s, {}, cancelled},
+            {u"?error=provider_unavailable"_s, {}, u"That sign-in option isn't available on this server."_s},
+            {u"?error=server_error"_s, {}, unfinished},
+            {u"?error"_s, {}, unfinished},
+            {u""_s, {}, unfinished},
+            {u"?code=abc"_s, Answer::failure(400, "old", "That code is old."), u"That code is old."_s},
+            {u"?code=abc"_s, Answer::raw(200, R"({"user":{}})"), unfinished},
+            {u"?code=abc"_s, Answer::raw(200, R"({"token":"","user":{}})"), unfinished}};
+        for (const QByteArray token : {R"(a\r\nX: b)", "a b", "\u00e9", R"(\u007f)"})
+            rows.append({u"?code=abc"_s, Answer::raw(200, R"({"token":")" + token + R"(","user":{}})"),
+                         u"Sign-in didn't finish: the server sent a token that Pingwell can't use."_s});
+        for (const auto &[query, answer, message] : rows) {
+            const InRow row = anew(query.toUtf8() + ' ' + answer.response.value_or(HTTPResponse()).body);
+            m->start();
+            store().signIn(u"google"_s);
+            if (answer.response)
+                m->transport->plan("POST", exchange, answer);
+            comeBack(query);
+            QCOMPARE(store().signInError().value_or(QString()), message);
+            QVERIFY(!store().isSigningIn() && !store().isSignedIn());
+            QVERIFY(m->preferences->keys().isEmpty());
 
-        // It may have been any page's doing: the browser can still come back with what it was sent for.
-        m->transport->plan("POST", exchange, ScriptedAnswer::raw(200, session).heldBack());
-        comeBack(u"?code=real"_s);
-        QVERIFY(store().isSigningIn() && !store().signInError());
-        comeBack(u"?error=access_denied"_s);
-        m->release("POST", exchange);
-        QVERIFY(store().isSignedIn() && !store().isSigningIn() && !store().signInError());
-        QCOMPARE(m_opened.size(), 1);
-        QVERIFY(!m_browser->handleCallback(QUrl(u"pingwell://auth/callback?code=late"_s)));
-    }
-
-    void aFailedAttemptStaysOpenUntil_data()
-    {
-        QTest::addColumn<std::function<void()>>("end");
-        const auto row = [](const char *name, std::function<void()> end) { QTest::newRow(name) << end; };
-        row("the person chooses another server",
-            [this] { m->backend->baseURLOverride = QUrl(u"https://other.test"_s); });
-        row("its time is over", [this] { m->clock->advance(10min); });
-        row("a late session is there", [this] {
-            m->tokens->save(u"token-1"_s);
-            m->tokens->onBecameReadable();
-        });
-        row("the person begins anew and gives up", [this] {
-            store().signIn(u"github"_s);
-            store().cancelSignIn();
-        });
-        row("the person gives up during the exchange", [this] {
-            m->transport->plan("POST", exchange, ScriptedAnswer::raw(200, session).heldBack());
-            comeBack(u"?code=abc"_s);
-            store().cancelSignIn();
+            // It may have been any page's doing: the browser can still come back with what it was sent for.
+            m->transport->plan("POST", exchange, Answer::raw(200, session).heldBack());
+            comeBack(u"?code=real"_s);
+            QVERIFY(store().isSigningIn() && !store().signInError());
+            comeBack(u"?error=access_denied"_s);
             m->release("POST", exchange);
-        });
+            QVERIFY(store().isSignedIn() && !store().isSigningIn() && !store().signInError());
+            QCOMPARE(m_opened.size(), 1);
+            QVERIFY(!m_browser->handleCallback(QUrl(u"pingwell://auth/callback?code=late"_s)));
+        }
     }
 
     void aFailedAttemptStaysOpenUntil()
     {
-        QFETCH(std::function<void()>, end);
-        m->start();
-        store().signIn(u"google"_s);
-        comeBack(u"?error=server_error"_s);
-        end();
-        m->settle();
-        const qsizetype exchanged = m->transport->count("POST", exchange);
-        comeBack(u"?code=late"_s);
-        QCOMPARE(m->transport->count("POST", exchange), exchanged);
-        QVERIFY(!store().isSigningIn() && (!store().client() || store().client()->token() == u"token-1"_s));
+        const std::pair<const char *, std::function<void()>> rows[] = {
+            {"the person chooses another server",
+             [this] { m->backend->baseURLOverride = QUrl(u"https://other.test"_s); }},
+            {"its time is over", [this] { m->clock->advance(10min); }},
+            {"a late session is there",
+             [this] {
+                 m->tokens->save(u"token-1"_s);
+                 m->tokens->onBecameReadable();
+             }},
+            {"the person begins anew and gives up",
+             [this] {
+                 store().signIn(u"github"_s);
+                 store().cancelSignIn();
+             }},
+            {"the person gives up during the exchange", [this] {
+                 m->transport->plan("POST", exchange, ScriptedAnswer::raw(200, session).heldBack());
+                 comeBack(u"?code=abc"_s);
+                 store().cancelSignIn();
+                 m->release("POST", exchange);
+             }}};
+        for (const auto &[name, end] : rows) {
+            const InRow row = anew(name);
+            m->start();
+            store().signIn(u"google"_s);
+            comeBack(u"?error=server_error"_s);
+            end();
+            m->settle();
+            const qsizetype exchanged = m->transport->count("POST", exchange);
+            comeBack(u"?code=late"_s);
+            QCOMPARE(m->transport->count("POST", exchange), exchanged);
+            QVERIFY(!store().isSigningIn() && (!store().client() || store().client()->token() == u"token-1"_s));
+        }
     }
 
     void foreignCallbacksAreIgnored()

@@ -54,6 +54,11 @@ QByteArray DashboardJSON::body() const
     return QJsonDocument(data).toJson(QJsonDocument::Compact);
 }
 
+DashboardJSON dashboardOf(const QJsonArray &alerts)
+{
+    return {.alerts = alerts};
+}
+
 StoreFixture::StoreFixture()
 {
     backend->tokenStore = tokens;
@@ -89,9 +94,8 @@ void StoreFixture::startWith(const DashboardJSON &dashboard)
 
 void StoreFixture::startLoopWith(const DashboardJSON &dashboard, const QByteArray &invitations)
 {
+    letLoopsFail();
     transport->always("GET", "/dashboard", ScriptedAnswer::data(dashboard.body()));
-    transport->always("GET", "/auth/user-data", ScriptedAnswer::noAnswer());
-    transport->always("POST", "/devices", ScriptedAnswer::noAnswer());
     transport->always("GET", "/invites", ScriptedAnswer::data(invitations));
     start();
     store->startSync();
@@ -108,6 +112,13 @@ void StoreFixture::refreshWith(const ScriptedAnswer &answer)
     transport->plan("GET", "/dashboard", answer);
     store->refresh();
     settle();
+}
+
+void StoreFixture::letLoopsFail()
+{
+    for (const char *path : {"/dashboard", "/auth/user-data", "/invites"})
+        transport->always("GET", path, ScriptedAnswer::noAnswer());
+    transport->always("POST", "/devices", ScriptedAnswer::noAnswer());
 }
 
 void StoreFixture::changeSession()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/app_store.h"
+#include "support/in_row.h"
 #include "support/manual_clock.h"
 #include "support/memory_preferences.h"
 #include "support/recording_notifier.h"
@@ -35,6 +36,9 @@ struct DashboardJSON
     [[nodiscard]] QByteArray body() const;
 };
 
+/// A dashboard of those alerts in workspace "w1".
+[[nodiscard]] DashboardJSON dashboardOf(const QJsonArray &alerts);
+
 /// A live store with everything around it in memory. Members may be changed before `start`.
 class StoreFixture
 {
@@ -52,6 +56,8 @@ public:
     void refreshWith(const DashboardJSON &dashboard);
     /// The same with an answer of any kind; where it is held back, the refresh doesn't end.
     void refreshWith(const ScriptedAnswer &answer);
+    /// Gives a live loop that starts nothing but silence, for tests in which its answers don't matter.
+    void letLoopsFail();
     /// Ends the session and begins that of another token.
     void changeSession();
     /// Lets the oldest held answer go, of that route where one is given, and waits for what follows.
@@ -70,7 +76,7 @@ public:
     std::unique_ptr<AppStore> store;
 };
 
-/// A test whose functions each begin with a fixture of their own.
+/// A test whose functions, and the rows of its lists, each begin with a fixture of their own.
 class StoreTest : public QObject
 {
     Q_OBJECT
@@ -78,11 +84,19 @@ class StoreTest : public QObject
 protected:
     AppStore &store() { return *m->store; }
 
+    /// Begins the next row of a list.
+    [[nodiscard]] InRow anew(const QByteArray &row)
+    {
+        cleanup();
+        init();
+        return InRow(row);
+    }
+
     std::unique_ptr<StoreFixture> m;
 
 protected slots:
-    void init() { m = std::make_unique<StoreFixture>(); }
-    void cleanup() { m.reset(); }
+    virtual void init() { m = std::make_unique<StoreFixture>(); }
+    virtual void cleanup() { m.reset(); }
 };
 
 } // namespace pingwell

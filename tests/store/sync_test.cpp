@@ -14,11 +14,6 @@ const QString a1 = u"a1"_s;
 const QByteArray user = R"({"user":{"name":"Ada","email":"ada@example.com","provider":"github"}})";
 const QByteArray device = R"({"id":"d7","name":"Desk","platform":"macos"})";
 
-DashboardJSON withAlerts(const QJsonArray &alerts)
-{
-    return {.alerts = alerts};
-}
-
 } // namespace
 
 class SyncTest : public StoreTest
@@ -27,7 +22,7 @@ class SyncTest : public StoreTest
 
     void startLoop()
     {
-        m->transport->always("GET", "/dashboard", ScriptedAnswer::data(withAlerts({alertJSON(a1, 60)}).body()));
+        m->transport->always("GET", "/dashboard", ScriptedAnswer::data(dashboardOf({alertJSON(a1, 60)}).body()));
         m->transport->always("GET", "/auth/user-data", ScriptedAnswer::raw(200, user));
         m->transport->always("POST", "/devices", ScriptedAnswer::data(device));
         m->transport->always("POST", "/devices/d7/heartbeat", ScriptedAnswer::data(device));
@@ -80,46 +75,38 @@ private slots:
         QVERIFY(store().hasLoaded() && !store().connectionProblem());
     }
 
-    void aRefusedHeartbeat_data()
-    {
-        QTest::addColumn<ScriptedAnswer>("answer");
-        QTest::addColumn<QString>("identifier");
-        QTest::addColumn<QString>("problem");
-        QTest::newRow("forgotten: registers anew") << ScriptedAnswer::failure(404) << u"d7"_s << QString();
-        QTest::newRow("any other reason") << ScriptedAnswer::failure(503, {}, "Later.") << u"d1"_s << u"Later."_s;
-    }
-
+    /// A device that the service forgot is registered anew.
     void aRefusedHeartbeat()
     {
-        QFETCH(ScriptedAnswer, answer);
-        m->preferences->setString(preference_keys::device(*m->backend->baseURLOverride), u"d1"_s);
-        m->transport->plan("POST", "/devices/d1/heartbeat", answer);
-        startLoop();
-        QTEST(store().deviceIdentifier(), "identifier");
-        QTEST(store().connectionProblem().value_or(QString()), "problem");
-    }
-
-    void aRefusedSessionEnds_data()
-    {
-        QTest::addColumn<QByteArray>("request");
-        for (const char *request :
-             {"GET /dashboard", "GET /auth/user-data", "POST /devices", "POST /devices/d7/heartbeat", "GET /invites"})
-            QTest::newRow(request) << QByteArray(request);
+        const std::tuple<ScriptedAnswer, QString, QString> rows[] = {
+            {ScriptedAnswer::failure(404), u"d7"_s, QString()},
+            {ScriptedAnswer::failure(503, {}, "Later."), u"d1"_s, u"Later."_s}};
+        for (const auto &[answer, identifier, problem] : rows) {
+            const InRow row = anew(problem.toUtf8());
+            m->preferences->setString(preference_keys::device(*m->backend->baseURLOverride), u"d1"_s);
+            m->transport->plan("POST", "/devices/d1/heartbeat", answer);
+            startLoop();
+            QCOMPARE(store().deviceIdentifier(), identifier);
+            QCOMPARE(store().connectionProblem().value_or(QString()), problem);
+        }
     }
 
     void aRefusedSessionEnds()
     {
-        QFETCH(QByteArray, request);
-        if (request.endsWith("heartbeat"))
-            m->preferences->setString(preference_keys::device(*m->backend->baseURLOverride), u"d7"_s);
-        const QByteArrayList route = request.split(' ');
-        m->transport->plan(route.first(), route.last(), ScriptedAnswer::failure(401, {}, "Signed out elsewhere."));
-        startLoop();
-        QVERIFY(!store().isSignedIn());
-        QCOMPARE(store().signInError(), std::optional(u"Signed out elsewhere."_s));
-        const auto polls = m->transport->count("GET", "/dashboard");
-        poll(4);
-        QCOMPARE(m->transport->count("GET", "/dashboard"), polls);
+        for (const QByteArray request :
+             {"GET /dashboard", "GET /auth/user-data", "POST /devices", "POST /devices/d7/heartbeat", "GET /invites"}) {
+            const InRow row = anew(request);
+            if (request.endsWith("heartbeat"))
+                m->preferences->setString(preference_keys::device(*m->backend->baseURLOverride), u"d7"_s);
+            const QByteArrayList route = request.split(' ');
+            m->transport->plan(route.first(), route.last(), ScriptedAnswer::failure(401, {}, "Signed out elsewhere."));
+            startLoop();
+            QVERIFY(!store().isSignedIn());
+            QCOMPARE(store().signInError(), std::optional(u"Signed out elsewhere."_s));
+            const auto polls = m->transport->count("GET", "/dashboard");
+            poll(4);
+            QCOMPARE(m->transport->count("GET", "/dashboard"), polls);
+        }
     }
 
     void aSecondStartReplacesTheLoop()
@@ -142,7 +129,7 @@ private slots:
 
     void theSameBytesAgainChangeNothing()
     {
-        const DashboardJSON dashboard = withAlerts({alertJSON(a1, 60)});
+        const DashboardJSON dashboard = dashboardOf({alertJSON(a1, 60)});
         m->startWith(dashboard);
         const QSignalSpy alerts(m->store.get(), &AppStore::alertsChanged);
         const QSignalSpy workspaces(m->store.get(), &AppStore::workspacesChanged);
@@ -163,7 +150,7 @@ private slots:
     {
         const QString incomprehensible =
             u"The server sent something this app doesn't understand. Update the app and try again."_s;
-        m->startWith(withAlerts({alertJSON(a1, 60)}));
+        m->startWith(dashboardOf({alertJSON(a1, 60)}));
         for (const auto &[answer, problem] :
              {std::pair(ScriptedAnswer::noAnswer(), u"Can't reach the Pingwell server. Check your connection."_s),
               std::pair(ScriptedAnswer::raw(200, "[]"), incomprehensible),
@@ -172,24 +159,24 @@ private slots:
             m->refreshWith(answer);
             QCOMPARE(store().connectionProblem(), std::optional(problem));
             QCOMPARE(store().alerts().size(), 1);
-            m->refreshWith(withAlerts({alertJSON(a1, 60)}));
+            m->refreshWith(dashboardOf({alertJSON(a1, 60)}));
             QVERIFY(!store().connectionProblem());
         }
     }
 
     void whatIsLeftOutIsTold()
     {
-        m->startWith(withAlerts({alertJSON(a1, 60), 5}));
+        m->startWith(dashboardOf({alertJSON(a1, 60), 5}));
         QCOMPARE(store().leftOut(),
                  u"The server sent something this app doesn't understand. Not shown: 1 of 2 alerts."_s);
-        m->refreshWith(withAlerts({alertJSON(a1, 60)}));
+        m->refreshWith(dashboardOf({alertJSON(a1, 60)}));
         QCOMPARE(store().leftOut(), QString());
     }
 
     void reconnectingAsksOverNewConnections()
     {
-        m->startWith(withAlerts({}));
-        m->transport->plan("GET", "/dashboard", ScriptedAnswer::data(withAlerts({alertJSON(a1, 60)}).body()));
+        m->startWith(dashboardOf({}));
+        m->transport->plan("GET", "/dashboard", ScriptedAnswer::data(dashboardOf({alertJSON(a1, 60)}).body()));
         store().reconnect();
         QCOMPARE(m->transport->dropCount(), 1);
         m->settle();
@@ -206,53 +193,46 @@ private slots:
         m->startWith({});
         QVERIFY(isAt(0));
         m->preferences->remove(preference_keys::lastNotifiedAt);
-        m->refreshWith(withAlerts({alertJSON(a1, 60), alertJSON(u"a2"_s, 30)}));
+        m->refreshWith(dashboardOf({alertJSON(a1, 60), alertJSON(u"a2"_s, 30)}));
         QVERIFY(isAt(30) && m->notifier->delivered.isEmpty());
-        m->refreshWith(withAlerts({alertJSON(a1, 60)}));
+        m->refreshWith(dashboardOf({alertJSON(a1, 60)}));
         QVERIFY2(isAt(30), "the mark never goes back");
-        m->refreshWith(withAlerts({alertJSON(u"a2"_s, 30), alertJSON(u"a3"_s, -60)}));
+        m->refreshWith(dashboardOf({alertJSON(u"a2"_s, 30), alertJSON(u"a3"_s, -60)}));
         QCOMPARE(m->notifier->delivered, QStringList{u"a3, sounds"_s});
     }
 
     void aStartLooksBackAnHour()
     {
-        m->startWith(withAlerts({alertJSON(a1, 9000)}));
-        m->startWith(withAlerts({alertJSON(u"a2"_s, 7200), alertJSON(u"a3"_s, 1800)}));
+        m->startWith(dashboardOf({alertJSON(a1, 9000)}));
+        m->startWith(dashboardOf({alertJSON(u"a2"_s, 7200), alertJSON(u"a3"_s, 1800)}));
         QCOMPARE(m->notifier->delivered, QStringList{u"a3, sounds"_s});
         // Known, though the service gives it a later time.
-        m->refreshWith(withAlerts({alertJSON(u"a3"_s, 900)}));
+        m->refreshWith(dashboardOf({alertJSON(u"a3"_s, 900)}));
         QCOMPARE(m->notifier->delivered.size(), 1);
-    }
-
-    void quietHoursAreThisComputers_data()
-    {
-        QTest::addColumn<bool>("on");
-        QTest::addColumn<QString>("from");
-        QTest::addColumn<QString>("to");
-        QTest::addColumn<QString>("delivered");
-        QTest::newRow("quiet here and now") << true << u"03:00"_s << u"04:00"_s << u"a2"_s;
-        QTest::newRow("switched off here") << false << u"03:00"_s << u"04:00"_s << u"a2, sounds"_s;
-        QTest::newRow("quiet in Greenwich") << true << u"22:00"_s << u"23:00"_s << u"a2, sounds"_s;
     }
 
     void quietHoursAreThisComputers()
     {
-        QFETCH(bool, on);
-        QFETCH(QString, from);
-        QFETCH(QString, to);
         // Five hours ahead: the tests begin at 22:13 in Greenwich, 3:13 here.
         qputenv("TZ", "HERE-5");
-        m->preferences->setBoolean(preference_keys::quietHoursEnabled, on);
-        DashboardJSON dashboard = withAlerts({alertJSON(a1, 60)});
-        m->startWith(dashboard);
-        dashboard.alerts << alertJSON(u"a2"_s, 5, {{u"topic"_s, u"deploys"_s}});
-        dashboard.topics << QJsonObject{
-            {u"id"_s, u"t"_s}, {u"workspaceId"_s, u"w1"_s}, {u"name"_s, u"deploys"_s}, {u"quietHours"_s, true}};
-        dashboard.settings = {{u"quietFrom"_s, from}, {u"quietTo"_s, to}};
-        m->refreshWith(dashboard);
-        QTEST(m->notifier->delivered.join(u' '), "delivered");
-        QCOMPARE(store().settings().quietFrom, from);
-        QCOMPARE(store().settings().quietHoursEnabled, on);
+        const std::tuple<const char *, bool, QString, QString, QString> rows[] = {
+            {"quiet here and now", true, u"03:00"_s, u"04:00"_s, u"a2"_s},
+            {"switched off here", false, u"03:00"_s, u"04:00"_s, u"a2, sounds"_s},
+            {"quiet in Greenwich", true, u"22:00"_s, u"23:00"_s, u"a2, sounds"_s}};
+        for (const auto &[name, on, from, to, delivered] : rows) {
+            const InRow row = anew(name);
+            m->preferences->setBoolean(preference_keys::quietHoursEnabled, on);
+            DashboardJSON dashboard = dashboardOf({alertJSON(a1, 60)});
+            m->startWith(dashboard);
+            dashboard.alerts << alertJSON(u"a2"_s, 5, {{u"topic"_s, u"deploys"_s}});
+            dashboard.topics << QJsonObject{
+                {u"id"_s, u"t"_s}, {u"workspaceId"_s, u"w1"_s}, {u"name"_s, u"deploys"_s}, {u"quietHours"_s, true}};
+            dashboard.settings = {{u"quietFrom"_s, from}, {u"quietTo"_s, to}};
+            m->refreshWith(dashboard);
+            QCOMPARE(m->notifier->delivered.join(u' '), delivered);
+            QCOMPARE(store().settings().quietFrom, from);
+            QCOMPARE(store().settings().quietHoursEnabled, on);
+        }
     }
 
     /// The computer's clock is an hour fast: nothing that waits is hidden, and it can be answered.
@@ -264,7 +244,7 @@ private slots:
         const QJsonObject soon{{u"expiresAt"_s, millisecondsFromInstant(testStart + Seconds(600))}};
         const QJsonObject late{{u"expiresAt"_s, millisecondsFromInstant(testStart + Seconds(1))}};
         ScriptedAnswer answer =
-            ScriptedAnswer::data(withAlerts({askJSON(a1, -1, soon), askJSON(u"late"_s, -1, late)}).body());
+            ScriptedAnswer::data(dashboardOf({askJSON(a1, -1, soon), askJSON(u"late"_s, -1, late)}).body());
         answer.response->date = testStart + Seconds(2);
         m->refreshWith(answer);
         QCOMPARE(m->notifier->delivered, QStringList{u"a1, sounds"_s});
@@ -288,7 +268,7 @@ private slots:
         store().startClock();
         store().setWatched(false);
         const QJsonObject soon{{u"expiresAt"_s, millisecondsFromInstant(testStart + Seconds(10))}};
-        m->refreshWith(ScriptedAnswer::data(withAlerts({askJSON(a1, -1, soon)}).body()).heldBack());
+        m->refreshWith(ScriptedAnswer::data(dashboardOf({askJSON(a1, -1, soon)}).body()).heldBack());
         m->clock->advance(14s);
         m->release();
         QVERIFY(store().alerts().size() == 1 && m->notifier->delivered.isEmpty());
@@ -304,7 +284,7 @@ private slots:
             m->notifier->delivered.clear();
             m->clock->advance(10s);
             alerts << alertJSON(id, -secondsAfter);
-            m->refreshWith(withAlerts(alerts));
+            m->refreshWith(dashboardOf(alerts));
             return m->notifier->delivered.join(u' ');
         };
         QCOMPARE(delivered(u"b"_s, 5), u"ahead, sounds b, sounds"_s);
@@ -330,7 +310,7 @@ private slots:
             store().signOut();
             store().persistSession(u"t"_s, QUrl(server), account);
             ++number;
-            m->refreshWith(withAlerts({alertJSON(u"n%1"_s.arg(number), 60 - number)}));
+            m->refreshWith(dashboardOf({alertJSON(u"n%1"_s.arg(number), 60 - number)}));
             return m->notifier->delivered.size();
         };
         QCOMPARE(announcedTo(ada, u"https://one.test"_s), 1);
@@ -360,7 +340,7 @@ private slots:
     /// What the same bytes mean depends on what else happened.
     void theSameBytesStillApplyTheRest()
     {
-        const DashboardJSON dashboard = withAlerts({alertJSON(a1, 60)});
+        const DashboardJSON dashboard = dashboardOf({alertJSON(a1, 60)});
         m->transport->plan("GET", "/auth/user-data", ScriptedAnswer::raw(200, user));
         m->startLoopWith(dashboard, "[]");
         QCOMPARE(store().account()->plan, u"Cloud"_s);
@@ -371,12 +351,6 @@ private slots:
         QCOMPARE(store().devices().size(), 1);
         poll(1);
         QCOMPARE(store().devices().size(), 0);
-        m->preferences->setStrings(preference_keys::unreadAlerts, {u"gone"_s});
-        m->start();
-        m->refreshWith(withAlerts({}));
-        QCOMPARE(m->preferences->strings(preference_keys::unreadAlerts)->size(), 1);
-        m->refreshWith(withAlerts({}));
-        QCOMPARE(m->preferences->strings(preference_keys::unreadAlerts)->size(), 0);
     }
 
     void theActiveWorkspaceSurvivesAndMoves()

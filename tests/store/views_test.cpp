@@ -90,35 +90,29 @@ private slots:
         }
     }
 
-    void today_data()
+    void today()
     {
-        QTest::addColumn<Alert>("alert");
-        QTest::addColumn<bool>("focus");
-        QTest::addColumn<bool>("shown");
         const QString id = u"a"_s;
         Alert high = notice(id, 60);
         high.priority = Priority::high;
-        QTest::newRow("a day old") << notice(id, 86400) << false << true;
-        QTest::newRow("a second more") << notice(id, 86401) << false << false;
-        QTest::newRow("an open ask waits elsewhere") << ask(id, 60, 60) << false << false;
-        QTest::newRow("an ask timed out") << ask(id, 60, 0) << false << true;
-        QTest::newRow("of another workspace") << notice(id, 60, other) << false << false;
-        QTest::newRow("of a muted topic") << notice(id, 60, own, u"muted"_s) << false << false;
-        QTest::newRow("focus drops the normal") << notice(id, 60) << true << false;
-        QTest::newRow("focus keeps the high") << high << true << true;
-    }
-
-    void today()
-    {
-        QFETCH(Alert, alert);
-        QFETCH(bool, focus);
         Topic topic;
         topic.name = u"muted"_s;
         topic.workspaceId = own;
         topic.muted = true;
-        const auto store = storeWith({alert}, {topic});
-        store->setFocusMode(focus);
-        QTEST(!store->todayAlerts().isEmpty(), "shown");
+        const std::tuple<const char *, Alert, bool, bool> rows[] = {
+            {"a day old", notice(id, 86400), false, true},
+            {"a second more", notice(id, 86401), false, false},
+            {"an open ask waits elsewhere", ask(id, 60, 60), false, false},
+            {"an ask timed out", ask(id, 60, 0), false, true},
+            {"of another workspace", notice(id, 60, other), false, false},
+            {"of a muted topic", notice(id, 60, own, u"muted"_s), false, false},
+            {"focus drops the normal", notice(id, 60), true, false},
+            {"focus keeps the high", high, true, true}};
+        for (const auto &[name, alert, focus, isShown] : rows) {
+            const auto store = storeWith({alert}, {topic});
+            store->setFocusMode(focus);
+            QVERIFY2(store->todayAlerts().isEmpty() != isShown, name);
+        }
     }
 
     void anAskLeavesWithItsDeadline()

@@ -440,7 +440,7 @@ private slots:
         screen.find(u"inbox.list"_s)->setProperty("contentY", 400);
         screen.settle();
         const double before = placeOf(screen, u"n9"_s);
-        loseConnection(live);
+        live.refreshWith(ScriptedAnswer::noAnswer());
         screen.settle();
         QVERIFY(screen.shows(u"connection.problem"_s));
         QCOMPARE(placeOf(screen, u"n9"_s), before);

@@ -129,7 +129,7 @@ private slots:
         const auto status = [&screen] { return screen.drawn(u"popover"_s).mid(1, 2).join(u": "); };
         QCOMPARE(status(), u"green: Connected · Pingwell Cloud"_s);
         QVERIFY(screen.shows(u"popover.workspace"_s) && !screen.shows(u"popover.signedOut"_s));
-        loseConnection(live);
+        live.refreshWith(ScriptedAnswer::noAnswer());
         QCOMPARE(status(), u"orange: Offline · Pingwell Cloud"_s);
         live.store->endSession({});
         screen.settle();

@@ -34,14 +34,14 @@ private slots:
         live.start();
         Screen screen(root, *live.store);
         QVERIFY(screen.shows(u"loading"_s) && !screen.shows(u"loading.retry"_s));
-        loseConnection(live);
+        live.refreshWith(ScriptedAnswer::noAnswer());
         QCOMPARE(screen.name(u"loading"_s), u"Can't reach the Pingwell server. Check your connection."_s);
         live.transport->plan("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()));
         screen.click(u"loading.retry"_s);
         QTRY_VERIFY(screen.shows(u"inbox.list"_s));
         QVERIFY(screen.shows(u"inbox.empty"_s) && !screen.shows(u"connection.problem"_s));
 
-        loseConnection(live);
+        live.refreshWith(ScriptedAnswer::noAnswer());
         QVERIFY(screen.shows(u"connection.problem"_s));
         live.transport->plan("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()));
         screen.click(u"connection.retry"_s);
@@ -59,9 +59,7 @@ private slots:
         live.startWith({});
         Screen screen(root, *live.store);
         const QByteArray hostile = "Not \\u202Eyet\\u0007, " + QByteArray(100'000, 'x');
-        live.transport->plan("GET", "/dashboard", ScriptedAnswer::failure(500, {}, hostile));
-        live.store->refresh();
-        live.settle();
+        live.refreshWith(ScriptedAnswer::failure(500, {}, hostile));
         live.store->showToast(QString::fromUtf8(hostile), true);
         screen.settle();
         for (const QString &identifier : {u"connection.problem"_s, u"toast"_s}) {

@@ -112,20 +112,6 @@ SeedData makeSeed(const QList<Alert> &alerts, WorkspaceRole role)
     return seed;
 }
 
-DashboardJSON dashboardOf(const QJsonArray &alerts)
-{
-    DashboardJSON dashboard;
-    dashboard.alerts = alerts;
-    return dashboard;
-}
-
-void loseConnection(StoreFixture &live)
-{
-    live.transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
-    live.store->refresh();
-    live.settle();
-}
-
 Screen::Screen(const QString &component, const SeedData &seed, bool signedIn, const QVariantMap &properties)
     : m_ownStore(
           std::make_unique<AppStore>(seed, signedIn, nullptr, dayEnd, nullptr, std::make_shared<ManualClock>(dayEnd)))

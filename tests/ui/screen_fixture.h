@@ -39,11 +39,6 @@ inline constexpr Instant dayEnd{Seconds(1'800'000'000)};
 /// A team workspace "w1" in which the person has `role`, and a personal one, "w2".
 [[nodiscard]] SeedData makeSeed(const QList<Alert> &alerts, WorkspaceRole role = WorkspaceRole::member);
 
-/// What the service sends: those alerts in workspace "w1".
-[[nodiscard]] DashboardJSON dashboardOf(const QJsonArray &alerts);
-/// One refresh that gets no answer.
-void loseConnection(StoreFixture &live);
-
 /// A screen in a window of its own, with a store without a service.
 class Screen
 {
