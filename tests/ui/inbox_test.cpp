@@ -73,40 +73,33 @@ private slots:
         QCOMPARE(screen.value(u"sidebar.inbox"_s), u"not selected"_s);
     }
 
-    void whatBecameOfAnAlert_data()
+    void whatBecameOfAnAlert()
     {
-        QTest::addColumn<Alert>("alert");
-        QTest::addColumn<QString>("row");
-        QTest::addColumn<QString>("detail");
         const Alert notice = makeAlert(u"a"_s, u"Done"_s, 20);
         const Alert waiting = makeChoice(u"a"_s, u"Ship it?"_s, 20);
         Alert answered = waiting;
         answered.answer = u"Hold"_s;
         Alert late = waiting;
         late.expiresAt = late.at + Seconds(300);
-        QTest::newRow("notice") << notice << u"20m | %1 | All checks passed."_s << u""_s;
-        QTest::newRow("waiting") << waiting << u"20m | %1 | Needs reply | Expires in —"_s
-                                 << u"Deploy bot is waiting for your reply | Expires in — | Hold | Approve | "_s;
-        QTest::newRow("answered") << answered << u"20m | %1 | ✓ You replied “Hold”"_s << u"You replied “Hold” | "_s;
-        QTest::newRow("timed out") << late
-                                   << u"*TIMED OUT | 20m | %1 | No reply in 5m — the agent was told nobody answered."_s
-                                   << u"*TIMED OUT | No reply in 5m — the agent was told nobody answered. | "_s;
-    }
-
-    void whatBecameOfAnAlert()
-    {
-        QFETCH(Alert, alert);
-        QFETCH(QString, row);
-        QFETCH(QString, detail);
-        Screen screen(root, makeSeed({alert}));
-        screen.click(u"alert.row.a"_s);
-        const QString title = u'*' + alert.title;
-        QCOMPARE(screen.drawn(u"alert.row.a"_s).join(u" | "), u"blue | Deploy bot | #deploys | "_s + row.arg(title));
-        QCOMPARE(screen.drawn(u"detail"_s).join(u" | "),
-                 u"*Normal | "_s + title + u" | All checks passed. | *Deploy bot | #deploys · 20m ago | "_s + detail +
-                     u"Mark as read | Delete"_s);
-        if (screen.shows(u"detail.action.0"_s))
-            QVERIFY(!screen.isFilled(u"detail.action.0"_s) && screen.isFilled(u"detail.action.1"_s));
+        const std::tuple<Alert, QString, QString> rows[] = {
+            {notice, u"20m | %1 | All checks passed."_s, u""_s},
+            {waiting, u"20m | %1 | Needs reply | Expires in —"_s,
+             u"Deploy bot is waiting for your reply | Expires in — | Hold | Approve | "_s},
+            {answered, u"20m | %1 | ✓ You replied “Hold”"_s, u"You replied “Hold” | "_s},
+            {late, u"*TIMED OUT | 20m | %1 | No reply in 5m — the agent was told nobody answered."_s,
+             u"*TIMED OUT | No reply in 5m — the agent was told nobody answered. | "_s}};
+        for (const auto &[alert, row, detail] : rows) {
+            Screen screen(root, makeSeed({alert}));
+            screen.click(u"alert.row.a"_s);
+            const QString title = u'*' + alert.title;
+            QCOMPARE(screen.drawn(u"alert.row.a"_s).join(u" | "),
+                     u"blue | Deploy bot | #deploys | "_s + row.arg(title));
+            QCOMPARE(screen.drawn(u"detail"_s).join(u" | "),
+                     u"*Normal | "_s + title + u" | All checks passed. | *Deploy bot | #deploys · 20m ago | "_s +
+                         detail + u"Mark as read | Delete"_s);
+            if (screen.shows(u"detail.action.0"_s))
+                QVERIFY(!screen.isFilled(u"detail.action.0"_s) && screen.isFilled(u"detail.action.1"_s));
+        }
     }
 
     void longBodyIsShownWhenAskedFor()
@@ -168,75 +161,57 @@ private slots:
         QCOMPARE(screen.focused(), u"alert.row.n2"_s);
     }
 
-    void whoMayDelete_data()
-    {
-        QTest::addColumn<WorkspaceRole>("role");
-        QTest::addColumn<bool>("mayDelete");
-        QTest::newRow("member") << WorkspaceRole::member << true;
-        QTest::newRow("viewer") << WorkspaceRole::viewer << false;
-    }
-
     void whoMayDelete()
     {
-        QFETCH(WorkspaceRole, role);
-        QFETCH(bool, mayDelete);
-        Screen screen(root, aDay(role));
-        screen.store().selectAlert(u"a1"_s);
-        screen.settle();
-        QCOMPARE(screen.shows(u"detail.delete"_s), mayDelete);
-        QCOMPARE(screen.shows(u"detail.viewerNote"_s), !mayDelete);
-        QCOMPARE(screen.shows(u"detail.action.0"_s), mayDelete);
-        QVERIFY(screen.shows(u"detail.countdown"_s));
-        screen.press(Qt::Key_Menu);
-        QCOMPARE(screen.shows(u"alert.row.a1.delete"_s), mayDelete);
-        screen.press(Qt::Key_End);
-        QCOMPARE(screen.focused(), mayDelete ? u"alert.row.a1.delete"_s : u"alert.row.a1.toggleRead"_s);
-        screen.press({Qt::Key_Escape, Qt::Key_Return, Qt::Key_1});
-        QCOMPARE(screen.store().alertWithID(u"a1"_s)->answer.has_value(), mayDelete);
-    }
-
-    void keys_data()
-    {
-        using Steps = QList<QKeyCombination>;
-        QTest::addColumn<QList<QKeyCombination>>("keys");
-        QTest::addColumn<QString>("focus");
-        QTest::addColumn<QString>("selected");
-        QTest::newRow("down twice") << Steps{Qt::Key_Down, Qt::Key_Down} << u"alert.row.n1"_s << QString();
-        QTest::newRow("home") << Steps{Qt::Key_End, Qt::Key_Home} << u"alert.row.n0"_s << QString();
-        QTest::newRow("pages") << Steps{Qt::Key_PageDown, Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_PageUp}
-                               << u"alert.row.n0"_s << QString();
-        QTest::newRow("reply") << Steps{Qt::Key_End, Qt::Key_Return, Qt::Key_R} << u"detail.reply"_s << u"a2"_s;
-        QTest::newRow("back from the field")
-            << Steps{Qt::Key_End, Qt::Key_Return, Qt::Key_R, Qt::Key_Escape} << u"alert.row.a2"_s << u"a2"_s;
-        QTest::newRow("back again") << Steps{Qt::Key_Down, Qt::Key_Return, Qt::Key_Escape} << u"alert.row.n0"_s
-                                    << QString();
-        QTest::newRow("delete goes on with the next")
-            << Steps{Qt::Key_Down, Qt::Key_Return, Qt::Key_Delete, Qt::Key_Tab, Qt::Key_Return} << u"alert.row.n1"_s
-            << QString();
-        QTest::newRow("delete asks first")
-            << Steps{Qt::Key_End, Qt::Key_Delete, Qt::Key_Return} << u"alert.row.a2"_s << QString();
-        QTest::newRow("into the open alert")
-            << Steps{Qt::Key_Down, Qt::Key_Return, Qt::Key_Return} << u"detail"_s << u"n0"_s;
-        QTest::newRow("filters") << Steps{Qt::CTRL | Qt::Key_F, Qt::Key_Right} << u"filter.asks"_s << QString();
-        QTest::newRow("down to the settings")
-            << Steps{Qt::CTRL | Qt::Key_3, Qt::Key_Down} << u"sidebar.settings"_s << QString();
-        QTest::newRow("into the topics") << Steps{Qt::CTRL | Qt::Key_2, Qt::Key_Tab, Qt::Key_Tab}
-                                         << u"topics.new.name"_s << QString();
-        QTest::newRow("and back") << Steps{Qt::CTRL | Qt::Key_3, Qt::CTRL | Qt::Key_1} << u"alert.row.n0"_s
-                                  << QString();
-        QTest::newRow("keys of the list") << Steps{Qt::Key_F1} << u"shortcuts.close"_s << QString();
-        QTest::newRow("and away") << Steps{Qt::Key_Down, Qt::CTRL | Qt::Key_Slash, Qt::Key_Escape} << u"alert.row.n0"_s
-                                  << QString();
+        for (const WorkspaceRole role : {WorkspaceRole::member, WorkspaceRole::viewer}) {
+            const bool mayDelete = role == WorkspaceRole::member;
+            Screen screen(root, aDay(role));
+            screen.store().selectAlert(u"a1"_s);
+            QCOMPARE(screen.shows(u"detail.delete"_s), mayDelete);
+            QCOMPARE(screen.shows(u"detail.viewerNote"_s), !mayDelete);
+            QCOMPARE(screen.shows(u"detail.action.0"_s), mayDelete);
+            QVERIFY(screen.shows(u"detail.countdown"_s));
+            screen.press(Qt::Key_Menu);
+            QCOMPARE(screen.shows(u"alert.row.a1.delete"_s), mayDelete);
+            screen.press(Qt::Key_End);
+            QCOMPARE(screen.focused(), mayDelete ? u"alert.row.a1.delete"_s : u"alert.row.a1.toggleRead"_s);
+            screen.press({Qt::Key_Escape, Qt::Key_Return, Qt::Key_1});
+            QCOMPARE(screen.store().alertWithID(u"a1"_s)->answer.has_value(), mayDelete);
+        }
     }
 
     void keys()
     {
-        QFETCH(QList<QKeyCombination>, keys);
-        Screen screen(root, aDay());
-        for (const QKeyCombination &key : keys)
-            screen.press(key);
-        QTEST(screen.focused(), "focus");
-        QTEST(screen.store().selectedAlertID().value_or(QString()), "selected");
+        using Keys = QList<QKeyCombination>;
+        const std::tuple<const char *, Keys, QString, QString> rows[] = {
+            {"down twice", {Qt::Key_Down, Qt::Key_Down}, u"alert.row.n1"_s, {}},
+            {"home", {Qt::Key_End, Qt::Key_Home}, u"alert.row.n0"_s, {}},
+            {"pages", {Qt::Key_PageDown, Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_PageUp}, u"alert.row.n0"_s, {}},
+            {"reply", {Qt::Key_End, Qt::Key_Return, Qt::Key_R}, u"detail.reply"_s, u"a2"_s},
+            {"back from the field",
+             {Qt::Key_End, Qt::Key_Return, Qt::Key_R, Qt::Key_Escape},
+             u"alert.row.a2"_s,
+             u"a2"_s},
+            {"back again", {Qt::Key_Down, Qt::Key_Return, Qt::Key_Escape}, u"alert.row.n0"_s, {}},
+            {"delete goes on with the next",
+             {Qt::Key_Down, Qt::Key_Return, Qt::Key_Delete, Qt::Key_Tab, Qt::Key_Return},
+             u"alert.row.n1"_s,
+             {}},
+            {"delete asks first", {Qt::Key_End, Qt::Key_Delete, Qt::Key_Return}, u"alert.row.a2"_s, {}},
+            {"into the open alert", {Qt::Key_Down, Qt::Key_Return, Qt::Key_Return}, u"detail"_s, u"n0"_s},
+            {"filters", {Qt::CTRL | Qt::Key_F, Qt::Key_Right}, u"filter.asks"_s, {}},
+            {"down to the settings", {Qt::CTRL | Qt::Key_3, Qt::Key_Down}, u"sidebar.settings"_s, {}},
+            {"into the topics", {Qt::CTRL | Qt::Key_2, Qt::Key_Tab, Qt::Key_Tab}, u"topics.new.name"_s, {}},
+            {"and back", {Qt::CTRL | Qt::Key_3, Qt::CTRL | Qt::Key_1}, u"alert.row.n0"_s, {}},
+            {"keys of the list", {Qt::Key_F1}, u"shortcuts.close"_s, {}},
+            {"and away", {Qt::Key_Down, Qt::CTRL | Qt::Key_Slash, Qt::Key_Escape}, u"alert.row.n0"_s, {}}};
+        for (const auto &[name, keys, focus, selected] : rows) {
+            const InRow row(name);
+            Screen screen(root, aDay());
+            screen.press(keys);
+            QCOMPARE(screen.focused(), focus);
+            QCOMPARE(screen.store().selectedAlertID().value_or(QString()), selected);
+        }
     }
 
     void openAskIsAnswered()
@@ -266,20 +241,16 @@ private slots:
         blank.id = u"a3"_s;
         blank.answer = late.actions.last();
         Screen screen(root, makeSeed({answered, late, blank}));
-        const auto open = [&screen](const QString &id) {
-            screen.store().selectAlert(id);
-            screen.settle();
-        };
-        open(u"a1"_s);
+        screen.store().selectAlert(u"a1"_s);
         QCOMPARE(screen.name(u"detail.title"_s), answered.title);
         QCOMPARE(screen.name(u"detail.answered"_s), u"You replied “%1”"_s.arg(*answered.answer));
         QVERIFY(screen.find(u"detail.answered"_s)->height() > 90 * 13);
         QVERIFY(screen.name(u"alert.row.a1"_s).size() < 800);
-        open(u"a2"_s);
+        screen.store().selectAlert(u"a2"_s);
         const QString sentence = screen.store().outcomeText(late);
         QCOMPARE(screen.name(u"detail.timedOut"_s), u"TIMED OUT, "_s + sentence);
         QVERIFY(!screen.shows(u"detail.showAll"_s));
-        open(u"a3"_s);
+        screen.store().selectAlert(u"a3"_s);
         QCOMPARE(screen.name(u"detail.answered"_s), u"You replied “Choice 2”"_s);
     }
 
@@ -324,7 +295,6 @@ private slots:
         QCOMPARE(panel.name(u"popover.ask.a1.furtherChoices"_s),
                  u"Showing 8 of 5,000 choices. The main window shows more."_s);
         screen.store().answer(u"a1"_s, u"Choice 99"_s);
-        screen.settle();
         QCOMPARE(screen.name(u"detail.answered"_s), u"You replied “Choice 99”"_s);
     }
 
@@ -332,7 +302,6 @@ private slots:
     {
         Screen screen(root, aDay());
         screen.store().revealAlert(u"a2"_s);
-        screen.settle();
         screen.press(Qt::Key_R);
         for (const QChar letter : u"u1r"_s)
             QTest::keyClick(&screen.view(), letter.toLatin1());
@@ -344,9 +313,7 @@ private slots:
         for (const bool sheet : {true, false}) {
             screen.store().setIsCreatingWorkspace(sheet);
             screen.store().setSection(sheet ? SidebarSection::inbox : SidebarSection::team);
-            screen.settle();
-            for (const Qt::Key key : {Qt::Key_1, Qt::Key_U, Qt::Key_Delete})
-                screen.press(key);
+            screen.press({Qt::Key_1, Qt::Key_U, Qt::Key_Delete});
             const auto alert = screen.store().alertWithID(u"a1"_s);
             QVERIFY(alert && !alert->answer && !alert->read);
         }
@@ -377,16 +344,13 @@ private slots:
 
         // A list that stands at its top shows what comes.
         live.refreshWith(notices(8, 60));
-        screen.settle();
         QCOMPARE(placeOf(screen, u"n8"_s), top);
 
         for (const double distance : {10.0, 700.0, 1e6}) {
             list->setProperty("contentY", 0);
             live.refreshWith(notices(8, 60));
-            screen.settle();
             const double last = list->property("contentHeight").toDouble() - list->height();
             list->setProperty("contentY", list->property("originY").toDouble() + std::min(distance, last));
-            screen.settle();
             QMap<double, QString> before;
             for (int index = 8; index <= 60; ++index) {
                 const QString id = u"n%1"_s.arg(index);
@@ -396,7 +360,6 @@ private slots:
             QVERIFY(before.size() > 5);
             // Three arrive above; the first row in view goes.
             live.refreshWith(notices(5, 60, before.take(before.firstKey())));
-            screen.settle();
             for (auto row = before.cbegin(); row != before.cend(); ++row)
                 QCOMPARE(placeOf(screen, row.value()), row.key());
         }
@@ -411,14 +374,12 @@ private slots:
         live.startWith(notices(0, 299));
         Screen screen(root, *live.store);
         screen.find(u"inbox.list"_s)->setProperty("contentY", 700);
-        screen.settle();
         screen.click(u"alert.row.n14"_s);
         QCOMPARE(screen.focused(), u"alert.row.n14"_s);
         screen.pointAway();
         const double before = placeOf(screen, u"n14"_s);
 
         live.refreshWith(dashboardOf(turned));
-        screen.settle();
         QCOMPARE(live.store->filteredAlerts().first().id, u"n299"_s);
         QCOMPARE(screen.focused(), u"alert.row.n14"_s);
         QCOMPARE(live.store->selectedAlertID(), u"n14"_s);
@@ -428,7 +389,6 @@ private slots:
 
         turned.append(5);
         live.refreshWith(dashboardOf(turned));
-        screen.settle();
         QVERIFY(screen.name(u"connection.leftOut"_s).endsWith(u"Not shown: 1 of 301 alerts."_s));
     }
 
@@ -438,14 +398,11 @@ private slots:
         live.startWith(notices(0, 50));
         Screen screen(root, *live.store);
         screen.find(u"inbox.list"_s)->setProperty("contentY", 400);
-        screen.settle();
         const double before = placeOf(screen, u"n9"_s);
         live.refreshWith(ScriptedAnswer::noAnswer());
-        screen.settle();
         QVERIFY(screen.shows(u"connection.problem"_s));
         QCOMPARE(placeOf(screen, u"n9"_s), before);
         live.refreshWith(notices(0, 50));
-        screen.settle();
         QVERIFY(!screen.shows(u"connection.problem"_s));
         QCOMPARE(placeOf(screen, u"n9"_s), before);
     }
@@ -477,7 +434,6 @@ private slots:
     {
         Screen screen(root, aDay());
         screen.store().selectAlert(u"a2"_s);
-        screen.settle();
         const QJsonArray elements = QJsonDocument::fromJson(accessibilitySnapshot().toUtf8()).array();
         QVERIFY(elements.size() > 25);
         for (const QJsonValue &element : elements) {
@@ -501,7 +457,6 @@ private slots:
         QTest::mousePress(&screen.view(), Qt::LeftButton, {}, grip);
         QTest::mouseMove(&screen.view(), grip + QPoint(90, 0));
         QTest::mouseRelease(&screen.view(), Qt::LeftButton, {}, grip + QPoint(90, 0));
-        screen.settle();
         QCOMPARE(handle->x(), 270.0);
         screen.view().resize(880, 560);
         screen.settle();

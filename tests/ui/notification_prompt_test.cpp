@@ -24,7 +24,6 @@ struct PromptScreen
         center->hasSettings = hasSettings;
         live.startWith({});
         screen.emplace(u"RootView"_s, *live.store, QVariantMap{{u"notifications"_s, QVariant::fromValue(&access)}});
-        screen->settle();
     }
 
     [[nodiscard]] bool wasDismissed() const
@@ -45,29 +44,20 @@ class NotificationPromptTest : public QObject
     Q_OBJECT
 
 private slots:
-    void saysWhatCanBeDone_data()
-    {
-        QTest::addColumn<AuthorizationStatus>("status");
-        QTest::addColumn<bool>("hasSettings");
-        QTest::addColumn<bool>("opens");
-        QTest::addColumn<QString>("button");
-        const QString ask = u"Enable notifications"_s;
-        QTest::newRow("on") << AuthorizationStatus::authorized << true << false << QString();
-        QTest::newRow("on for a trial") << AuthorizationStatus::provisional << true << false << QString();
-        QTest::newRow("not asked yet") << AuthorizationStatus::notDetermined << true << true << ask;
-        QTest::newRow("nobody knows") << AuthorizationStatus::other << true << true << ask;
-        QTest::newRow("off") << AuthorizationStatus::denied << true << true << u"Open System Settings…"_s;
-        QTest::newRow("off, no page") << AuthorizationStatus::denied << false << true << QString();
-    }
-
     void saysWhatCanBeDone()
     {
-        QFETCH(AuthorizationStatus, status);
-        QFETCH(bool, hasSettings);
-        const PromptScreen m(status, hasSettings);
-        QTEST(m.screen->shows(notNow), "opens");
-        QTEST(m.screen->name(enable), "button");
-        QCOMPARE(m.screen->shows(blocked), status == AuthorizationStatus::denied);
+        using enum AuthorizationStatus;
+        const QString ask = u"Enable notifications"_s;
+        const std::tuple<AuthorizationStatus, bool, bool, QString> rows[] = {
+            {authorized, true, false, {}},    {provisional, true, false, {}},
+            {notDetermined, true, true, ask}, {other, true, true, ask},
+            {denied, false, true, {}},        {denied, true, true, u"Open System Settings…"_s}};
+        for (const auto &[status, hasSettings, opens, button] : rows) {
+            const PromptScreen m(status, hasSettings);
+            QCOMPARE(m.screen->shows(notNow), opens);
+            QCOMPARE(m.screen->name(enable), button);
+            QCOMPARE(m.screen->shows(blocked), status == denied);
+        }
     }
 
     void buttonAsksAndSaysThatTheyAreOn()
@@ -116,7 +106,6 @@ private slots:
                 m.screen->click(notNow);
             QVERIFY(m.wasDismissed());
             m.access.considerPrompt(m.live.store.get());
-            m.screen->settle();
             QVERIFY(!m.screen->shows(notNow));
         }
     }
@@ -125,7 +114,6 @@ private slots:
     {
         PromptScreen m(AuthorizationStatus::denied);
         m.live.store->endSession(std::nullopt);
-        m.screen->settle();
         QVERIFY(m.screen->shows(u"signin"_s) && !m.screen->shows(notNow));
         QVERIFY(!m.wasDismissed());
     }

@@ -92,7 +92,6 @@ private slots:
         live.refreshWith(dashboardOf(
             {askJSON(u"a3"_s, 5), alertJSON(u"n1"_s, 8), textAskJSON(u"a1"_s, 60), textAskJSON(u"a2"_s, 90)}));
         live.clock->advance(std::chrono::seconds(90));
-        screen.settle();
         QCOMPARE(screen.name(u"popover.needsReply.header"_s), u"Needs reply · 3"_s);
         QCOMPARE(screen.find(reply), field);
         QCOMPARE(screen.place(reply), place);
@@ -117,7 +116,6 @@ private slots:
         QCOMPARE(screen.name(countdown), u"Expires in 4m"_s);
         QCOMPARE(symbol(), u"timer"_s);
         live.clock->advance(std::chrono::seconds(299));
-        screen.settle();
         QVERIFY(!screen.shows(u"popover.ask.a1"_s) && screen.shows(u"popover.alert.a1.timedOut"_s));
     }
 
@@ -132,7 +130,6 @@ private slots:
         live.refreshWith(ScriptedAnswer::noAnswer());
         QCOMPARE(status(), u"orange: Offline · Pingwell Cloud"_s);
         live.store->endSession({});
-        screen.settle();
         QCOMPARE(status(), u"grey: Signed out"_s);
         QVERIFY(screen.shows(u"popover.signedOut"_s));
         QVERIFY(!screen.shows(u"popover.workspace"_s) && !screen.shows(u"popover.today.header"_s));
@@ -162,7 +159,6 @@ private slots:
         QCOMPARE(screen.find(u"popover.today.header"_s)->property("topPadding").toDouble(), 8.0);
         QCOMPARE(screen.count(rows), 1);
         screen.store().selectWorkspace(u"w2"_s);
-        screen.settle();
         QVERIFY(screen.shows(u"popover.today.empty"_s) && screen.shows(u"popover.needsReply.empty"_s));
     }
 
@@ -201,57 +197,41 @@ private slots:
         QCOMPARE(screen.store().alertWithID(u"a39"_s)->answer, u"Hold"_s);
     }
 
-    void keypadsEnterPresses_data()
-    {
-        QTest::addColumn<QString>("control");
-        QTest::addColumn<QString>("shows");
-        QTest::newRow("menu of the workspaces") << u"popover.workspace"_s << u"popover.workspace.create"_s;
-        QTest::newRow("switch") << u"popover.focus"_s << u"popover.today.empty"_s;
-        QTest::newRow("answer") << u"popover.ask.a1.action.0"_s << u"popover.needsReply.empty"_s;
-    }
-
     void keypadsEnterPresses()
     {
-        QFETCH(QString, control);
-        QFETCH(QString, shows);
-        Screen screen(panel, makeSeed({makeChoice(u"a1"_s, u"Ship it?"_s, 5), makeAlert(u"n1"_s, u"Notice"_s, 1)}));
-        QVERIFY(!screen.shows(shows));
-        screen.find(control)->forceActiveFocus(Qt::TabFocusReason);
-        screen.press(Qt::KeypadModifier | Qt::Key_Enter);
-        QVERIFY(screen.shows(shows));
+        for (const auto &[control, shown] : {std::pair(u"popover.workspace"_s, u"popover.workspace.create"_s),
+                                             {u"popover.focus"_s, u"popover.today.empty"_s},
+                                             {u"popover.ask.a1.action.0"_s, u"popover.needsReply.empty"_s}}) {
+            Screen screen(panel, makeSeed({makeChoice(u"a1"_s, u"Ship it?"_s, 5), makeAlert(u"n1"_s, u"Notice"_s, 1)}));
+            QVERIFY(!screen.shows(shown));
+            screen.find(control)->forceActiveFocus(Qt::TabFocusReason);
+            screen.press(Qt::KeypadModifier | Qt::Key_Enter);
+            QVERIFY(screen.shows(shown));
+        }
     }
 
-    void longWordsAreReadBeforeTheyAreAnswered_data()
-    {
-        QTest::addColumn<QString>("component");
-        QTest::addColumn<QString>("prefix");
-        QTest::addColumn<double>("height");
-        QTest::newRow("panel") << panel << u"popover.ask.a1"_s << 24.0;
-        QTest::newRow("detail") << u"RootView"_s << u"detail"_s << 30.0;
-    }
-
+    /// In the panel and in the open alert.
     void longWordsAreReadBeforeTheyAreAnswered()
     {
-        QFETCH(QString, component);
-        QFETCH(QString, prefix);
-        QFETCH(double, height);
         const QString words = u"Delete what nobody has read for ninety days in "_s.repeated(9);
         Alert ask = makeChoice(u"a1"_s, words + u"production?"_s, 5);
         ask.actions = {u"No"_s, words + u"staging"_s, words + u"production"_s};
-        Screen screen(component, makeSeed({ask}));
-        screen.view().resize(screen.view().width(), 1000);
-        screen.store().selectAlert(u"a1"_s);
-        screen.settle();
-        QCOMPARE(screen.name(prefix + u".title"_s), ask.title);
-        QCOMPARE(screen.find(prefix + u".action.0"_s)->height(), height);
-        for (const QString &number : {u"1"_s, u"2"_s}) {
-            const QQuickItem *const button = screen.find(prefix + u".action."_s + number);
-            const QQuickItem *const label = screen.textIn(button->objectName(), ask.actions.at(number.toInt()));
-            QVERIFY(label && !label->property("truncated").toBool());
-            QVERIFY(label->mapToItem(button, {}).y() >= 4 && label->height() + 8 <= button->height());
+        for (const auto &[component, prefix, height] :
+             {std::tuple(panel, u"popover.ask.a1"_s, 24.0), {u"RootView"_s, u"detail"_s, 30.0}}) {
+            Screen screen(component, makeSeed({ask}));
+            screen.view().resize(screen.view().width(), 1000);
+            screen.store().selectAlert(u"a1"_s);
+            QCOMPARE(screen.name(prefix + u".title"_s), ask.title);
+            QCOMPARE(screen.find(prefix + u".action.0"_s)->height(), height);
+            for (const QString &number : {u"1"_s, u"2"_s}) {
+                const QQuickItem *const button = screen.find(prefix + u".action."_s + number);
+                const QQuickItem *const label = screen.textIn(button->objectName(), ask.actions.at(number.toInt()));
+                QVERIFY(label && !label->property("truncated").toBool());
+                QVERIFY(label->mapToItem(button, {}).y() >= 4 && label->height() + 8 <= button->height());
+            }
+            screen.click(prefix + u".action.2"_s);
+            QCOMPARE(screen.store().alertWithID(u"a1"_s)->answer, ask.actions.at(2));
         }
-        screen.click(prefix + u".action.2"_s);
-        QCOMPARE(screen.store().alertWithID(u"a1"_s)->answer, ask.actions.at(2));
     }
 
     void textFromAgentsIsNeverMarkup()
@@ -268,7 +248,6 @@ private slots:
         Screen screen(panel, seed);
         screen.click(u"popover.workspace"_s);
         screen.store().showToast(markup, true);
-        screen.settle();
         for (const QString &identifier : {u"popover.ask.a1.title"_s, u"popover.ask.a1.action.0"_s,
                                           u"popover.workspace"_s, u"popover.workspace.option.w1"_s, u"toast"_s})
             QCOMPARE(screen.name(identifier), markup);

@@ -10,6 +10,7 @@ namespace {
 
 const QString panel = u"PopoverView"_s;
 const QString root = u"RootView"_s;
+const QString firstButton = u"popover.ask.a1.action.0"_s;
 const QJsonArray twoChoices{u"Hold"_s, u"Ship"_s};
 
 QJsonObject choiceJSON(const QString &id, double secondsAgo, const QJsonArray &actions = twoChoices)
@@ -38,12 +39,18 @@ struct Live : StoreFixture
     ~Live() { transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer()); }
 
     [[nodiscard]] QString answer(const QString &id) const { return alert(id).answer.value_or(QString()); }
-    void post(Screen &screen, const QJsonArray &alerts)
-    {
-        refreshWith(dashboardOf(alerts));
-        screen.settle();
-    }
+    void post(const QJsonArray &alerts) { refreshWith(dashboardOf(alerts)); }
 };
+
+/// A finger comes down, or goes up again.
+void touch(Screen &screen, const QPoint &place, bool isDown)
+{
+    static const std::unique_ptr<QPointingDevice> device(QTest::createTouchDevice());
+    if (isDown)
+        QTest::touchEvent(&screen.view(), device.get()).press(1, place);
+    else
+        QTest::touchEvent(&screen.view(), device.get()).release(1, place);
+}
 
 } // namespace
 
@@ -53,124 +60,96 @@ class PressTest : public QObject
     Q_OBJECT
 
 private slots:
-    void whatComesUnderTheRestingPointerWaits_data()
-    {
-        QTest::addColumn<bool>("ownAnswer");
-        QTest::addColumn<bool>("goesAway");
-        QTest::addColumn<int>("milliseconds");
-        QTest::addColumn<bool>("counts");
-        for (const bool ownAnswer : {true, false}) {
-            const char *const what = ownAnswer ? "next card" : "another answer";
-            QTest::addRow("%s, at once", what) << ownAnswer << false << 0 << false;
-            QTest::addRow("%s, just too early", what) << ownAnswer << false << 499 << false;
-            QTest::addRow("%s, seen", what) << ownAnswer << false << 500 << true;
-            QTest::addRow("%s, away and back", what) << ownAnswer << true << 0 << true;
-        }
-    }
-
     void whatComesUnderTheRestingPointerWaits()
     {
-        QFETCH(bool, ownAnswer);
-        QFETCH(bool, goesAway);
-        QFETCH(int, milliseconds);
-        QFETCH(bool, counts);
-        Live live({choiceJSON(u"a1"_s, 10), choiceJSON(u"a2"_s, 20)});
-        Screen screen(panel, *live.store);
-        const QString button = u"popover.ask.a1.action.0"_s;
-        screen.point(button);
-        const QString answered = ownAnswer ? u"a2"_s : u"a1"_s;
-        if (ownAnswer)
-            screen.pressAtPointer();
-        else
-            live.post(screen, {choiceJSON(u"a1"_s, 10, {u"Drop"_s, u"Ship"_s}), choiceJSON(u"a2"_s, 20)});
-        if (goesAway) {
-            screen.pointAway();
-            screen.point(ownAnswer ? u"popover.ask.a2.action.0"_s : button);
-        }
-        screen.pass(std::chrono::milliseconds(milliseconds));
-        screen.pressAtPointer();
-        QCOMPARE(live.answer(answered), !counts ? QString() : ownAnswer ? u"Hold"_s : u"Drop"_s);
-        QCOMPARE(live.answer(u"a1"_s).isEmpty(), !ownAnswer && !counts);
-    }
-
-    void aPressThatHasBegunEndsWithWhatItWasFor_data()
-    {
-        QTest::addColumn<QString>("by");
-        QTest::addColumn<bool>("changes");
-        for (const char *const by : {"pointer", "finger", "Space"}) {
-            QTest::addRow("%s, another answer", by) << QString::fromLatin1(by) << true;
-            QTest::addRow("%s, the same answer", by) << QString::fromLatin1(by) << false;
+        const std::tuple<const char *, bool, int, bool> rows[] = {{"at once", false, 0, false},
+                                                                  {"just too early", false, 499, false},
+                                                                  {"seen", false, 500, true},
+                                                                  {"away and back", true, 0, true}};
+        for (const bool ownAnswer : {true, false}) {
+            for (const auto &[name, goesAway, milliseconds, counts] : rows) {
+                const InRow row((ownAnswer ? "next card, " : "another answer, ") + QByteArray(name));
+                Live live({choiceJSON(u"a1"_s, 10), choiceJSON(u"a2"_s, 20)});
+                Screen screen(panel, *live.store);
+                screen.point(firstButton);
+                const QString answered = ownAnswer ? u"a2"_s : u"a1"_s;
+                if (ownAnswer)
+                    screen.pressAtPointer();
+                else
+                    live.post({choiceJSON(u"a1"_s, 10, {u"Drop"_s, u"Ship"_s}), choiceJSON(u"a2"_s, 20)});
+                if (goesAway) {
+                    screen.pointAway();
+                    screen.point(ownAnswer ? u"popover.ask.a2.action.0"_s : firstButton);
+                }
+                screen.pass(std::chrono::milliseconds(milliseconds));
+                screen.pressAtPointer();
+                QCOMPARE(live.answer(answered), !counts ? QString() : ownAnswer ? u"Hold"_s : u"Drop"_s);
+                QCOMPARE(live.answer(u"a1"_s).isEmpty(), !ownAnswer && !counts);
+            }
         }
     }
 
+    /// By pointer, finger or key; where the answer is still the same, the press counts.
     void aPressThatHasBegunEndsWithWhatItWasFor()
     {
-        QFETCH(QString, by);
-        QFETCH(bool, changes);
-        Live live({choiceJSON(u"a1"_s, 10)});
-        Screen screen(panel, *live.store);
-        const std::unique_ptr<QPointingDevice> device(QTest::createTouchDevice());
-        const QString button = u"popover.ask.a1.action.0"_s;
-        const auto go = [&](bool isDown) {
-            const QPoint place = screen.place(button, {10, 10}).toPoint();
-            if (by == u"Space"_s)
-                QTest::sendKeyEvent(isDown ? QTest::Press : QTest::Release, &screen.view(), Qt::Key_Space, u' ', {});
-            else if (by == u"pointer"_s)
-                QTest::mouseEvent(isDown ? QTest::MousePress : QTest::MouseRelease, &screen.view(), Qt::LeftButton, {},
-                                  place);
-            else if (isDown)
-                QTest::touchEvent(&screen.view(), device.get()).press(1, place);
-            else
-                QTest::touchEvent(&screen.view(), device.get()).release(1, place);
-        };
-        screen.find(button)->forceActiveFocus(Qt::TabFocusReason);
-        screen.pass(500ms);
-        go(true);
-        live.post(screen,
-                  {choiceJSON(u"a1"_s, 10, {changes ? u"Drop"_s : u"Hold"_s, u"Ship"_s}), choiceJSON(u"a2"_s, 5)});
-        go(false);
-        QCOMPARE(live.answer(u"a1"_s), changes ? QString() : u"Hold"_s);
+        for (const QByteArray by : {"pointer", "finger", "Space"}) {
+            for (const QString &answer : {u"Drop"_s, u"Hold"_s}) {
+                const InRow row(by + ", then " + answer.toUtf8());
+                Live live({choiceJSON(u"a1"_s, 10)});
+                Screen screen(panel, *live.store);
+                const auto go = [&](bool isDown) {
+                    const QPoint place = screen.place(firstButton, {10, 10}).toPoint();
+                    if (by == "Space")
+                        QTest::sendKeyEvent(isDown ? QTest::Press : QTest::Release, &screen.view(), Qt::Key_Space, u' ',
+                                            {});
+                    else if (by == "pointer")
+                        QTest::mouseEvent(isDown ? QTest::MousePress : QTest::MouseRelease, &screen.view(),
+                                          Qt::LeftButton, {}, place);
+                    else
+                        touch(screen, place, isDown);
+                };
+                screen.find(firstButton)->forceActiveFocus(Qt::TabFocusReason);
+                screen.pass(500ms);
+                go(true);
+                live.post({choiceJSON(u"a1"_s, 10, {answer, u"Ship"_s}), choiceJSON(u"a2"_s, 5)});
+                go(false);
+                QCOMPARE(live.answer(u"a1"_s), answer == u"Hold" ? answer : QString());
+            }
+        }
     }
 
     void aSpacePressedTooEarlyDoesNothing()
     {
         Live live({choiceJSON(u"a1"_s, 10)});
         Screen screen(panel, *live.store);
-        screen.find(u"popover.ask.a1.action.0"_s)->forceActiveFocus(Qt::TabFocusReason);
+        screen.find(firstButton)->forceActiveFocus(Qt::TabFocusReason);
         screen.pass(500ms);
-        live.post(screen, {choiceJSON(u"a1"_s, 10, {u"Drop"_s, u"Ship"_s})});
+        live.post({choiceJSON(u"a1"_s, 10, {u"Drop"_s, u"Ship"_s})});
         QTest::keyClick(&screen.view(), Qt::Key_Space);
         QCOMPARE(live.answer(u"a1"_s), QString());
     }
 
-    void aFingerWaitsWhereverItComesDown_data()
-    {
-        QTest::addColumn<bool>("wasOpen");
-        QTest::newRow("in an open window") << true;
-        QTest::newRow("there when it opened") << false;
-    }
-
+    /// On what was there when the window opened it counts at once.
     void aFingerWaitsWhereverItComesDown()
     {
-        QFETCH(bool, wasOpen);
-        Live live({choiceJSON(u"a1"_s, 10)});
-        Screen screen(panel, *live.store);
-        const std::unique_ptr<QPointingDevice> device(QTest::createTouchDevice());
-        const auto tap = [&] {
-            const QPoint place = screen.place(u"popover.ask.a2.action.0"_s, {10, 10}).toPoint();
-            QTest::touchEvent(&screen.view(), device.get()).press(1, place);
-            QTest::touchEvent(&screen.view(), device.get()).release(1, place);
-        };
-        screen.view().setVisible(wasOpen);
-        live.refreshWith(dashboardOf({choiceJSON(u"a2"_s, 5), choiceJSON(u"a1"_s, 10)}));
-        screen.view().show();
-        screen.settle();
-        tap();
-        QCOMPARE(live.answer(u"a2"_s), wasOpen ? QString() : u"Hold"_s);
-        screen.pass(500ms);
-        if (wasOpen)
+        for (const bool wasOpen : {true, false}) {
+            Live live({choiceJSON(u"a1"_s, 10)});
+            Screen screen(panel, *live.store);
+            const auto tap = [&] {
+                const QPoint place = screen.place(u"popover.ask.a2.action.0"_s, {10, 10}).toPoint();
+                touch(screen, place, true);
+                touch(screen, place, false);
+            };
+            screen.view().setVisible(wasOpen);
+            live.post({choiceJSON(u"a2"_s, 5), choiceJSON(u"a1"_s, 10)});
+            screen.view().show();
             tap();
-        QCOMPARE(live.answer(u"a2"_s), u"Hold"_s);
+            QCOMPARE(live.answer(u"a2"_s), wasOpen ? QString() : u"Hold"_s);
+            screen.pass(500ms);
+            if (wasOpen)
+                tap();
+            QCOMPARE(live.answer(u"a2"_s), u"Hold"_s);
+        }
     }
 
     void panelStandsStillUnderThePointer()
@@ -182,7 +161,7 @@ private slots:
         screen.point(button);
         const QPointF before = screen.place(button);
         const QJsonArray changed{choiceJSON(u"a3"_s, 5), choiceJSON(u"a2"_s, 20), alertJSON(u"n1"_s, 30)};
-        live.post(screen, changed);
+        live.post(changed);
         // The new ask joins below, the one that is gone keeps its place.
         QCOMPARE(screen.place(button), before);
         QVERIFY(screen.place(u"popover.ask.a3"_s).y() > before.y());
@@ -191,7 +170,7 @@ private slots:
         QVERIFY(!screen.shows(u"popover.ask.a1"_s));
         screen.point(row);
         const QPointF rowBefore = screen.place(row);
-        live.post(screen, {choiceJSON(u"a4"_s, 2), alertJSON(u"n2"_s, 3), alertJSON(u"n1"_s, 30)});
+        live.post({choiceJSON(u"a4"_s, 2), alertJSON(u"n2"_s, 3), alertJSON(u"n1"_s, 30)});
         QCOMPARE(screen.name(u"popover.needsReply.header"_s), u"Needs reply · 1"_s);
         QCOMPARE(screen.place(row), rowBefore);
         screen.pointAway();
@@ -206,12 +185,12 @@ private slots:
         const QString row = u"alert.row.n2"_s;
         screen.rightClick(row, {100, 20});
         const QPointF before = screen.place(row);
-        live.post(screen, {alertJSON(u"n0"_s, 5), alertJSON(u"n1"_s, 10), alertJSON(u"n2"_s, 20)});
+        live.post({alertJSON(u"n0"_s, 5), alertJSON(u"n1"_s, 10), alertJSON(u"n2"_s, 20)});
         QCOMPARE(screen.place(row), before);
         QVERIFY(screen.place(u"alert.row.n0"_s).y() > before.y());
         QVERIFY(screen.shows(row + u".toggleRead"_s));
         // The menu of an alert that is gone goes.
-        live.post(screen, {alertJSON(u"n0"_s, 5), alertJSON(u"n1"_s, 10)});
+        live.post({alertJSON(u"n0"_s, 5), alertJSON(u"n1"_s, 10)});
         QVERIFY(!screen.shows(row + u".toggleRead"_s));
         QCOMPARE(screen.place(row), before);
         QVERIFY(screen.name(row).endsWith(u"Deleted"_s) && !screen.canUse(row));
@@ -220,89 +199,72 @@ private slots:
         QVERIFY(screen.place(u"alert.row.n0"_s).y() < screen.place(u"alert.row.n1"_s).y());
     }
 
-    void keysTypedForALostFieldDoNothing_data()
-    {
-        QTest::addColumn<bool>("isAnswered");
-        QTest::addColumn<QString>("draft");
-        QTest::newRow("the deadline passes") << false << u"eu"_s;
-        QTest::newRow("answered elsewhere") << true << u"eu"_s;
-        QTest::newRow("answered before a word") << true << QString();
-    }
-
     void keysTypedForALostFieldDoNothing()
     {
-        QFETCH(bool, isAnswered);
-        QFETCH(QString, draft);
         const QJsonObject deadline{{u"expiresAt"_s, millisecondsFromInstant(testStart + Seconds(60))},
                                    {u"read"_s, true}};
         const QJsonObject answered{{u"answer"_s, u"us"_s}, {u"read"_s, true}};
-        Live live({textJSON(u"a1"_s, 10, deadline), choiceJSON(u"a2"_s, 20)});
-        live.store->startClock();
-        Screen screen(root, *live.store);
-        screen.click(u"alert.row.a1"_s);
-        screen.press(Qt::Key_R);
-        screen.type(draft);
-        if (isAnswered)
-            live.post(screen, {textJSON(u"a1"_s, 10, answered), choiceJSON(u"a2"_s, 20)});
-        else
-            live.clock->advance(61s);
-        screen.settle();
-        QVERIFY(!screen.shows(u"detail.reply"_s));
-        QCOMPARE(screen.text(u"detail.unsent"_s), draft);
-        screen.press({Qt::Key_U, Qt::Key_2, Qt::Key_Return, Qt::Key_Delete});
-        QVERIFY(!screen.shows(u"inbox.delete.confirm"_s));
-        QVERIFY(live.alert(u"a1"_s).read);
-        QCOMPARE(live.store->selectedAlertID(), u"a1"_s);
-        QCOMPARE(screen.focused(), draft.isEmpty() ? u"detail"_s : u"detail.unsent"_s);
-        screen.press(Qt::Key_Escape);
-        QCOMPARE(screen.focused(), u"alert.row.a1"_s);
-        screen.press(Qt::Key_U);
-        QVERIFY(!live.alert(u"a1"_s).read);
+        const std::tuple<const char *, bool, QString> rows[] = {{"the deadline passes", false, u"eu"_s},
+                                                                {"answered elsewhere", true, u"eu"_s},
+                                                                {"answered before a word", true, {}}};
+        for (const auto &[name, isAnswered, draft] : rows) {
+            const InRow row(name);
+            Live live({textJSON(u"a1"_s, 10, deadline), choiceJSON(u"a2"_s, 20)});
+            live.store->startClock();
+            Screen screen(root, *live.store);
+            screen.click(u"alert.row.a1"_s);
+            screen.press(Qt::Key_R);
+            screen.type(draft);
+            if (isAnswered)
+                live.post({textJSON(u"a1"_s, 10, answered), choiceJSON(u"a2"_s, 20)});
+            else
+                live.clock->advance(61s);
+            QVERIFY(!screen.shows(u"detail.reply"_s));
+            QCOMPARE(screen.text(u"detail.unsent"_s), draft);
+            screen.press({Qt::Key_U, Qt::Key_2, Qt::Key_Return, Qt::Key_Delete});
+            QVERIFY(!screen.shows(u"inbox.delete.confirm"_s));
+            QVERIFY(live.alert(u"a1"_s).read);
+            QCOMPARE(live.store->selectedAlertID(), u"a1"_s);
+            QCOMPARE(screen.focused(), draft.isEmpty() ? u"detail"_s : u"detail.unsent"_s);
+            screen.press(Qt::Key_Escape);
+            QCOMPARE(screen.focused(), u"alert.row.a1"_s);
+            screen.press(Qt::Key_U);
+            QVERIFY(!live.alert(u"a1"_s).read);
+        }
     }
 
-    void digitsAnswerWhatIsInUse_data()
-    {
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<int>("milliseconds");
-        QTest::addColumn<bool>("counts");
-        QTest::newRow("focus in the list") << u"list"_s << 1000 << false;
-        QTest::newRow("focus in the ask") << u"ask"_s << 1000 << true;
-        QTest::newRow("window raised") << u"raised"_s << 499 << false;
-        QTest::newRow("window raised, a moment later") << u"raised"_s << 500 << true;
-        QTest::newRow("window raised, pressed in") << u"pressed"_s << 0 << true;
-        QTest::newRow("ask changed") << u"changed"_s << 499 << false;
-        QTest::newRow("ask changed, a moment later") << u"changed"_s << 500 << true;
-    }
-
+    /// In the open ask, and half a second after it or the window came there, unless the person pressed in the window.
     void digitsAnswerWhatIsInUse()
     {
-        QFETCH(QString, before);
-        QFETCH(int, milliseconds);
-        QFETCH(bool, counts);
-        Live live({choiceJSON(u"a1"_s, 10), choiceJSON(u"a2"_s, 20)});
-        Screen screen(root, *live.store);
-        screen.click(before == u"changed" ? u"alert.row.a1"_s : u"alert.row.a2"_s);
-        if (before != u"list")
-            screen.press(Qt::Key_Return);
-        QQuickView other;
-        if (before == u"raised" || before == u"pressed") {
-            other.show();
-            other.requestActivate();
-            QVERIFY(QTest::qWaitForWindowActive(&other));
-            screen.view().requestActivate();
-            QVERIFY(QTest::qWaitForWindowActive(&screen.view()));
+        const std::tuple<QByteArray, int, bool> rows[] = {
+            {"list", 1000, false}, {"ask", 1000, true},     {"raised", 499, false}, {"raised", 500, true},
+            {"pressed", 0, true},  {"changed", 499, false}, {"changed", 500, true}};
+        for (const auto &[before, milliseconds, counts] : rows) {
+            const InRow row(before + ' ' + QByteArray::number(milliseconds));
+            Live live({choiceJSON(u"a1"_s, 10), choiceJSON(u"a2"_s, 20)});
+            Screen screen(root, *live.store);
+            screen.click(before == "changed" ? u"alert.row.a1"_s : u"alert.row.a2"_s);
+            if (before != "list")
+                screen.press(Qt::Key_Return);
+            QQuickView other;
+            if (before == "raised" || before == "pressed") {
+                other.show();
+                other.requestActivate();
+                QVERIFY(QTest::qWaitForWindowActive(&other));
+                screen.view().requestActivate();
+                QVERIFY(QTest::qWaitForWindowActive(&screen.view()));
+            }
+            if (before == "pressed")
+                QTest::mouseClick(&screen.view(), Qt::LeftButton, {}, {700, 600});
+            if (before == "changed") {
+                screen.store().selectAlert(u"a2"_s);
+                screen.find(u"detail"_s)->forceActiveFocus();
+            }
+            screen.pass(std::chrono::milliseconds(milliseconds));
+            QTest::keyClick(&screen.view(), Qt::Key_1);
+            QCOMPARE(live.answer(u"a2"_s), counts ? u"Hold"_s : QString());
+            QCOMPARE(live.answer(u"a1"_s), QString());
         }
-        if (before == u"pressed")
-            QTest::mouseClick(&screen.view(), Qt::LeftButton, {}, {700, 600});
-        if (before == u"changed") {
-            screen.store().selectAlert(u"a2"_s);
-            screen.settle();
-            screen.find(u"detail"_s)->forceActiveFocus();
-        }
-        screen.pass(std::chrono::milliseconds(milliseconds));
-        QTest::keyClick(&screen.view(), Qt::Key_1);
-        QCOMPARE(live.answer(u"a2"_s), counts ? u"Hold"_s : QString());
-        QCOMPARE(live.answer(u"a1"_s), QString());
     }
 
     void messageCoversNoButton()
@@ -315,10 +277,8 @@ private slots:
         const QString button = u"popover.ask.a8.action.0"_s;
         screen.find(button)->forceActiveFocus(Qt::TabFocusReason);
         live.store->showToast(u"Saved."_s, false);
-        screen.settle();
         screen.find(u"popover.ask.a0.action.0"_s)->forceActiveFocus(Qt::TabFocusReason);
         screen.find(button)->forceActiveFocus(Qt::TabFocusReason);
-        screen.settle();
         QVERIFY(screen.place(button, {0, 24}).y() <= screen.place(u"toast"_s).y());
     }
 

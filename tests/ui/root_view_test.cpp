@@ -48,7 +48,6 @@ private slots:
         QTRY_VERIFY(!screen.shows(u"connection.problem"_s));
 
         live.store->endSession(u"Signed out\nelsewhere."_s);
-        screen.settle();
         QVERIFY(screen.shows(u"signin.github"_s));
         QCOMPARE(screen.name(u"signin.error"_s), u"Signed out elsewhere."_s);
     }
@@ -61,7 +60,6 @@ private slots:
         const QByteArray hostile = "Not \\u202Eyet\\u0007, " + QByteArray(100'000, 'x');
         live.refreshWith(ScriptedAnswer::failure(500, {}, hostile));
         live.store->showToast(QString::fromUtf8(hostile), true);
-        screen.settle();
         for (const QString &identifier : {u"connection.problem"_s, u"toast"_s}) {
             QVERIFY(screen.name(identifier).startsWith(u"Not"_s));
             QVERIFY(screen.name(identifier).size() < 400 && !screen.name(identifier).contains(QChar(0x202E)));
@@ -81,7 +79,6 @@ private slots:
         QCOMPARE(screen.store().activeWorkspace()->name, u"Research"_s);
 
         screen.store().setIsCreatingWorkspace(true);
-        screen.settle();
         QCOMPARE(screen.drawnOver().join(u" | "),
                  u"*New team workspace | Share alerts with your team. You'll be its owner."
                  " | *Name | Platform team | Cancel | Create"_s);
@@ -103,7 +100,6 @@ private slots:
         screen.type(u"So"_s);
         store.revealAlert(second);
         store.requestReply(second);
-        screen.settle();
         screen.type(u"Soon"_s);
         QCOMPARE(store.replyDraft(first), u"So"_s);
         QCOMPARE(store.replyDraft(second), u"Soon"_s);

@@ -144,10 +144,16 @@ void Screen::load(const QString &component, const QVariantMap &properties)
     settle();
 }
 
+QQuickItem *Screen::settledContent() const
+{
+    settle();
+    return m_view->contentItem();
+}
+
 QQuickItem *Screen::find(const QString &identifier) const
 {
     QQuickItem *found = nullptr;
-    visit(m_view->contentItem(), [&](QQuickItem *item) {
+    visit(settledContent(), [&](QQuickItem *item) {
         if (!found && item->objectName() == identifier)
             found = item;
     });
@@ -185,7 +191,7 @@ QStringList Screen::drawn(const QString &identifier) const
 QStringList Screen::drawnOver() const
 {
     QStringList parts;
-    visit(m_view->contentItem(), [&parts](QQuickItem *item) {
+    visit(settledContent(), [&parts](QQuickItem *item) {
         if (item->inherits("QQuickOverlay"))
             parts << drawnIn(item);
     });
@@ -221,7 +227,7 @@ int Screen::count(const QString &pattern) const
 {
     const QRegularExpression expression(QRegularExpression::anchoredPattern(pattern));
     int count = 0;
-    visit(m_view->contentItem(), [&](QQuickItem *item) {
+    visit(settledContent(), [&](QQuickItem *item) {
         if (expression.match(item->objectName()).hasMatch())
             ++count;
     });
@@ -230,7 +236,6 @@ int Screen::count(const QString &pattern) const
 
 void Screen::click(const QString &identifier)
 {
-    settle();
     pass(aWhile);
     point(identifier);
     pressAtPointer();
@@ -238,7 +243,7 @@ void Screen::click(const QString &identifier)
 
 void Screen::pressAtPointer()
 {
-    QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, m_pointer);
+    QTest::mouseClick(&view(), Qt::LeftButton, {}, m_pointer);
     settle();
 }
 
@@ -282,7 +287,7 @@ void Screen::rightClick(const QString &identifier, const QPointF &within)
 void Screen::type(const QString &text)
 {
     for (const QChar character : text)
-        QTest::sendKeyEvent(QTest::Click, m_view.get(), Qt::Key_unknown, QString(character), {});
+        QTest::sendKeyEvent(QTest::Click, &view(), Qt::Key_unknown, QString(character), {});
     settle();
 }
 
@@ -301,11 +306,12 @@ void Screen::press(const QList<QKeyCombination> &keys)
 
 QString Screen::focused() const
 {
+    settle();
     const QQuickItem *const item = m_view->activeFocusItem();
     return item ? item->objectName() : QString();
 }
 
-void Screen::settle()
+void Screen::settle() const
 {
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();

@@ -39,7 +39,8 @@ inline constexpr Instant dayEnd{Seconds(1'800'000'000)};
 /// A team workspace "w1" in which the person has `role`, and a personal one, "w2".
 [[nodiscard]] SeedData makeSeed(const QList<Alert> &alerts, WorkspaceRole role = WorkspaceRole::member);
 
-/// A screen in a window of its own, with a store without a service.
+/// A screen in a window of its own, with a store without a service. Before anything is looked at or pressed, all that
+/// was asked for so far happens.
 class Screen
 {
 public:
@@ -48,7 +49,11 @@ public:
     Screen(const QString &component, AppStore &store, const QVariantMap &properties = {});
 
     [[nodiscard]] AppStore &store() { return *m_store; }
-    [[nodiscard]] QQuickView &view() { return *m_view; }
+    [[nodiscard]] QQuickView &view()
+    {
+        settle();
+        return *m_view;
+    }
     [[nodiscard]] FixedAppearance &appearance() { return m_appearance; }
 
     /// The visible element with that identifier; null when there is none.
@@ -85,13 +90,18 @@ public:
     void point(const QString &identifier);
     void pointAway();
     /// Lets time go by for what has just come under the pointer or the keyboard.
-    void pass(std::chrono::milliseconds time) { m_now += time; }
+    void pass(std::chrono::milliseconds time)
+    {
+        settle();
+        m_now += time;
+    }
     /// The element that has the keyboard's focus; empty when none does.
     [[nodiscard]] QString focused() const;
     /// Lets everything asked for so far happen, drawing included.
-    void settle();
+    void settle() const;
 
 private:
+    [[nodiscard]] QQuickItem *settledContent() const;
     void moveTo(QPoint place);
     void load(const QString &component, const QVariantMap &properties);
 

@@ -25,20 +25,15 @@ const QString openAtLogin = u"settings.openAtLogin"_s;
 struct SettingsScreen : Screen
 {
     explicit SettingsScreen(const SeedData &seed, const QVariantMap &properties = {})
-        : Screen(u"SettingsView"_s, seed, true, tall(properties))
+        : Screen(u"SettingsView"_s, seed, true, properties)
     {
+        view().resize(640, 1800);
     }
 
     explicit SettingsScreen(const StoreFixture &live)
-        : Screen(u"SettingsView"_s, *live.store, tall({}))
+        : Screen(u"SettingsView"_s, *live.store)
     {
-    }
-
-    static QVariantMap tall(QVariantMap properties)
-    {
-        properties.insert(u"width"_s, 640);
-        properties.insert(u"height"_s, 1800);
-        return properties;
+        view().resize(640, 1800);
     }
 };
 
@@ -65,11 +60,10 @@ private slots:
                                   R"({"name":"Ada","email":"ada@x.test","provider":"github","plan":"Solo"})");
         live.preferences->setBoolean(preference_keys::quietHoursEnabled, true);
         DashboardJSON dashboard;
-        dashboard.devices << QJsonObject{{u"id"_s, u"d"_s},
-                                         {u"name"_s, u"Phone"_s},
-                                         {u"platform"_s, u"ios"_s},
-                                         {u"version"_s, u"1.2"_s},
-                                         {u"lastSeen"_s, millisecondsFromInstant(testStart)}};
+        QJsonObject phone{
+            {u"id"_s, u"d"_s}, {u"name"_s, u"Phone"_s}, {u"platform"_s, u"ios"_s}, {u"version"_s, u"1.2"_s}};
+        phone[u"lastSeen"_s] = millisecondsFromInstant(testStart);
+        dashboard.devices << phone;
         live.startWith(dashboard);
         SettingsScreen screen(live);
         QCOMPARE(screen.drawn(u"settings.scroll"_s).join(u" | "),
@@ -90,69 +84,45 @@ private slots:
         QCOMPARE(screen.value(u"settings.server.updated"_s), u"3m ago"_s);
     }
 
-    void responseTime_data()
+    void responseTime()
     {
-        QTest::addColumn<WorkspaceRole>("role");
-        QTest::addColumn<WorkspaceKind>("kind");
-        QTest::addColumn<TimeoutAction>("stored");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<QString>("detail");
-        QTest::addColumn<int>("choices");
         using enum WorkspaceRole;
+        using enum TimeoutAction;
         const auto team = WorkspaceKind::team;
-        const auto escalate = TimeoutAction::escalate;
         const QString told = u"The agent is told nobody answered and decides what to do."_s;
         const QString sent = u"Re-sent to every admin in the workspace with the same time limit."_s;
         const QString first = u"The agent gets the first (safest) button, e.g. “Deny”."_s;
-        QTest::newRow("owner") << owner << team << TimeoutAction::expire << u"Expire"_s << told << 3;
-        QTest::newRow("admin") << admin << team << escalate << u"Escalate to team"_s << sent << 3;
-        QTest::newRow("member") << member << team << escalate << u"Escalate to team"_s << sent << 0;
-        QTest::newRow("viewer") << viewer << team << TimeoutAction::default_ << u"Use first option"_s << first << 0;
-        QTest::newRow("personal") << owner << WorkspaceKind::personal << escalate << u"Expire"_s << told << 2;
-    }
-
-    void responseTime()
-    {
-        QFETCH(WorkspaceRole, role);
-        QFETCH(WorkspaceKind, kind);
-        QFETCH(TimeoutAction, stored);
-        QFETCH(int, choices);
-        SeedData seed = makeSeed({}, role);
-        seed.workspaces[0].kind = kind;
-        seed.workspaces[0].timeoutAction = stored;
-        SettingsScreen screen(seed);
-        QCOMPARE(screen.value(u"settings.workspace"_s), u"Platform"_s);
-        QTEST(screen.value(action), "shown");
-        QTEST(screen.name(u"settings.timeoutAction.detail"_s), "detail");
-        QCOMPARE(screen.canUse(timeout), choices > 0);
-        QCOMPARE(screen.name(u"settings.responseTime.locked"_s),
-                 choices > 0 ? QString() : u"Only owners and admins can change this."_s);
-        screen.click(action);
-        QCOMPARE(screen.count(action + u"\\.(expire|default|escalate)"_s), choices);
-    }
-
-    void choosing_data()
-    {
-        QTest::addColumn<QString>("control");
-        QTest::addColumn<QString>("choice");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("timeout") << timeout << u"240"_s << u"4 hours"_s;
-        QTest::newRow("action") << action << u"default"_s << u"Use first option"_s;
-        QTest::newRow("from") << quietFrom << u"21:00"_s << u"21:00"_s;
-        QTest::newRow("to") << quietTo << u"08:00"_s << u"08:00"_s;
-        QTest::newRow("digest") << u"settings.digest"_s << u""_s << u"off"_s;
-        QTest::newRow("sound") << u"settings.sound"_s << u""_s << u"off"_s;
+        const std::tuple<WorkspaceRole, WorkspaceKind, TimeoutAction, QString, QString, int> rows[] = {
+            {owner, team, expire, u"Expire"_s, told, 3},
+            {admin, team, escalate, u"Escalate to team"_s, sent, 3},
+            {member, team, escalate, u"Escalate to team"_s, sent, 0},
+            {viewer, team, default_, u"Use first option"_s, first, 0},
+            {owner, WorkspaceKind::personal, escalate, u"Expire"_s, told, 2}};
+        for (const auto &[role, kind, stored, shown, detail, choices] : rows) {
+            const InRow row(rawValue(role).data());
+            SeedData seed = makeSeed({}, role);
+            seed.workspaces[0].kind = kind;
+            seed.workspaces[0].timeoutAction = stored;
+            SettingsScreen screen(seed);
+            QCOMPARE(screen.value(u"settings.workspace"_s), u"Platform"_s);
+            QCOMPARE(screen.value(action), shown);
+            QCOMPARE(screen.name(u"settings.timeoutAction.detail"_s), detail);
+            QCOMPARE(screen.canUse(timeout), choices > 0);
+            QCOMPARE(screen.name(u"settings.responseTime.locked"_s),
+                     choices > 0 ? QString() : u"Only owners and admins can change this."_s);
+            screen.click(action);
+            QCOMPARE(screen.count(action + u"\\.(expire|default|escalate)"_s), choices);
+        }
     }
 
     void choosing()
     {
-        QFETCH(QString, control);
-        QFETCH(QString, choice);
-        QFETCH(QString, shown);
         SeedData seed = makeSeed({}, WorkspaceRole::owner);
         seed.settings.quietHoursEnabled = true;
         SettingsScreen screen(seed);
         const QStringList controls{timeout, action, quietFrom, quietTo, u"settings.digest"_s, u"settings.sound"_s};
+        const QStringList choices{u"240"_s, u"default"_s, u"21:00"_s, u"08:00"_s, {}, {}};
+        const QStringList shown{u"4 hours"_s, u"Use first option"_s, u"21:00"_s, u"08:00"_s, u"off"_s, u"off"_s};
         const auto values = [&] {
             QStringList all;
             for (const QString &each : controls)
@@ -160,90 +130,77 @@ private slots:
             return all;
         };
         QStringList expected = values();
-        screen.click(control);
-        if (!choice.isEmpty())
-            screen.click(control + u'.' + choice);
-        expected[controls.indexOf(control)] = shown;
-        QCOMPARE(values(), expected);
+        for (qsizetype index = 0; index < controls.size(); ++index) {
+            screen.click(controls.at(index));
+            if (!choices.at(index).isEmpty())
+                screen.click(controls.at(index) + u'.' + choices.at(index));
+            expected[index] = shown.at(index);
+            QCOMPARE(values(), expected);
+        }
         screen.click(u"settings.quietHours"_s);
         QVERIFY(!screen.shows(quietFrom) && !screen.shows(quietTo));
     }
 
-    void unusualValueStandsInOrder_data()
-    {
-        QTest::addColumn<int>("minutes");
-        QTest::addColumn<QString>("timeouts");
-        QTest::addColumn<QString>("from");
-        QTest::addColumn<int>("place");
-        QTest::addColumn<QString>("words");
-        QTest::newRow("usual") << 60 << u"5 15 30 60 240 1440"_s << u"22:00"_s << 22 << u"1 hour"_s;
-        QTest::newRow("between") << 90 << u"5 15 30 60 90 240 1440"_s << u"22:30"_s << 23 << u"1 hour 30 minutes"_s;
-        QTest::newRow("before all") << 1 << u"1 5 15 30 60 240 1440"_s << u"0:15"_s << 1 << u"1 minute"_s;
-        QTest::newRow("after all") << 1981 << u"5 15 30 60 240 1440 1981"_s << u"23:59"_s << 24
-                                   << u"33 hours 1 minute"_s;
-        QTest::newRow("no time") << 120 << u"5 15 30 60 120 240 1440"_s << u"late"_s << 24 << u"2 hours"_s;
-        QTest::newRow("none") << 60 << u"5 15 30 60 240 1440"_s << u""_s << -1 << u"1 hour"_s;
-    }
-
+    /// The minutes and the choices of minutes, the hour and its place among the hours, and the minutes in words.
     void unusualValueStandsInOrder()
     {
-        QFETCH(int, minutes);
-        QFETCH(QString, from);
-        SeedData seed = makeSeed({}, WorkspaceRole::owner);
-        seed.workspaces[0].responseTimeoutMinutes = minutes;
-        seed.settings.quietHoursEnabled = true;
-        seed.settings.quietFrom = from;
-        SettingsScreen screen(seed);
-        QTEST(screen.value(timeout), "words");
-        QTEST(responseTimeFacts(screen.store()).timeouts.values.join(u' '), "timeouts");
-        const Choices hours = notificationFacts(screen.store()).quietFromChoices;
-        QTEST(int(hours.values.indexOf(from)), "place");
-        QCOMPARE(hours.labels, hours.values);
-        // The menu opens at the value that holds; once another is chosen, the unusual one is a choice no more.
-        const QString entry = timeout + u'.' + QString::number(minutes);
-        screen.click(timeout);
-        QCOMPARE(screen.focused(), entry);
-        screen.click(timeout + u".30"_s);
-        QCOMPARE(screen.value(timeout), u"30 minutes"_s);
-        screen.click(timeout);
-        QCOMPARE(screen.shows(entry), minutes == 60);
+        const std::tuple<int, QString, QString, int, QString> rows[] = {
+            {60, u"5 15 30 60 240 1440"_s, u"22:00"_s, 22, u"1 hour"_s},
+            {90, u"5 15 30 60 90 240 1440"_s, u"22:30"_s, 23, u"1 hour 30 minutes"_s},
+            {1, u"1 5 15 30 60 240 1440"_s, u"0:15"_s, 1, u"1 minute"_s},
+            {1981, u"5 15 30 60 240 1440 1981"_s, u"23:59"_s, 24, u"33 hours 1 minute"_s},
+            {120, u"5 15 30 60 120 240 1440"_s, u"late"_s, 24, u"2 hours"_s},
+            {60, u"5 15 30 60 240 1440"_s, u""_s, -1, u"1 hour"_s}};
+        for (const auto &[minutes, timeouts, from, place, words] : rows) {
+            SeedData seed = makeSeed({}, WorkspaceRole::owner);
+            seed.workspaces[0].responseTimeoutMinutes = minutes;
+            seed.settings.quietHoursEnabled = true;
+            seed.settings.quietFrom = from;
+            SettingsScreen screen(seed);
+            QCOMPARE(screen.value(timeout), words);
+            QCOMPARE(responseTimeFacts(screen.store()).timeouts.values.join(u' '), timeouts);
+            const Choices hours = notificationFacts(screen.store()).quietFromChoices;
+            QCOMPARE(hours.values.indexOf(from), place);
+            QCOMPARE(hours.labels, hours.values);
+            // The menu opens at the value that holds; once another is chosen, the unusual one is a choice no more.
+            const QString entry = timeout + u'.' + QString::number(minutes);
+            screen.click(timeout);
+            QCOMPARE(screen.focused(), entry);
+            screen.click(timeout + u".30"_s);
+            QCOMPARE(screen.value(timeout), u"30 minutes"_s);
+            screen.click(timeout);
+            QCOMPARE(screen.shows(entry), minutes == 60);
+        }
     }
 
-    void permission_data()
+    void permissions()
     {
-        QTest::addColumn<AuthorizationStatus>("status");
-        QTest::addColumn<bool>("hasSettings");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("requests");
-        QTest::addColumn<int>("opened");
-        QTest::newRow("allowed") << AuthorizationStatus::authorized << true << u"Allowed"_s << 0 << 0;
-        QTest::newRow("not asked") << AuthorizationStatus::notDetermined << true << u"Allow notifications"_s << 1 << 0;
-        QTest::newRow("denied") << AuthorizationStatus::denied << true << u"Turn on in System Settings…"_s << 0 << 1;
-        QTest::newRow("denied for good") << AuthorizationStatus::denied << false << u"Not allowed"_s << 0 << 0;
-    }
-
-    void permission()
-    {
-        QFETCH(AuthorizationStatus, status);
-        QFETCH(bool, hasSettings);
-        const auto center = std::make_shared<FakeNotificationCenter>();
-        center->status = status;
-        center->hasSettings = hasSettings;
-        NotificationAccess access(center);
-        SettingsScreen screen(makeSeed({}), {{u"notifications"_s, QVariant::fromValue(&access)}});
-        QTEST(screen.name(::permission), "text");
-        QCOMPARE(screen.name(u"settings.thisMac.footer"_s),
-                 status == AuthorizationStatus::denied
-                     ? u"macOS is blocking Pingwell's notifications, so agents can't reach you on this Mac."_s
-                     : u"Alerts arrive as macOS notifications while Pingwell is running in the menu bar."_s);
-        screen.click(::permission);
-        QTEST(center->requests, "requests");
-        QTEST(center->settingsOpened, "opened");
-        center->status = AuthorizationStatus::authorized;
-        screen.view().rootObject()->setVisible(false);
-        screen.view().rootObject()->setVisible(true);
-        screen.settle();
-        QCOMPARE(screen.name(::permission), u"Allowed"_s);
+        using enum AuthorizationStatus;
+        const std::tuple<AuthorizationStatus, bool, QString, int, int> rows[] = {
+            {authorized, true, u"Allowed"_s, 0, 0},
+            {notDetermined, true, u"Allow notifications"_s, 1, 0},
+            {denied, true, u"Turn on in System Settings…"_s, 0, 1},
+            {denied, false, u"Not allowed"_s, 0, 0}};
+        for (const auto &[status, hasSettings, text, requests, opened] : rows) {
+            const InRow row(text.toUtf8());
+            const auto center = std::make_shared<FakeNotificationCenter>();
+            center->status = status;
+            center->hasSettings = hasSettings;
+            NotificationAccess access(center);
+            SettingsScreen screen(makeSeed({}), {{u"notifications"_s, QVariant::fromValue(&access)}});
+            QCOMPARE(screen.name(permission), text);
+            QCOMPARE(screen.name(u"settings.thisMac.footer"_s),
+                     status == denied
+                         ? u"macOS is blocking Pingwell's notifications, so agents can't reach you on this Mac."_s
+                         : u"Alerts arrive as macOS notifications while Pingwell is running in the menu bar."_s);
+            screen.click(permission);
+            QCOMPARE(center->requests, requests);
+            QCOMPARE(center->settingsOpened, opened);
+            center->status = authorized;
+            screen.view().rootObject()->setVisible(false);
+            screen.view().rootObject()->setVisible(true);
+            QCOMPARE(screen.name(permission), u"Allowed"_s);
+        }
     }
 
     void openingAtLogin()
@@ -262,7 +219,6 @@ private slots:
         QVERIFY(!screen.shows(u"settings.loginItem.allow"_s));
         item->current = LoginItemStatus::requiresApproval;
         access.refresh();
-        screen.settle();
         QCOMPARE(screen.value(openAtLogin), u"off"_s);
         screen.click(u"settings.loginItem.allow"_s);
         QCOMPARE(item->settingsOpened, 1);
@@ -271,7 +227,7 @@ private slots:
     void withoutADesktop()
     {
         const SettingsScreen screen(makeSeed({}));
-        QVERIFY(screen.shows(::permission) && !screen.canUse(::permission));
+        QVERIFY(screen.shows(permission) && !screen.canUse(permission));
         QVERIFY(screen.shows(openAtLogin) && !screen.canUse(openAtLogin));
     }
 

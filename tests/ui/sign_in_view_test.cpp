@@ -59,28 +59,21 @@ private slots:
         m.reset();
     }
 
-    void offersWhatTheServerOffers_data()
-    {
-        QTest::addColumn<QByteArray>("offered");
-        QTest::addColumn<QStringList>("shown");
-        QTest::newRow("nothing") << QByteArray("[]") << QStringList();
-        QTest::newRow("one") << QByteArray(R"(["github"])") << QStringList{github};
-        QTest::newRow("both, in our order") << QByteArray(R"(["github","google"])") << QStringList{google, github};
-    }
-
     void offersWhatTheServerOffers()
     {
-        QFETCH(QByteArray, offered);
-        QFETCH(QStringList, shown);
-        m->transport->always("GET", "/auth/providers", ScriptedAnswer::data(R"({"providers":)" + offered + "}"));
-        const Screen &screen = show();
-        QTRY_COMPARE(screen.count(u"signin\\.(google|github)"_s), int(shown.size()));
-        double above = screen.place(u"signin.title"_s).y();
-        for (const QString &button : shown) {
-            QVERIFY(screen.place(button).y() > above);
-            above = screen.place(button).y();
+        for (const auto &[offered, shown] : {std::pair(QByteArray("[]"), QStringList()),
+                                             {R"(["github"])", {github}},
+                                             {R"(["github","google"])", {google, github}}}) {
+            m->transport->always("GET", "/auth/providers", ScriptedAnswer::data(R"({"providers":)" + offered + "}"));
+            const Screen &screen = show();
+            QTRY_COMPARE(screen.count(u"signin\\.(google|github)"_s), int(shown.size()));
+            double above = screen.place(u"signin.title"_s).y();
+            for (const QString &button : shown) {
+                QVERIFY(screen.place(button).y() > above);
+                above = screen.place(button).y();
+            }
+            QVERIFY(screen.shows(cloud));
         }
-        QVERIFY(screen.shows(cloud));
     }
 
     void signInCanBeCancelledAndItsLinkCopied()
@@ -98,7 +91,6 @@ private slots:
 
         screen.click(u"signin.cancel"_s);
         QTRY_VERIFY(!screen.store().isSigningIn());
-        screen.settle();
         QVERIFY(!screen.shows(u"signin.progress"_s) && !screen.shows(u"signin.error"_s));
         QVERIFY(screen.canUse(google));
     }
@@ -173,10 +165,8 @@ private slots:
         m->store->persistSession(u"token"_s, QUrl(u"https://alerts.example.org:8443"_s),
                                  demoAccount(AuthProvider::google));
         m->refreshWith(DashboardJSON());
-        screen.settle();
         QVERIFY(name().endsWith(u", Pingwell Cloud, alerts.example.org:8443"_s));
         m->store->setSection(SidebarSection::settings);
-        screen.settle();
         QCOMPARE(screen.value(u"settings.server.name"_s), u"Pingwell Cloud"_s);
         QCOMPARE(screen.value(u"settings.server.host"_s), u"alerts.example.org:8443"_s);
         QCOMPARE(panel.name(u"popover.server"_s), u"alerts.example.org:8443"_s);
@@ -185,7 +175,6 @@ private slots:
         m->store->endSession({});
         m->store->persistSession(u"token"_s, APIClient::defaultBaseURL(), demoAccount(AuthProvider::google));
         m->refreshWith(DashboardJSON());
-        screen.settle();
         QVERIFY(name().endsWith(u", Pingwell Cloud"_s));
     }
 };

@@ -72,43 +72,35 @@ class TeamTest : public QObject
     Q_OBJECT
 
 private slots:
-    void whoSeesWhat_data()
+    void whoSeesWhat()
     {
-        QTest::addColumn<WorkspaceRole>("role");
-        QTest::addColumn<QString>("workspace");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<QString>("leave");
-        QTest::addColumn<QString>("question");
+        using enum WorkspaceRole;
         const QString team = u"w1"_s;
         const QString all = u"invite menu list leave member.own.menu member.ann.menu member.new.menu"_s;
         const QString leave = u"Leave workspace…"_s;
         const QString leaves =
             u"*Leave Platform? | You'll stop getting its alerts. An admin can invite you again. | Cancel | Leave"_s;
-        QTest::newRow("owner") << WorkspaceRole::owner << team << all << u"Delete workspace…"_s
-                               << u"*Delete Platform? | You own this workspace. Deleting it removes its alerts, topics "
-                                  "and API keys for every member. | Cancel | Delete for everyone"_s;
-        QTest::newRow("admin") << WorkspaceRole::admin << team << all << leave << leaves;
-        QTest::newRow("member") << WorkspaceRole::member << team << u"(invite) locked list leave"_s << leave << leaves;
-        QTest::newRow("viewer") << WorkspaceRole::viewer << team << u"locked list leave"_s << leave << leaves;
-        QTest::newRow("personal") << WorkspaceRole::owner << u"w2"_s << u"empty"_s << QString() << QString();
-    }
-
-    void whoSeesWhat()
-    {
-        QFETCH(WorkspaceRole, role);
-        QFETCH(QString, workspace);
-        TeamScreen screen(teamSeed(role));
-        screen.store().selectWorkspace(workspace);
-        screen.settle();
+        const QString deletes = u"*Delete Platform? | You own this workspace. Deleting it removes its alerts, topics "
+                                "and API keys for every member. | Cancel | Delete for everyone"_s;
         const QStringList names{u"invite"_s,          u"menu"_s,           u"locked"_s,          u"list"_s,
                                 u"empty"_s,           u"leave"_s,          u"member.you.menu"_s, u"member.own.menu"_s,
                                 u"member.ann.menu"_s, u"member.new.menu"_s};
-        QTEST(screen.shown(u"team."_s, names), "shown");
-        QTEST(screen.name(u"team.leave"_s), "leave");
-        QCOMPARE(screen.name(u"team.subtitle"_s), workspace == u"w1"_s ? u"4 members · 1 pending"_s : u"1 member"_s);
-        if (screen.shows(u"team.leave"_s))
-            screen.click(u"team.leave"_s);
-        QTEST(screen.drawnOver().join(u" | "), "question");
+        const std::tuple<WorkspaceRole, QString, QString, QString, QString> rows[] = {
+            {owner, team, all, u"Delete workspace…"_s, deletes},
+            {admin, team, all, leave, leaves},
+            {member, team, u"(invite) locked list leave"_s, leave, leaves},
+            {viewer, team, u"locked list leave"_s, leave, leaves},
+            {owner, u"w2"_s, u"empty"_s, {}, {}}};
+        for (const auto &[role, workspace, shown, button, question] : rows) {
+            TeamScreen screen(teamSeed(role));
+            screen.store().selectWorkspace(workspace);
+            QCOMPARE(screen.shown(u"team."_s, names), shown);
+            QCOMPARE(screen.name(u"team.leave"_s), button);
+            QCOMPARE(screen.name(u"team.subtitle"_s), workspace == team ? u"4 members · 1 pending"_s : u"1 member"_s);
+            if (screen.shows(u"team.leave"_s))
+                screen.click(u"team.leave"_s);
+            QCOMPARE(screen.drawnOver().join(u" | "), question);
+        }
     }
 
     void initials()
@@ -120,33 +112,24 @@ private slots:
         QCOMPARE(initialsOf(u" "_s), u"?"_s);
     }
 
-    void menuOffersWhatMayBeDone_data()
-    {
-        QTest::addColumn<QString>("member");
-        QTest::addColumn<QString>("entries");
-        QTest::addColumn<QString>("roles");
-        QTest::addColumn<QString>("current");
-        QTest::newRow("active") << u"team.member.ann"_s << u"changeRole remove"_s << u"(owner) admin member viewer"_s
-                                << u"member"_s;
-        QTest::newRow("owner") << u"team.member.own"_s << u"changeRole (remove)"_s
-                               << u"owner (admin) (member) (viewer)"_s << u"owner"_s;
-        QTest::newRow("invited") << u"team.member.new"_s << u"resend revoke"_s << u""_s << QString();
-    }
-
     void menuOffersWhatMayBeDone()
     {
-        QFETCH(QString, member);
-        QFETCH(QString, current);
-        TeamScreen screen(teamSeed(WorkspaceRole::admin));
-        screen.click(member + u".menu"_s);
-        QTEST(screen.shown(member + u'.', {u"changeRole"_s, u"remove"_s, u"resend"_s, u"revoke"_s}), "entries");
-        screen.press({Qt::Key_Down, Qt::Key_Right});
-        const QString prefix = member + u".role."_s;
-        const QStringList roles{u"owner"_s, u"admin"_s, u"member"_s, u"viewer"_s};
-        QTRY_VERIFY(current.isEmpty() || screen.shows(prefix + current));
-        QTEST(screen.shown(prefix, roles), "roles");
-        for (const QString &role : roles)
-            QCOMPARE(screen.value(prefix + role) == u"selected"_s, role == current);
+        const std::tuple<QString, QString, QString, QString> rows[] = {
+            {u"team.member.ann"_s, u"changeRole remove"_s, u"(owner) admin member viewer"_s, u"member"_s},
+            {u"team.member.own"_s, u"changeRole (remove)"_s, u"owner (admin) (member) (viewer)"_s, u"owner"_s},
+            {u"team.member.new"_s, u"resend revoke"_s, {}, {}}};
+        for (const auto &[member, entries, offered, current] : rows) {
+            TeamScreen screen(teamSeed(WorkspaceRole::admin));
+            screen.click(member + u".menu"_s);
+            QCOMPARE(screen.shown(member + u'.', {u"changeRole"_s, u"remove"_s, u"resend"_s, u"revoke"_s}), entries);
+            screen.press({Qt::Key_Down, Qt::Key_Right});
+            const QString prefix = member + u".role."_s;
+            const QStringList roles{u"owner"_s, u"admin"_s, u"member"_s, u"viewer"_s};
+            QTRY_VERIFY(current.isEmpty() || screen.shows(prefix + current));
+            QCOMPARE(screen.shown(prefix, roles), offered);
+            for (const QString &role : roles)
+                QCOMPARE(screen.value(prefix + role) == u"selected"_s, role == current);
+        }
     }
 
     void menuDoesIt()
@@ -196,7 +179,6 @@ private slots:
         QCOMPARE(screen.shown(provisional, entries), u"(.resend) (.revoke)"_s);
         live.transport->release();
         live.settle();
-        screen.settle();
         QTRY_VERIFY(!screen.shows(provisional + u".resend"_s));
         screen.click(u"team.member.m9.menu"_s);
         QCOMPARE(screen.shown(u"team.member.m9"_s, entries), u".resend .revoke"_s);
@@ -265,7 +247,6 @@ private slots:
         // What is asked about one workspace is not answered for another.
         screen.click(u"team.leave"_s);
         screen.store().selectWorkspace(u"w2"_s);
-        screen.settle();
         QVERIFY(!screen.shows(u"team.leave.confirm"_s));
 
         screen.store().selectWorkspace(u"w1"_s);
@@ -302,7 +283,6 @@ private slots:
         TeamScreen screen(seed);
         screen.tabToTheList();
         screen.press(Qt::Key_End);
-        screen.settle();
         QCOMPARE(screen.focused(), u"team.member.m499"_s);
         QVERIFY(screen.place(u"team.member.m499"_s, {0, 52}).y() <= 600);
         QVERIFY(screen.count(u"team\\.member\\.[^.]+"_s) < 60 && !screen.shows(u"team.member.m400"_s));

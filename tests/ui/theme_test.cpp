@@ -69,39 +69,31 @@ private slots:
         QVERIFY2(m_view, qPrintable(component.errorString()));
     }
 
-    void contrast_data()
-    {
-        QTest::addColumn<QString>("inks");
-        QTest::addColumn<QString>("grounds");
-        QTest::addColumn<double>("atLeast");
-        QTest::newRow("text") << u"textPrimary textSecondary textReading"_s
-                              << u"window sidebar panel card field raised selection controlFill"_s << 4.5;
-        QTest::newRow("what happened") << u"accent answered timedOut danger"_s << u"window panel card field selection"_s
-                                       << 4.5;
-        QTest::newRow("warning") << u"timedOut textPrimary"_s << u"warningFill"_s << 4.5;
-        QTest::newRow("danger in a sheet") << u"danger"_s << u"raised"_s << 4.5;
-        QTest::newRow("button") << u"textOnAccent"_s << u"accentFill accentFillHover accentFillPressed"_s << 4.5;
-        QTest::newRow("selected text") << u"textPrimary"_s << u"textSelection"_s << 4.5;
-        QTest::newRow("aside") << u"textTertiary"_s << u"window sidebar panel card field raised selection"_s << 3.0;
-        QTest::newRow("focus") << u"focusRing"_s << u"window sidebar panel card raised"_s << 3.0;
-        QTest::newRow("priority") << u"priorityText"_s << u"priorityFill"_s << 4.5;
-        QTest::newRow("priority's dot") << u"priorityDot"_s << u"card"_s << 2.5;
-    }
-
     void contrast()
     {
-        QFETCH(QString, inks);
-        QFETCH(QString, grounds);
-        QFETCH(double, atLeast);
+        const std::tuple<QString, QString, double> rows[] = {
+            {u"textPrimary textSecondary textReading"_s,
+             u"window sidebar panel card field raised selection controlFill"_s, 4.5},
+            {u"accent answered timedOut danger"_s, u"window panel card field selection"_s, 4.5},
+            {u"timedOut textPrimary"_s, u"warningFill"_s, 4.5},
+            {u"danger"_s, u"raised"_s, 4.5},
+            {u"textOnAccent"_s, u"accentFill accentFillHover accentFillPressed"_s, 4.5},
+            {u"textPrimary"_s, u"textSelection"_s, 4.5},
+            {u"textTertiary"_s, u"window sidebar panel card field raised selection"_s, 3.0},
+            {u"focusRing"_s, u"window sidebar panel card raised"_s, 3.0},
+            {u"priorityText"_s, u"priorityFill"_s, 4.5},
+            {u"priorityDot"_s, u"card"_s, 2.5}};
         for (const bool dark : {false, true}) {
             m_appearance.setDark(dark);
             for (const auto &priority : rawValues<Priority>) {
                 m_view->setProperty("priority", QString(priority.word));
-                for (const QString &ink : inks.split(u' ')) {
-                    for (const QString &ground : grounds.split(u' ')) {
-                        QVERIFY(color(ink).isValid() && color(ground).isValid());
-                        const double found = contrastBetween(over(color(ink), color(ground)), color(ground));
-                        QVERIFY2(found >= atLeast, qPrintable(ink + u" on "_s + ground + QString::number(found)));
+                for (const auto &[inks, grounds, atLeast] : rows) {
+                    for (const QString &ink : inks.split(u' ')) {
+                        for (const QString &ground : grounds.split(u' ')) {
+                            QVERIFY(color(ink).isValid() && color(ground).isValid());
+                            const double found = contrastBetween(over(color(ink), color(ground)), color(ground));
+                            QVERIFY2(found >= atLeast, qPrintable(ink + u" on "_s + ground + QString::number(found)));
+                        }
                     }
                 }
             }

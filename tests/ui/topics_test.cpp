@@ -57,32 +57,25 @@ private slots:
         QVERIFY(!screen.shows(u"topic.t1"_s) && screen.shows(u"topics.empty"_s) && screen.shows(u"topics.new.name"_s));
     }
 
-    void newTopic_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("hint");
-        QTest::addColumn<QString>("created");
-        QTest::newRow("nothing") << u""_s << u""_s << u""_s;
-        QTest::newRow("blanks") << u"  "_s << u""_s << u""_s;
-        QTest::newRow("hyphens") << u"--"_s << u"A name needs a letter from a to z or a digit."_s << u""_s;
-        QTest::newRow("as typed") << u"new-topic"_s << u""_s << u"new-topic"_s;
-        QTest::newRow("made plain") << u" Deploy Alerts!"_s << u"It will be called “deploy-alerts”."_s
-                                    << u"deploy-alerts"_s;
-    }
-
     void newTopic()
     {
-        QFETCH(QString, typed);
-        QFETCH(QString, created);
-        TopicsScreen screen({});
-        screen.click(u"topics.new.name"_s);
-        screen.type(typed);
-        QTEST(screen.name(u"topics.new.hint"_s), "hint");
-        QCOMPARE(screen.canUse(u"topics.new.add"_s), !created.isEmpty());
-        screen.press(Qt::Key_Return);
-        QCOMPARE(screen.store().activeTopicNames().join(u','), created);
-        QCOMPARE(screen.text(u"topics.new.name"_s), created.isEmpty() ? typed : QString());
-        QCOMPARE(screen.focused(), u"topics.new.name"_s);
+        const std::tuple<QString, QString, QString> rows[] = {
+            {u""_s, u""_s, u""_s},
+            {u"  "_s, u""_s, u""_s},
+            {u"--"_s, u"A name needs a letter from a to z or a digit."_s, u""_s},
+            {u"new-topic"_s, u""_s, u"new-topic"_s},
+            {u" Deploy Alerts!"_s, u"It will be called “deploy-alerts”."_s, u"deploy-alerts"_s}};
+        for (const auto &[typed, hint, created] : rows) {
+            TopicsScreen screen({});
+            screen.click(u"topics.new.name"_s);
+            screen.type(typed);
+            QCOMPARE(screen.name(u"topics.new.hint"_s), hint);
+            QCOMPARE(screen.canUse(u"topics.new.add"_s), !created.isEmpty());
+            screen.press(Qt::Key_Return);
+            QCOMPARE(screen.store().activeTopicNames().join(u','), created);
+            QCOMPARE(screen.text(u"topics.new.name"_s), created.isEmpty() ? typed : QString());
+            QCOMPARE(screen.focused(), u"topics.new.name"_s);
+        }
     }
 
     void keyboardReachesEveryRowAndItsControls()
