@@ -75,6 +75,7 @@ private:
     SystemEvents *m_events = nullptr;
     FakeInstance m_instance;
     QList<QUrl> m_openedURLs;
+    std::unique_ptr<StoreFixture> m_service;
     std::unique_ptr<PingwellApp> m_app;
 
     /// The program in demo mode, among fakes that the test holds on to.
@@ -83,6 +84,15 @@ private:
         m_clock = std::make_shared<ManualClock>(instantFromMilliseconds(1'700'000'000'000.0));
         const Instant now = m_clock->now();
         launch(options, hasStatusArea, std::make_unique<AppStore>(demoData(now), true, nullptr, now, nullptr, m_clock));
+    }
+
+    /// With a service that has sent one ask, and is silent from now on.
+    void launchLive()
+    {
+        m_service = std::make_unique<StoreFixture>();
+        m_service->transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
+        m_service->startWith({.alerts = {askJSON(u"a1"_s, 60)}});
+        launch({}, true, std::move(m_service->store));
     }
 
     void launch(const LaunchOptions &options, bool hasStatusArea, std::unique_ptr<AppStore> store)
@@ -111,6 +121,12 @@ private:
     }
 
 private slots:
+    void cleanup()
+    {
+        m_app.reset();
+        m_service.reset();
+    }
+
     void countReachesItemAndBadgeOnce()
     {
         launch({.isDemo = true}, true);
@@ -138,60 +154,46 @@ private slots:
         QCOMPARE(quits.size(), 2);
     }
 
-    void quittingWaitsForWhatIsUnderWay_data()
-    {
-        QTest::addColumn<QByteArray>("method");
-        QTest::addColumn<QByteArray>("path");
-        QTest::addColumn<Act>("act");
-        const auto row = [](const char *name, const char *method, const char *path, Act act) {
-            QTest::newRow(name) << QByteArray(method) << QByteArray(path) << act;
-        };
-        row("an answer", "POST", "/workspaces/w1/alerts/a1/answer",
-            [](auto &store) { store.answer(u"a1"_s, u"Deny"_s); });
-        row("a change in a lane", "PATCH", "/workspaces/w1", [](auto &store) { store.renameWorkspace(u"New"_s); });
-        row("the account's deletion", "DELETE", "/auth/account", [](auto &store) { store.deleteAccount(); });
-        row("the device of who signs out", "DELETE", "/devices/d1", [](auto &store) { store.signOut(); });
-    }
-
+    /// An answer, a change that others may wait for, the account's deletion, and the device of who signs out.
     void quittingWaitsForWhatIsUnderWay()
     {
-        QFETCH(QByteArray, method);
-        QFETCH(QByteArray, path);
-        QFETCH(Act, act);
-        StoreFixture service;
-        service.preferences->setString(preference_keys::device(*service.backend->baseURLOverride), u"d1"_s);
-        service.startWith({.alerts = {askJSON(u"a1"_s, 60)}});
-        service.transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
-        for (int time = 0; time < 2; ++time)
-            service.transport->plan(method, path, ScriptedAnswer::failure(409).heldBack());
-        launch({}, true, std::move(service.store));
-        const QSignalSpy quits(m_app.get(), &PingwellApp::quitRequested);
-        act(*m_store);
-        service.settle();
-        m_app->quit();
-        QVERIFY(quits.isEmpty());
-        service.release(method, path);
-        QCOMPARE(quits.size(), 1);
-        m_app->quit();
-        QCOMPARE(quits.size(), 2);
-        m_app.reset();
+        const std::tuple<QByteArray, QByteArray, Act> rows[] = {
+            {"POST", "/workspaces/w1/alerts/a1/answer", [](AppStore &store) { store.answer(u"a1"_s, u"Deny"_s); }},
+            {"PATCH", "/workspaces/w1", [](AppStore &store) { store.renameWorkspace(u"New"_s); }},
+            {"DELETE", "/auth/account", [](AppStore &store) { store.deleteAccount(); }},
+            {"DELETE", "/devices/d1", [](AppStore &store) { store.signOut(); }}};
+        for (const auto &[method, path, act] : rows) {
+            const InRow row(path);
+            launchLive();
+            m_service->preferences->setString(preference_keys::device(*m_service->backend->baseURLOverride), u"d1"_s);
+            for (int time = 0; time < 2; ++time)
+                m_service->transport->plan(method, path, ScriptedAnswer::failure(409).heldBack());
+            const QSignalSpy quits(m_app.get(), &PingwellApp::quitRequested);
+            act(*m_store);
+            m_service->settle();
+            m_app->quit();
+            QVERIFY(quits.isEmpty());
+            m_service->release(method, path);
+            QCOMPARE(quits.size(), 1);
+            m_app->quit();
+            QCOMPARE(quits.size(), 2);
+            cleanup();
+        }
     }
 
     /// Whoever doesn't wait for a quit that waits, and ends that come without one.
     void someEndsAreNotAskedFor()
     {
-        StoreFixture service;
-        service.startWith({.alerts = {askJSON(u"a1"_s, 60)}});
-        service.transport->plan("POST", "/workspaces/w1/alerts/a1/answer", ScriptedAnswer::data("{}").heldBack());
-        service.transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
-        launch({}, true, std::move(service.store));
+        launchLive();
+        for (int time = 0; time < 2; ++time)
+            m_service->transport->plan("POST", "/workspaces/w1/alerts/a1/answer",
+                                       ScriptedAnswer::data("{}").heldBack());
         m_store->answer(u"a1"_s, u"Deny"_s);
-        QTimer::singleShot(0, &m_instance, [&] { service.transport->release(); });
+        QTimer::singleShot(0, &m_instance, [&] { m_service->transport->release(); });
         m_app->finishWork();
         QVERIFY(!m_store->hasUnfinishedWork());
-        service.transport->plan("POST", "/workspaces/w1/alerts/a1/answer", ScriptedAnswer::data("{}").heldBack());
         m_store->answer(u"a1"_s, u"Deny"_s);
-        service.settle();
+        m_service->settle();
         const QSignalSpy quits(m_app.get(), &PingwellApp::quitRequested);
         m_app->quit();
         QVERIFY(quits.isEmpty());
@@ -199,43 +201,35 @@ private slots:
         QCOMPARE(quits.size(), 1);
         m_app->finishWork();
         QVERIFY2(m_store->hasUnfinishedWork(), "the person has waited long enough");
-        m_app.reset();
     }
 
     void theIconTellsWhenItCantBeReliedOn()
     {
-        StoreFixture service;
-        service.startWith({.alerts = {askJSON(u"a1"_s, 60)}});
-        service.transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
-        launch({}, true, std::move(service.store));
+        launchLive();
+        m_service->transport->plan("GET", "/dashboard", ScriptedAnswer::noAnswer());
         m_store->startClock();
         m_store->refresh();
-        service.settle();
-        service.clock->advance(59s);
+        m_service->settle();
+        m_service->clock->advance(59s);
         QCOMPARE(m_item->descriptions, QStringList{QString()});
-        service.clock->advance(1s);
+        m_service->clock->advance(1s);
         QCOMPARE(m_item->descriptions.last(), u"Not up to date. New alerts don't arrive."_s);
-        service.transport->plan("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()));
+        m_service->transport->plan("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()));
         m_store->refresh();
-        service.settle();
+        m_service->settle();
         QCOMPARE(m_item->descriptions.last(), QString());
         m_store->signOut();
-        service.settle();
+        m_service->settle();
         QCOMPARE(m_item->descriptions.last(), u"Signed out. Open Pingwell to sign in."_s);
-        m_app.reset();
     }
 
     void oldConnectionsAreLeftWhenTheSystemSays()
     {
-        StoreFixture service;
-        service.start();
-        service.transport->always("GET", "/dashboard", ScriptedAnswer::noAnswer());
-        launch({}, true, std::move(service.store));
+        launchLive();
         emit m_events->wokeUp();
-        QCOMPARE(service.transport->dropCount(), 1);
+        QCOMPARE(m_service->transport->dropCount(), 1);
         emit m_events->networkReturned();
-        QCOMPARE(service.transport->dropCount(), 2);
-        m_app.reset();
+        QCOMPARE(m_service->transport->dropCount(), 2);
     }
 
     void laterStartsBringTheWindowForward()

@@ -160,39 +160,32 @@ private slots:
         }
     }
 
-    void triesAgainWhatTheKeychainDidNotTake_data()
-    {
-        QTest::addColumn<bool>("isSave");
-        QTest::addColumn<bool>("isLocked");
-        QTest::newRow("clear, locked") << false << true;
-        QTest::newRow("clear, unavailable") << false << false;
-        QTest::newRow("save, locked") << true << true;
-    }
-
     void triesAgainWhatTheKeychainDidNotTake()
     {
-        QFETCH(bool, isSave);
-        QFETCH(bool, isLocked);
-        Fixture f;
-        f.keychain->setItem("old");
-        f.open(5ms);
-        QCOMPARE(f.store->load(), Token(u"old"_s));
-        f.keychain->setStatus(isLocked ? KeychainStatus::locked : KeychainStatus::unavailable);
-        f.keychain->answerUnlock(KeychainStatus::locked, KeychainStatus::locked);
-        if (isSave)
-            f.store->save(u"new"_s);
-        else
-            f.store->clear();
-        const QString attempt = isSave ? u"store"_s : u"remove"_s;
-        QTRY_VERIFY(f.keychain->calls().count(attempt) >= 3);
-        QCOMPARE(f.keychain->calls().count(u"unlock"_s), isLocked ? 1 : 0);
-        QTRY_COMPARE(isSave ? f.notKept : f.notCleared, 1);
-        QCOMPARE(f.written, 0);
+        for (const auto &[isSave, status] : {std::pair(false, KeychainStatus::locked),
+                                             {false, KeychainStatus::unavailable},
+                                             {true, KeychainStatus::locked}}) {
+            Fixture f;
+            f.keychain->setItem("old");
+            f.open(5ms);
+            QCOMPARE(f.store->load(), Token(u"old"_s));
+            f.keychain->setStatus(status);
+            f.keychain->answerUnlock(KeychainStatus::locked, KeychainStatus::locked);
+            if (isSave)
+                f.store->save(u"new"_s);
+            else
+                f.store->clear();
+            const QString attempt = isSave ? u"store"_s : u"remove"_s;
+            QTRY_VERIFY(f.keychain->calls().count(attempt) >= 3);
+            QCOMPARE(f.keychain->calls().count(u"unlock"_s), status == KeychainStatus::locked ? 1 : 0);
+            QTRY_COMPARE(isSave ? f.notKept : f.notCleared, 1);
+            QCOMPARE(f.written, 0);
 
-        f.keychain->setStatus(KeychainStatus::success);
-        QTRY_COMPARE(f.written, 1);
-        QCOMPARE(f.keychain->item(), isSave ? Item("new") : Item());
-        QCOMPARE(f.notKept + f.notCleared, 1);
+            f.keychain->setStatus(KeychainStatus::success);
+            QTRY_COMPARE(f.written, 1);
+            QCOMPARE(f.keychain->item(), isSave ? Item("new") : Item());
+            QCOMPARE(f.notKept + f.notCleared, 1);
+        }
     }
 
     void aLeftoverIsRemovedWithoutAQuestion()

@@ -37,44 +37,36 @@ class BannerTest : public QObject
     Q_OBJECT
 
 private slots:
-    void fitting_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QStringList>("titles");
-        QTest::addColumn<QString>("fitted");
-        const QStringList c{u"C0"_s, u"C1"_s, u"C2"_s, u"C3"_s, u"C4"_s};
-        const QString three = u"default=Open answer.0=C0 answer.1=C1 answer.2=C2"_s;
-        QTest::newRow("GNOME, all fit") << u"gnome-shell"_s << c.first(3) << three;
-        QTest::newRow("GNOME, one too many")
-            << u"gnome-shell"_s << c.first(4) << u"default=Open answer.0=C0 answer.1=C1 more=More…"_s;
-        QTest::newRow("Plasma, all fit") << u"Plasma"_s << c.first(4) << QString(three + u" answer.3=C3"_s);
-        QTest::newRow("Plasma, one too many") << u"Plasma"_s << c << QString(three + u" more=More…"_s);
-        QTest::newRow("cleaned") << u"another"_s << QStringList{u"a\nb\u202E"_s} << u"default=Open answer.0=a b"_s;
-        const QString readElsewhere = u"default=Open more=More…"_s;
-        const auto untellable = [&](const char *row, const QStringList &titles) {
-            QTest::newRow(row) << u"gnome-shell"_s << titles << readElsewhere;
-        };
-        untellable("cut", {QString(41, u'x'), u"No"_s});
-        untellable("same beginnings", {QString(40, u'x') + u'y', QString(40, u'x') + u'z'});
-        untellable("blank", {u"Yes"_s, u"\u0001 "_s});
-        untellable("same looks", {u"Delete"_s, u"Del\u200Bete"_s});
-        untellable("same looks, with a joiner", {u"Stop"_s, u"Sto\u200Dp"_s});
-        untellable("called as the program's own button", {u"No"_s, u"More\u2026"_s});
-        untellable("same looks, written otherwise", {u"Löschen"_s, u"Lo\u0308schen"_s});
-        untellable("same as one without room", {u"a"_s, u"b"_s, u"c"_s, u"a "_s});
-        QTest::newRow("a long one without room")
-            << u"gnome-shell"_s << QStringList{u"a"_s, u"b"_s, u"c"_s, QString(99, u'x')}
-            << u"default=Open answer.0=a answer.1=b more=More…"_s;
-    }
-
     void fitting()
     {
-        QFETCH(QString, name);
-        QFETCH(QStringList, titles);
-        QTEST(written(fitActions(choices(titles), server(name))), "fitted");
-        NotificationServer plain = server(name);
-        plain.drawsActions = false;
-        QVERIFY2(fitActions(choices(titles), plain).isEmpty(), "buttons promised where there are none");
+        const QStringList c{u"C0"_s, u"C1"_s, u"C2"_s, u"C3"_s, u"C4"_s};
+        const QString gnome = u"gnome-shell"_s, plasma = u"Plasma"_s;
+        const QString three = u"default=Open answer.0=C0 answer.1=C1 answer.2=C2"_s;
+        const QString readElsewhere = u"default=Open more=More…"_s, x40(40, u'x');
+        const std::tuple<const char *, QString, QStringList, QString> rows[] = {
+            {"GNOME, all fit", gnome, c.first(3), three},
+            {"GNOME, one too many", gnome, c.first(4), u"default=Open answer.0=C0 answer.1=C1 more=More…"_s},
+            {"Plasma, all fit", plasma, c.first(4), three + u" answer.3=C3"_s},
+            {"Plasma, one too many", plasma, c, three + u" more=More…"_s},
+            {"cleaned", u"another"_s, {u"a\nb\u202E"_s}, u"default=Open answer.0=a b"_s},
+            {"cut", gnome, {x40 + u'x', u"No"_s}, readElsewhere},
+            {"same beginnings", gnome, {x40 + u'y', x40 + u'z'}, readElsewhere},
+            {"blank", gnome, {u"Yes"_s, u"\u0001 "_s}, readElsewhere},
+            {"same looks", gnome, {u"Delete"_s, u"Del\u200Bete"_s}, readElsewhere},
+            {"same looks, with a joiner", gnome, {u"Stop"_s, u"Sto\u200Dp"_s}, readElsewhere},
+            {"called as the program's own button", gnome, {u"No"_s, u"More\u2026"_s}, readElsewhere},
+            {"same looks, written otherwise", gnome, {u"Löschen"_s, u"Lo\u0308schen"_s}, readElsewhere},
+            {"same as one without room", gnome, {u"a"_s, u"b"_s, u"c"_s, u"a "_s}, readElsewhere},
+            {"a long one without room",
+             gnome,
+             {u"a"_s, u"b"_s, u"c"_s, QString(99, u'x')},
+             u"default=Open answer.0=a answer.1=b more=More…"_s}};
+        for (const auto &[name, desktop, titles, fitted] : rows) {
+            QVERIFY2(written(fitActions(choices(titles), server(desktop))) == fitted, name);
+            NotificationServer plain = server(desktop);
+            plain.drawsActions = false;
+            QVERIFY2(fitActions(choices(titles), plain).isEmpty(), "buttons promised where there are none");
+        }
     }
 
     void replying()
@@ -97,35 +89,29 @@ private slots:
         QVERIFY2(!actionIdentifierOf(u"answer.1"_s, offered), "a choice that was never offered");
     }
 
-    void roomForOneMore_data()
+    /// In a list that is filled with more of the first kind, the last kind is the one that is missed least.
+    void roomForOneMore()
     {
-        QTest::addColumn<QStringList>("banners");
-        QTest::addColumn<QString>("givenUp");
+        const auto givenUp = [](const QStringList &banners) {
+            BannerList list;
+            std::optional<Banner> banner;
+            for (uint count = 0; count < 300 && !banner; banner = list.makeRoom()) {
+                const QString what = banners.value(count, banners.constFirst());
+                Banner &next = list.obtain(u"%1 %2"_s.arg(count).arg(what));
+                list.number(next, u":1.1"_s, ++count);
+                next.takesAnswers = what.startsWith(u"question");
+                next.isSending = what.endsWith(u"sending");
+                next.stage = what.endsWith(u"expired")  ? Banner::Stage::expired
+                             : what.endsWith(u"closed") ? Banner::Stage::closed
+                                                        : Banner::Stage::shown;
+            }
+            return banner.value_or(Banner()).requestIdentifier;
+        };
         const QStringList all{u"question"_s, u"question expired"_s, u"notice"_s, u"notice expired"_s,
                               u"question closed"_s};
         for (qsizetype least = 0; least < all.size(); ++least)
-            QTest::newRow(qPrintable(all.at(least)))
-                << all.first(least + 1) << u"%1 %2"_s.arg(least).arg(all.at(least));
-        QTest::newRow("none whose number is unknown") << QStringList{u"notice sending"_s} << QString();
-    }
-
-    /// The list is filled with more of the first kind.
-    void roomForOneMore()
-    {
-        QFETCH(QStringList, banners);
-        BannerList list;
-        std::optional<Banner> givenUp;
-        for (uint count = 0; count < 300 && !givenUp; givenUp = list.makeRoom()) {
-            const QString what = banners.value(count, banners.constFirst());
-            Banner &banner = list.obtain(u"%1 %2"_s.arg(count).arg(what));
-            list.number(banner, u":1.1"_s, ++count);
-            banner.takesAnswers = what.startsWith(u"question");
-            banner.isSending = what.endsWith(u"sending");
-            banner.stage = what.endsWith(u"expired")  ? Banner::Stage::expired
-                           : what.endsWith(u"closed") ? Banner::Stage::closed
-                                                      : Banner::Stage::shown;
-        }
-        QTEST(givenUp.value_or(Banner()).requestIdentifier, "givenUp");
+            QCOMPARE(givenUp(all.first(least + 1)), u"%1 %2"_s.arg(least).arg(all.at(least)));
+        QVERIFY2(givenUp({u"notice sending"_s}).isEmpty(), "it has no number to close it by");
     }
 
     void aNumberIsTheLastOnesAlone()

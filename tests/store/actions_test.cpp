@@ -99,6 +99,7 @@ QList<Action> allActions()
     const ScriptedAnswer alert = ScriptedAnswer::data(R"({"id":"a9","workspaceId":"w1","title":"x","at":1})");
     const ScriptedAnswer settings = ScriptedAnswer::data("{}");
     const ScriptedAnswer nothing = ScriptedAnswer::raw(200, {});
+    const QString later;
     return {
         {"answer", [](AppStore &s) { s.answer(u"q1"_s, u"Deny"_s); },
          R"(POST /workspaces/w1/alerts/q1/answer {"answer":"Deny"})", alert, u"q1:Deny q9"_s},
@@ -108,13 +109,10 @@ QList<Action> allActions()
          u"a1 q1 q9:unread q2"_s},
         {"delete", [](AppStore &s) { s.deleteAlert(u"q2"_s); }, "DELETE /workspaces/w1/alerts/q2 ", nothing,
          u"q1:unread q9:unread"_s},
-        {"send a test alert",
-         [](AppStore &s) { s.sendTestAlert(); },
+        {"send a test alert", [](AppStore &s) { s.sendTestAlert(); },
          R"(POST /workspaces/w1/alerts/test {"app":"Pingwell","body":"If you can see this, Pingwell is wired up.",)"
          R"("priority":"normal","title":"Test alert from your Mac","topic":"test"})",
-         alert,
-         {},
-         u"Test alert sent."_s},
+         alert, later, u"Test alert sent."_s},
         {"rename", [](AppStore &s) { s.renameWorkspace(u"  Sea "_s); }, R"(PATCH /workspaces/w1 {"name":"Sea"})",
          workspace, u"w1:Sea:"_s},
         {"time-out", [](AppStore &s) { s.setResponseTimeout(45); },
@@ -123,12 +121,8 @@ QList<Action> allActions()
          R"(PATCH /workspaces/w1 {"timeoutAction":"escalate"})", workspace, u":escalate"_s},
         {"leave, pressed twice", [](AppStore &s) { s.leaveWorkspace(), s.leaveWorkspace(); },
          "POST /workspaces/w1/leave ", nothing},
-        {"create a workspace",
-         [](AppStore &s) { s.createWorkspace(u" Ops "_s); },
-         R"(POST /workspaces {"name":"Ops"})",
-         created,
-         {},
-         u"Ops is ready. Invite your team from the Team tab."_s},
+        {"create a workspace", [](AppStore &s) { s.createWorkspace(u" Ops "_s); }, R"(POST /workspaces {"name":"Ops"})",
+         created, later, u"Ops is ready. Invite your team from the Team tab."_s},
         {"invite", [](AppStore &s) { QVERIFY(!s.invite(u" Eve@X.test"_s, WorkspaceRole::viewer)); },
          R"(POST /workspaces/w1/members {"email":"eve@x.test","role":"viewer"})", person,
          u"eve@x.test:viewer:invited!"_s, u"Done."_s},

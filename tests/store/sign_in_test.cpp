@@ -1,4 +1,3 @@
-#include "auth/web_authenticator.h"
 #include "store/preference_keys.h"
 #include "store_fixture.h"
 
@@ -49,11 +48,7 @@ private slots:
             return m_browserWorks;
         };
         m_browser = std::make_shared<WebAuthenticator>(open, m->clock);
-        m->backend->authenticate = [browser = m_browser](QUrl url, QString scheme) {
-            return browser->authenticate(url, scheme);
-        };
-        m->backend->nextCallback = [browser = m_browser] { return browser->nextCallback(); };
-        m->backend->cancelAuthentication = [browser = m_browser] { browser->cancel(); };
+        m->signInWith(m_browser);
     }
 
     void cleanup() override

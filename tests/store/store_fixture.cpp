@@ -114,6 +114,13 @@ void StoreFixture::refreshWith(const ScriptedAnswer &answer)
     settle();
 }
 
+void StoreFixture::signInWith(const std::shared_ptr<WebAuthenticator> &browser) const
+{
+    backend->authenticate = [browser](QUrl url, QString scheme) { return browser->authenticate(url, scheme); };
+    backend->nextCallback = [browser] { return browser->nextCallback(); };
+    backend->cancelAuthentication = [browser] { browser->cancel(); };
+}
+
 void StoreFixture::letLoopsFail()
 {
     for (const char *path : {"/dashboard", "/auth/user-data", "/invites"})

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "auth/web_authenticator.h"
 #include "store/app_store.h"
 #include "support/in_row.h"
 #include "support/manual_clock.h"
@@ -56,6 +57,8 @@ public:
     void refreshWith(const DashboardJSON &dashboard);
     /// The same with an answer of any kind; where it is held back, the refresh doesn't end.
     void refreshWith(const ScriptedAnswer &answer);
+    /// Sends the person to that browser to sign in.
+    void signInWith(const std::shared_ptr<WebAuthenticator> &browser) const;
     /// Gives a live loop that starts nothing but silence, for tests in which its answers don't matter.
     void letLoopsFail();
     /// Ends the session and begins that of another token.

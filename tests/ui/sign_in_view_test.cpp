@@ -1,4 +1,3 @@
-#include "auth/web_authenticator.h"
 #include "screen_fixture.h"
 #include "store/preference_keys.h"
 #include "ui/server_address.h"
@@ -46,10 +45,7 @@ private slots:
         m = std::make_unique<StoreFixture>();
         m->tokens->clear();
         m_browser = std::make_shared<WebAuthenticator>([](const QUrl &) { return true; }, m->clock);
-        m->backend->authenticate = [browser = m_browser](QUrl url, QString scheme) {
-            return browser->authenticate(url, scheme);
-        };
-        m->backend->cancelAuthentication = [browser = m_browser] { browser->cancel(); };
+        m->signInWith(m_browser);
     }
 
     void cleanup()
