@@ -101,7 +101,7 @@ public:
         NotificationAccess access(center);
         live.start();
         if (signedIn)
-            live.refreshWith({});
+            live.refreshWith(DashboardJSON());
         {
             const bool isPanel = component == u"PopoverView"_s;
             const QVariantMap properties{{u"notifications"_s, QVariant::fromValue(&access)}};
