@@ -1,6 +1,7 @@
 #include "screen_fixture.h"
 
 #include <QAccessible>
+#include <QQmlIncubationController>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -318,6 +319,9 @@ void Screen::settle() const
     m_view->grabWindow();
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();
+    const auto *const pieces = m_engine->incubationController();
+    if (pieces && pieces->incubatingObjectCount() > 0)
+        QTest::qFail("something is made piece by piece: Qt crashes when it goes away half made", __FILE__, __LINE__);
 }
 
 } // namespace pingwell

@@ -62,7 +62,7 @@ T.Menu {
         enabled: entry.subMenu?.enabled ?? false
     }
 
-    contentItem: ListView {
+    contentItem: RowList {
         implicitHeight: contentHeight
         model: root.contentModel
         interactive: contentHeight > height
@@ -70,7 +70,6 @@ T.Menu {
         focus: true
         keyNavigationEnabled: false
         currentIndex: root.currentIndex
-        boundsBehavior: Flickable.StopAtBounds
         T.ScrollBar.vertical: SlimScrollBar {}
         Keys.onPressed: event => {
             if (event.key === Qt.Key_Home)

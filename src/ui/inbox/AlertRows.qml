@@ -6,7 +6,7 @@ import Pingwell
  * A long list of rows of one height, one stop for the keyboard, which moves within it. What the person looks at stays
  * where it is while rows come and go.
  */
-ListView {
+RowList {
     id: root
 
     required property AppStore store
@@ -53,14 +53,9 @@ ListView {
     topMargin: Theme.gap1
     bottomMargin: Theme.gap1
     clip: true
-    // The default, 0, would take the keyboard's focus from a reply when a row arrives.
-    currentIndex: -1
     highlightFollowsCurrentItem: false
     keyNavigationEnabled: false
     reuseItems: true
-    // Rows that are not seen would follow the clock for nothing.
-    cacheBuffer: 0
-    boundsBehavior: Flickable.StopAtBounds
     activeFocusOnTab: true
     Accessible.role: Accessible.List
     T.ScrollBar.vertical: SlimScrollBar {}

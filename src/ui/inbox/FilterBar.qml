@@ -24,7 +24,7 @@ Item {
         onSelectedRowChanged: if (selectedRow >= 0) list.positionViewAtIndex(selectedRow, ListView.Contain)
     }
 
-    ListView {
+    RowList {
         id: list
 
         /** The keyboard was used last, not the pointer. */
@@ -44,10 +44,8 @@ Item {
         topMargin: 3
         spacing: 2
         clip: true
-        currentIndex: -1
         highlightFollowsCurrentItem: false
         keyNavigationEnabled: false
-        boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: true
         model: filters
         onActiveFocusChanged: if (activeFocus && currentIndex < 0) root.takeFocus()

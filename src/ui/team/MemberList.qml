@@ -35,7 +35,7 @@ Item {
 
     implicitHeight: list.count * root.rowHeight
 
-    ListView {
+    RowList {
         id: list
 
         objectName: "team.list"
@@ -46,7 +46,6 @@ Item {
         interactive: false
         keyNavigationEnabled: true
         highlightFollowsCurrentItem: false
-        currentIndex: -1
         // A row that is made for it gets the focus before it is in its place.
         onCurrentIndexChanged: if (activeFocus) root.revealCurrent()
         Keys.onPressed: event => {

@@ -8,7 +8,7 @@ import Pingwell
  * The topics, in rows. To the keyboard the list is one stop: the arrow keys move within it, and from the row they are
  * at, Tab leads through what can be done with it.
  */
-ListView {
+RowList {
     id: root
 
     required property AppStore store
@@ -21,9 +21,7 @@ ListView {
     clip: true
     // Once the keyboard was here, the row it was at is the stop.
     activeFocusOnTab: count > 0 && currentIndex < 0
-    currentIndex: -1
     highlightFollowsCurrentItem: false
-    boundsBehavior: Flickable.StopAtBounds
     bottomMargin: Theme.gap5
     onActiveFocusChanged: if (activeFocus && currentIndex < 0) currentIndex = 0
     onCurrentItemChanged: if (activeFocus && currentItem) positionViewAtIndex(currentIndex, ListView.Contain)
