@@ -5,6 +5,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <limits>
 
 namespace pingwell {
 
@@ -12,23 +13,54 @@ namespace {
 
 /// How much of a choice a button is trusted to show.
 constexpr qsizetype longestLabel = 40;
-/// More than any server has room for; thousands would keep it busy.
-constexpr qsizetype mostButtons = 32;
 
 const QString openKey = QStringLiteral("default");
 const QString moreKey = QStringLiteral("more");
 const QString openLabel = QStringLiteral("Open");
 const QString moreLabel = QStringLiteral("More…");
 
-/// How many buttons beside the click on the banner the server draws in their order. GNOME Shell silently drops those
-/// after the third; Plasma puts the first ones below the others from the fifth on.
-qsizetype buttonsOf(const NotificationServer &server)
+/// What a server has room for.
+struct Room
 {
+    /// Buttons, beside the click on the banner.
+    qsizetype buttons = 0;
+    /// Characters of all labels, each counted as long as the longest one, and the click on the banner with them.
+    qsizetype characters = std::numeric_limits<qsizetype>::max();
+};
+
+Room roomOf(const NotificationServer &server)
+{
+    // It silently drops those after the third.
     if (server.name == gnomeServerName)
-        return 3;
+        return {.buttons = 3};
+    // It puts the first ones below the others from the fifth on.
     if (server.name == plasmaServerName)
-        return 4;
-    return mostButtons;
+        return {.buttons = 4};
+    // They open a list, dunst in an order of its own; thousands would keep them busy.
+    if (server.name == u"dunst" || server.name == u"mako" || server.name == u"lxqt-notificationd")
+        return {.buttons = 32};
+    // One row, all buttons as wide as the widest: where it is wider than the screen, the question is off the screen.
+    return {.buttons = 4, .characters = 120};
+}
+
+/// How many characters wide the first `shown` actions are, with the click on the banner and what leads to the others.
+qsizetype widthOf(const QList<NotificationAction> &actions, qsizetype shown)
+{
+    qsizetype widest = 0;
+    for (const NotificationAction &action : actions.first(shown))
+        widest = std::max(widest, displayLine(action.title).size());
+    return widest * (1 + shown + (shown < actions.size() ? 1 : 0));
+}
+
+/// How many of the actions get a button of their own.
+qsizetype fitCount(const QList<NotificationAction> &actions, const NotificationServer &server)
+{
+    const Room room = roomOf(server);
+    qsizetype shown = actions.size() > room.buttons ? room.buttons - 1 : actions.size();
+    while (widthOf(actions, shown) > room.characters)
+        --shown;
+    // One choice alone would look like the only one.
+    return shown == 1 && actions.size() > 1 ? 0 : shown;
 }
 
 QString looksOf(const QString &title)
@@ -61,8 +93,7 @@ QList<BannerAction> fitActions(const QList<NotificationAction> &actions, const N
     if (!server.drawsActions)
         return {};
     QList<BannerAction> fitted{{openKey, openLabel}};
-    const qsizetype room = buttonsOf(server);
-    qsizetype shown = actions.size() > room ? room - 1 : actions.size();
+    qsizetype shown = fitCount(actions, server);
     if (!areTellable(actions, shown))
         shown = 0;
     for (const NotificationAction &action : actions.first(shown))

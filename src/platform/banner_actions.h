@@ -26,8 +26,8 @@ struct BannerAction
 
 /// `actions` as far as `server` can show them, after the one for a click on the banner itself. Where not all have room
 /// the first ones stay, in their order, and the last place opens the alert, where all can be chosen from: no server
-/// gets to drop or reorder them. That place is the only one where a label would be cut, show nothing, or look like
-/// another choice's: nobody presses what can't be read whole.
+/// gets to drop them, or to draw them off the screen. That place is the only one where a label would be cut, show
+/// nothing, or look like another choice's: nobody presses what can't be read whole.
 [[nodiscard]] QList<BannerAction> fitActions(const QList<NotificationAction> &actions,
                                              const NotificationServer &server);
 

@@ -42,12 +42,19 @@ private slots:
         const QStringList c{u"C0"_s, u"C1"_s, u"C2"_s, u"C3"_s, u"C4"_s};
         const QString gnome = u"gnome-shell"_s, plasma = u"Plasma"_s;
         const QString three = u"default=Open answer.0=C0 answer.1=C1 answer.2=C2"_s;
-        const QString readElsewhere = u"default=Open more=More…"_s, x40(40, u'x');
+        const QString readElsewhere = u"default=Open more=More…"_s, x30(30, u'x'), x40(40, u'x');
         const std::tuple<const char *, QString, QStringList, QString> rows[] = {
             {"GNOME, all fit", gnome, c.first(3), three},
             {"GNOME, one too many", gnome, c.first(4), u"default=Open answer.0=C0 answer.1=C1 more=More…"_s},
             {"Plasma, all fit", plasma, c.first(4), three + u" answer.3=C3"_s},
             {"Plasma, one too many", plasma, c, three + u" more=More…"_s},
+            {"a list", u"dunst"_s, c, three + u" answer.3=C3 answer.4=C4"_s},
+            {"a row, one too many", u"Xfce Notify Daemon"_s, c, three + u" more=More…"_s},
+            {"a row, too wide",
+             u"another"_s,
+             {x30, u"b"_s, u"c"_s, u"d"_s},
+             u"default=Open answer.0=%1 answer.1=b more=More…"_s.arg(x30)},
+            {"a row with room for one", u"another"_s, {x30 + u'y', x30, u"c"_s}, readElsewhere},
             {"cleaned", u"another"_s, {u"a\nb\u202E"_s}, u"default=Open answer.0=a b"_s},
             {"cut", gnome, {x40 + u'x', u"No"_s}, readElsewhere},
             {"same beginnings", gnome, {x40 + u'y', x40 + u'z'}, readElsewhere},
