@@ -44,7 +44,8 @@ QVariantMap hintsOf(const NotificationContent &content, const QList<Notification
 
 QString bannerBody(const NotificationContent &content, const NotificationServer &server)
 {
-    QStringList lines{displayLine(content.subtitle, longestSummary), displayText(content.body, longestBody).text};
+    QStringList lines{displayLine(content.subtitle, longestSummary),
+                      displayText(content.body, longestBody).text.trimmed()};
     lines.removeAll(QString());
     const QString body = lines.join(u'\n');
     return server.readsMarkup ? body.toHtmlEscaped() : body;

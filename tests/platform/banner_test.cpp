@@ -139,7 +139,7 @@ private slots:
         };
         const QString sub = u"App · #t"_s;
         QCOMPARE(shown(sub, u"<b>&\"</b>"_s, true), u"App · #t\n&lt;b&gt;&amp;&quot;&lt;/b&gt;"_s);
-        QCOMPARE(shown(sub, u"1 < 2 & 3"_s, false), u"App · #t\n1 < 2 & 3"_s);
+        QCOMPARE(shown(sub, u"1 < 2 & 3\n"_s, false), u"App · #t\n1 < 2 & 3"_s);
         QCOMPARE(shown(u"App\nFake · #t"_s, u"x"_s, false), u"App Fake · #t\nx"_s);
         QCOMPARE(shown(sub, u"a\u202Eb\u0007"_s, false), u"App · #t\nab"_s);
         const QString cut = shown(sub, QString(1'000'000, u'&'), true);
