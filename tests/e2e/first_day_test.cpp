@@ -10,6 +10,7 @@
 #include <QTest>
 
 using namespace pingwell;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,9 +25,8 @@ QByteArray output(const QString &tool, const QStringList &arguments)
 
 QByteArray storedToken()
 {
-    return output(QStringLiteral("secret-tool"),
-                  {QStringLiteral("lookup"), QStringLiteral("service"), QStringLiteral("com.pingwell.mac.session"),
-                   QStringLiteral("account"), QStringLiteral("session")});
+    return output(u"secret-tool"_s,
+                  {u"lookup"_s, u"service"_s, u"com.pingwell.mac.session"_s, u"account"_s, u"session"_s});
 }
 
 /// Presses keys in the program's main window, once it is there.
@@ -34,16 +34,13 @@ void press(const QStringList &keys)
 {
     QByteArray window;
     QTRY_VERIFY_WITH_TIMEOUT(
-        !(window = output(QStringLiteral("xdotool"), {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                                                      QStringLiteral("--name"), QStringLiteral("^Pingwell$")}))
-             .isEmpty(),
+        !(window = output(u"xdotool"_s, {u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^Pingwell$"_s})).isEmpty(),
         10'000);
     const QString number = QString::fromLatin1(window.split('\n').last());
-    output(QStringLiteral("xdotool"), {QStringLiteral("windowactivate"), QStringLiteral("--sync"), number});
+    output(u"xdotool"_s, {u"windowactivate"_s, u"--sync"_s, number});
     // A window that was not clicked takes no answer for half a second: the keys may have been meant for another one.
     QTest::qWait(600);
-    output(QStringLiteral("xdotool"),
-           QStringList{QStringLiteral("key"), QStringLiteral("--delay"), QStringLiteral("80")} + keys);
+    output(u"xdotool"_s, QStringList{u"key"_s, u"--delay"_s, u"80"_s} + keys);
 }
 
 } // namespace
@@ -62,12 +59,12 @@ class FirstDayTest : public QObject
     void startProgram()
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("PATH"), m_path.path() + u':' + environment.value(QStringLiteral("PATH")));
-        environment.insert(QStringLiteral("PINGWELL_PROGRAM"), m_programPath);
+        environment.insert(u"PATH"_s, m_path.path() + u':' + environment.value(u"PATH"_s));
+        environment.insert(u"PINGWELL_PROGRAM"_s, m_programPath);
         m_program = std::make_unique<QProcess>();
         m_program->setProcessEnvironment(environment);
         m_program->setProcessChannelMode(QProcess::ForwardedChannels);
-        m_program->start(m_programPath, {QStringLiteral("-apiBaseURL"), m_service.address()});
+        m_program->start(m_programPath, {u"-apiBaseURL"_s, m_service.address()});
     }
 
     /// As a log-out ends it.
@@ -81,7 +78,7 @@ class FirstDayTest : public QObject
     qsizetype dashboardCount()
     {
         qsizetype count = 0;
-        const QJsonValue requests = m_service.request("GET", QStringLiteral("/test/requests")).json().value(u"data");
+        const QJsonValue requests = m_service.request("GET", u"/test/requests"_s).json().value(u"data");
         for (const QJsonValue &request : requests.toArray()) {
             if (request[u"path"].toString() == u"/dashboard")
                 count += request[u"count"].toInt();
@@ -92,7 +89,7 @@ class FirstDayTest : public QObject
 private slots:
     void initTestCase()
     {
-        QVERIFY(QFile::link(QStringLiteral(STAND_IN_BROWSER), m_path.filePath(QStringLiteral("xdg-open"))));
+        QVERIFY(QFile::link(QStringLiteral(STAND_IN_BROWSER), m_path.filePath(u"xdg-open"_s)));
         QVERIFY(m_service.start());
         QVERIFY(m_desktop.appear());
     }
@@ -107,7 +104,7 @@ private slots:
     {
         QVERIFY(storedToken().isEmpty());
         startProgram();
-        press({QStringLiteral("Tab"), QStringLiteral("Return")});
+        press({u"Tab"_s, u"Return"_s});
         QTRY_VERIFY_WITH_TIMEOUT(!storedToken().isEmpty(), 15'000);
         QTRY_VERIFY_WITH_TIMEOUT(dashboardCount() > 0, 5'000);
         QVERIFY(m_desktop.shown().isEmpty());
@@ -119,24 +116,23 @@ private slots:
                                R"("actions":["Wait","Deploy"],"expiresInMinutes":10})";
         QElapsedTimer sincePost;
         sincePost.start();
-        const QString id =
-            m_service.request("POST", QStringLiteral("/agent/alerts"), ask).data().value(u"id").toString();
+        const QString id = m_service.request("POST", u"/agent/alerts"_s, ask).data().value(u"id").toString();
         QTRY_COMPARE_WITH_TIMEOUT(m_desktop.shown().size(), 1, 25'000);
         qInfo("post to Notify: %lld ms, of which up to 15000 are the poll", sincePost.elapsed());
 
         const ShownNotification banner = m_desktop.last();
-        QCOMPARE(banner.appName, QStringLiteral("Pingwell"));
-        QCOMPARE(banner.summary, QStringLiteral("Deploy build 418?"));
-        QCOMPARE(banner.actions.filter(QStringLiteral("answer.")).size(), 2);
-        QVERIFY(banner.actions.contains(QStringLiteral("Deploy")));
+        QCOMPARE(banner.appName, u"Pingwell"_s);
+        QCOMPARE(banner.summary, u"Deploy build 418?"_s);
+        QCOMPARE(banner.actions.filter(u"answer."_s).size(), 2);
+        QVERIFY(banner.actions.contains(u"Deploy"_s));
 
-        const auto waiting = m_service.send("GET", QStringLiteral("/agent/alerts/%1?wait=8").arg(id));
+        const auto waiting = m_service.send("GET", u"/agent/alerts/%1?wait=8"_s.arg(id));
         QElapsedTimer sincePress;
         sincePress.start();
-        m_desktop.invokeAction(banner.number, QStringLiteral("answer.1"));
+        m_desktop.invokeAction(banner.number, u"answer.1"_s);
         const ServiceAnswer answer = ServiceProcess::finished(waiting.get());
         qInfo("button to agent: %lld ms", sincePress.elapsed());
-        QCOMPARE(answer.data().value(u"answer").toString(), QStringLiteral("Deploy"));
+        QCOMPARE(answer.data().value(u"answer").toString(), u"Deploy"_s);
         QTRY_VERIFY(m_desktop.closed().contains(banner.number));
     }
 
@@ -144,7 +140,7 @@ private slots:
     {
         m_desktop.vanish();
         QVERIFY(m_desktop.appear());
-        m_service.request("POST", QStringLiteral("/agent/alerts"), R"({"title":"Still there?"})");
+        m_service.request("POST", u"/agent/alerts"_s, R"({"title":"Still there?"})");
         QTRY_COMPARE_WITH_TIMEOUT(m_desktop.shown().size(), 2, 25'000);
     }
 
@@ -164,9 +160,7 @@ private slots:
         m_service.kill();
         startProgram();
         // The first load fails; "Try again" has the focus before "Sign out".
-        QTRY_VERIFY_WITH_TIMEOUT(
-            (press({QStringLiteral("Tab"), QStringLiteral("Tab"), QStringLiteral("Return")}), storedToken().isEmpty()),
-            20'000);
+        QTRY_VERIFY_WITH_TIMEOUT((press({u"Tab"_s, u"Tab"_s, u"Return"_s}), storedToken().isEmpty()), 20'000);
     }
 };
 

@@ -25,8 +25,9 @@ start_service() {
     address=http://127.0.0.1:$port
 }
 
+# As a person starts it; with -uitest-live nothing outlives it, and the bus tells what its windows show.
 start_program() {
-    "$program" -uitest-live -apiBaseURL "$address" "$@" >>"$scratch/program.log" 2>&1 &
+    "$program" -apiBaseURL "$address" "$@" >>"$scratch/program.log" 2>&1 &
     program_process=$!
     processes+=("$program_process")
 }
