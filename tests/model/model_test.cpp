@@ -3,7 +3,6 @@
 
 #include <QTest>
 
-#include <algorithm>
 #include <functional>
 
 using namespace pingwell;
@@ -106,16 +105,6 @@ private slots:
         QVERIFY(!ask().responseWindowMinutes());
     }
 
-    void escalationNeedsATeam()
-    {
-        Workspace workspace;
-        workspace.timeoutAction = TimeoutAction::escalate;
-        QCOMPARE(workspace.effectiveTimeoutAction(), TimeoutAction::expire);
-        workspace.kind = WorkspaceKind::team;
-        QCOMPARE(workspace.effectiveTimeoutAction(), TimeoutAction::escalate);
-        QVERIFY(isAllowed(TimeoutAction::default_, WorkspaceKind::personal));
-    }
-
     /// On the wire and in the preferences.
     void rawWordsStay()
     {
@@ -125,13 +114,6 @@ private slots:
             u"silent normal high critical notify ask choice text expire default escalate owner admin member viewer "
             "personal team active invited android macos windows ios linux web google github cloud selfHosted "
             "inbox topics team settings"_s);
-    }
-
-    void prioritiesAreOrdered()
-    {
-        const auto cases = allCases<Priority>();
-        QVERIFY(std::is_sorted(cases.begin(), cases.end()));
-        QVERIFY(cases.front() == Priority::silent && Priority::critical > Priority::high);
     }
 };
 

@@ -10,16 +10,6 @@ class LoginItemTest : public QObject
     Q_OBJECT
 
 private slots:
-    void switching()
-    {
-        FakeLoginItem item;
-        QVERIFY(setLaunchAtLogin(item, true));
-        item.problem = QStringLiteral("disk full");
-        QVERIFY2(setLaunchAtLogin(item, false), "it is on still");
-        item.current = LoginItemStatus::requiresApproval;
-        QVERIFY(!setLaunchAtLogin(item, true));
-    }
-
     void isOfferedOnceToAnInstalledCopy()
     {
         FakeLoginItem item;
