@@ -15,10 +15,6 @@ namespace {
 class FakeStatusItem final : public StatusItem
 {
 public:
-    explicit FakeStatusItem(bool isThere)
-        : available(isThere)
-    {
-    }
     bool isAvailable() const override { return available; }
     void setContent(const QIcon &icon, const QString &label, const QString &description) override
     {
@@ -27,7 +23,7 @@ public:
         descriptions += description;
     }
 
-    bool available;
+    bool available = true;
     bool hasIcon = false;
     QStringList labels;
     QStringList descriptions;
@@ -100,7 +96,7 @@ private:
         m_app.reset();
         AppParts parts{
             .store = std::move(store),
-            .statusItem = std::make_unique<FakeStatusItem>(hasStatusArea),
+            .statusItem = std::make_unique<FakeStatusItem>(),
             .badge = std::make_unique<FakeBadge>(),
             .systemEvents = std::make_unique<SystemEvents>(),
             .windows = std::make_unique<FakeWindows>(),
@@ -114,6 +110,7 @@ private:
         m_store = parts.store.get();
         m_events = parts.systemEvents.get();
         m_item = static_cast<FakeStatusItem *>(parts.statusItem.get());
+        m_item->available = hasStatusArea;
         m_badge = static_cast<FakeBadge *>(parts.badge.get());
         m_windows = static_cast<FakeWindows *>(parts.windows.get());
         m_app = std::make_unique<PingwellApp>(options, std::move(parts));

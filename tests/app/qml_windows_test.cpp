@@ -21,18 +21,13 @@ public:
 };
 
 /// The visible window that is, or is not, the frameless panel.
-QWindow *visibleWindow(bool isPanel)
+QQuickView *visibleWindow(bool isPanel)
 {
     for (QWindow *window : QGuiApplication::topLevelWindows()) {
         if (window->isVisible() && window->flags().testFlag(Qt::FramelessWindowHint) == isPanel)
-            return window;
+            return qobject_cast<QQuickView *>(window);
     }
     return nullptr;
-}
-
-QQuickItem *mainScreen()
-{
-    return qobject_cast<QQuickView *>(visibleWindow(false))->rootObject();
 }
 
 } // namespace
@@ -82,7 +77,7 @@ private slots:
     void panelIsAsHighAsWhatItShowsUnlessPointedAt()
     {
         m_windows->showPanel({400, 5});
-        auto *const panel = qobject_cast<QQuickView *>(visibleWindow(true));
+        QQuickView *const panel = visibleWindow(true);
         QVERIFY(QTest::qWaitForWindowActive(panel));
         const int full = panel->height();
         for (const Alert &ask : m_store->needsReply())
@@ -105,7 +100,7 @@ private slots:
     void panelStaysWhileAReplyIsWritten()
     {
         m_windows->showPanel({400, 5});
-        QWindow *panel = visibleWindow(true);
+        QQuickView *const panel = visibleWindow(true);
         QVERIFY(QTest::qWaitForWindowActive(panel));
         m_store->setReplyDraft(u"#eng"_s, u"b5"_s);
         m_windows->showMain({});
@@ -128,14 +123,14 @@ private slots:
         // be.
         const QRect frame(2, 20, 800, 570);
         visibleWindow(false)->setGeometry(frame);
-        QVERIFY(mainScreen()->setProperty("sidebarWidth", 193));
+        QVERIFY(visibleWindow(false)->rootObject()->setProperty("sidebarWidth", 193));
         m_windows->showPanel({});
         m_windows.reset();
         QVERIFY(QGuiApplication::topLevelWindows().isEmpty());
         open();
         m_windows->showMain({});
         QCOMPARE(visibleWindow(false)->geometry(), frame);
-        QCOMPARE(mainScreen()->property("sidebarWidth").toInt(), 193);
+        QCOMPARE(visibleWindow(false)->rootObject()->property("sidebarWidth").toInt(), 193);
     }
 };
 

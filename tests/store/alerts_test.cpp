@@ -56,13 +56,6 @@ private slots:
         QCOMPARE(store().needsReplyCount(), 1);
     }
 
-    void draftsAreCutByCharacter()
-    {
-        m->start();
-        store().setReplyDraft(QString(999, u'x') + u"😀"_s, a1);
-        QCOMPARE(store().replyDraft(a1).size(), 999);
-    }
-
     void aRefusalIsToldWhereThePersonLooks()
     {
         for (const QByteArray place : {"a banner", "a panel that has closed", "a window that shows it"}) {
@@ -91,10 +84,10 @@ private slots:
         store().setReplyDraft(u"half a thou"_s, a1);
         store().answerFromNotification(a1, u" "_s);
         QCOMPARE(store().replyDraft(a1), u"half a thou"_s);
-        store().answerFromNotification(a1, QString(1001, u'x'));
+        store().answerFromNotification(a1, QString(999, u'x') + u"😀"_s);
         const QString told = u"a1 in Workspace w1: An answer has 1 to 1000 characters. Again?"_s;
         QCOMPARE(m->notifier->refused, (QStringList{told, told}));
-        QCOMPARE(store().replyDraft(a1).size(), 1000);
+        QVERIFY2(store().replyDraft(a1).size() == 999, "cut between two characters");
         store().answerFromNotification(u"deleted"_s, u"x"_s);
         store().endSession({});
         store().answerFromNotification(a1, u"x"_s);

@@ -20,12 +20,9 @@ class DemoTest : public QObject
         SeedData seed;
         seed.workspaces = {{u"home"_s, u"Home"_s, WorkspaceKind::personal, WorkspaceRole::owner},
                            {u"team"_s, u"Team"_s, WorkspaceKind::team, WorkspaceRole::owner}};
-        Alert &ask = seed.alerts.emplace_back();
-        ask.id = u"a"_s;
-        ask.workspaceId = u"home"_s;
+        Alert &ask = seed.alerts.emplace_back(noticeOf(u"a"_s, 0, u"home"_s));
         ask.kind = AlertKind::ask;
         ask.actions = {u"Approve"_s};
-        ask.at = testStart;
         return std::make_unique<AppStore>(seed, true, preferences, testStart, nullptr, m_clock);
     }
 

@@ -41,8 +41,7 @@ private slots:
     {
         m->startWith(oneAsk());
         // It begins and ends while a dashboard is on its way.
-        m->transport->plan("GET", "/dashboard", ScriptedAnswer::data(DashboardJSON().body()).heldBack());
-        store().refresh();
+        m->refreshWith(ScriptedAnswer::data(DashboardJSON().body()).heldBack());
         m->transport->plan("POST", readPath, nothing);
         store().setRead(a1, true);
         m->settle();

@@ -11,16 +11,6 @@ namespace {
 
 using Change = void (*)(Alert &);
 
-Alert notice(const QString &id, double secondsAgo)
-{
-    Alert alert;
-    alert.id = id;
-    alert.workspaceId = u"w1"_s;
-    alert.topic = u"infra"_s;
-    alert.at = testStart - Seconds(secondsAgo);
-    return alert;
-}
-
 Dashboard dashboardOf(const Alert &alert)
 {
     Dashboard dashboard;
@@ -54,11 +44,11 @@ private slots:
             {"half an hour old at the first sync", 1800, false, true, none},
             {"an hour old at the first sync", 3600, false, false, none}};
         for (const auto &[name, secondsAgo, hasLoaded, isChosen, change] : rows) {
-            Alert alert = notice(u"a"_s, secondsAgo);
+            Alert alert = noticeOf(u"a"_s, secondsAgo);
             change(alert);
             NotificationMoment moment = noon;
             moment.hasLoaded = hasLoaded;
-            const auto chosen = chooseAlertsToNotify(dashboardOf(alert), {notice(u"held"_s, 60)}, moment);
+            const auto chosen = chooseAlertsToNotify(dashboardOf(alert), {noticeOf(u"held"_s, 60)}, moment);
             QVERIFY2(chosen.isEmpty() != isChosen, name);
         }
     }
@@ -67,7 +57,7 @@ private slots:
     {
         Dashboard fresh;
         for (const int minutes : {3, 8, 1, 6, 2, 7, 5, 4})
-            fresh.alerts << notice(QString::number(minutes), minutes * 60);
+            fresh.alerts << noticeOf(QString::number(minutes), minutes * 60);
         QString chosen;
         for (const AlertToNotify &entry : chooseAlertsToNotify(fresh, {}, noon))
             chosen += entry.alert.id;
@@ -76,7 +66,7 @@ private slots:
 
     void whatDependsOnTheWorkspace()
     {
-        Dashboard fresh = dashboardOf(notice(u"a"_s, 60));
+        Dashboard fresh = dashboardOf(noticeOf(u"a"_s, 60));
         Workspace &own = fresh.workspaces.emplace_back();
         own.id = u"w1"_s;
         own.name = u"Acme"_s;
@@ -120,7 +110,7 @@ private slots:
             {"by night, critical", true, true, true, true, true},
             {"sound is off", false, false, false, true, false}};
         for (const auto &[name, soundOn, night, topicIsQuiet, critical, sounds] : rows) {
-            Alert alert = notice(u"a"_s, 60);
+            Alert alert = noticeOf(u"a"_s, 60, u"w1"_s, u"infra"_s);
             alert.priority = critical ? Priority::critical : Priority::normal;
             Dashboard fresh = dashboardOf(alert);
             fresh.settings = {.quietHoursEnabled = true, .sound = soundOn};

@@ -35,6 +35,16 @@ QJsonObject askJSON(const QString &id, double secondsAgo, const QJsonObject &mor
     return alertJSON(id, secondsAgo, with(ask, more));
 }
 
+Alert noticeOf(const QString &id, double secondsAgo, const QString &workspace, const QString &topic)
+{
+    Alert alert;
+    alert.id = id;
+    alert.workspaceId = workspace;
+    alert.topic = topic;
+    alert.at = testStart - Seconds(secondsAgo);
+    return alert;
+}
+
 QJsonObject workspaceJSON(const QString &id, const QString &role)
 {
     return {{u"id"_s, id}, {u"name"_s, QString(u"Workspace "_s + id)}, {u"kind"_s, u"team"_s}, {u"role"_s, role}};

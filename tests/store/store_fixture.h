@@ -24,6 +24,10 @@ inline constexpr Instant testStart{Seconds(1'700'000'000)};
 [[nodiscard]] QJsonObject askJSON(const QString &id, double secondsAgo, const QJsonObject &more = {});
 [[nodiscard]] QJsonObject workspaceJSON(const QString &id, const QString &role = QStringLiteral("owner"));
 
+/// The same notice as the store holds it.
+[[nodiscard]] Alert noticeOf(const QString &id, double secondsAgo, const QString &workspace = QStringLiteral("w1"),
+                             const QString &topic = {});
+
 /// A dashboard of one or more workspaces, as the service sends it.
 struct DashboardJSON
 {

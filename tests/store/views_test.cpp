@@ -12,19 +12,9 @@ namespace {
 const QString own = u"w1"_s;
 const QString other = u"w2"_s;
 
-Alert notice(const QString &id, double secondsAgo, const QString &workspace = own, const QString &topic = {})
-{
-    Alert alert;
-    alert.id = id;
-    alert.workspaceId = workspace;
-    alert.topic = topic;
-    alert.at = testStart - Seconds(secondsAgo);
-    return alert;
-}
-
 Alert ask(const QString &id, double secondsAgo, double secondsLeft)
 {
-    Alert alert = notice(id, secondsAgo);
+    Alert alert = noticeOf(id, secondsAgo);
     alert.kind = AlertKind::ask;
     alert.actions = {u"Approve"_s};
     alert.expiresAt = testStart + Seconds(secondsLeft);
@@ -66,8 +56,8 @@ private slots:
 
     void activeAlertsAreNewestFirst()
     {
-        const auto store = storeWith({notice(u"old"_s, 50), notice(u"twin1"_s, 10), notice(u"far"_s, 1, other),
-                                      notice(u"twin2"_s, 10), notice(u"new"_s, 5)});
+        const auto store = storeWith({noticeOf(u"old"_s, 50), noticeOf(u"twin1"_s, 10), noticeOf(u"far"_s, 1, other),
+                                      noticeOf(u"twin2"_s, 10), noticeOf(u"new"_s, 5)});
         QCOMPARE(idsOf(store->activeAlerts()), u"new twin1 twin2 old"_s);
         QCOMPARE(store->unreadCount(), 4);
         store->selectAlert(u"far"_s);
@@ -80,8 +70,9 @@ private slots:
     {
         Alert question = ask(u"ask"_s, 5, 60);
         question.topic = u"deploys-eu"_s;
-        const auto store = storeWith({notice(u"old"_s, 50, own, u"deploys"_s), notice(u"far"_s, 1, other, u"deploys"_s),
-                                      notice(u"new"_s, 10, own, u"deploys"_s), question});
+        const auto store =
+            storeWith({noticeOf(u"old"_s, 50, own, u"deploys"_s), noticeOf(u"far"_s, 1, other, u"deploys"_s),
+                       noticeOf(u"new"_s, 10, own, u"deploys"_s), question});
         for (const auto &[filter, shown] :
              {std::pair(InboxFilter::all(), u"ask new old"_s), std::pair(InboxFilter::asks(), u"ask"_s),
               std::pair(InboxFilter::topic(u"deploys"_s), u"new old"_s)}) {
@@ -93,20 +84,20 @@ private slots:
     void today()
     {
         const QString id = u"a"_s;
-        Alert high = notice(id, 60);
+        Alert high = noticeOf(id, 60);
         high.priority = Priority::high;
         Topic topic;
         topic.name = u"muted"_s;
         topic.workspaceId = own;
         topic.muted = true;
         const std::tuple<const char *, Alert, bool, bool> rows[] = {
-            {"a day old", notice(id, 86400), false, true},
-            {"a second more", notice(id, 86401), false, false},
+            {"a day old", noticeOf(id, 86400), false, true},
+            {"a second more", noticeOf(id, 86401), false, false},
             {"an open ask waits elsewhere", ask(id, 60, 60), false, false},
             {"an ask timed out", ask(id, 60, 0), false, true},
-            {"of another workspace", notice(id, 60, other), false, false},
-            {"of a muted topic", notice(id, 60, own, u"muted"_s), false, false},
-            {"focus drops the normal", notice(id, 60), true, false},
+            {"of another workspace", noticeOf(id, 60, other), false, false},
+            {"of a muted topic", noticeOf(id, 60, own, u"muted"_s), false, false},
+            {"focus drops the normal", noticeOf(id, 60), true, false},
             {"focus keeps the high", high, true, true}};
         for (const auto &[name, alert, focus, isShown] : rows) {
             const auto store = storeWith({alert}, {topic});
@@ -183,7 +174,7 @@ private slots:
 
     void switchingTheWorkspaceClearsSelectionAndFilter()
     {
-        const auto store = storeWith({notice(u"a"_s, 60), notice(u"b"_s, 60, other)});
+        const auto store = storeWith({noticeOf(u"a"_s, 60), noticeOf(u"b"_s, 60, other)});
         store->selectAlert(u"a"_s);
         store->setFilter(InboxFilter::asks());
         store->requestReply(u"a"_s);

@@ -62,15 +62,9 @@ QString accessibleText(QQuickItem *item, QAccessible::Text kind)
 
 } // namespace
 
-void FixedAppearance::setDark(bool dark)
+void FixedAppearance::set(bool &wish, bool value)
 {
-    m_dark = dark;
-    emit changed();
-}
-
-void FixedAppearance::setMotionReduced(bool reduced)
-{
-    m_motionReduced = reduced;
+    wish = value;
     emit changed();
 }
 

@@ -20,10 +20,12 @@ class FixedAppearance final : public Appearance
 public:
     [[nodiscard]] bool isDark() const override { return m_dark; }
     [[nodiscard]] bool isMotionReduced() const override { return m_motionReduced; }
-    void setDark(bool dark);
-    void setMotionReduced(bool reduced);
+    void setDark(bool dark) { set(m_dark, dark); }
+    void setMotionReduced(bool reduced) { set(m_motionReduced, reduced); }
 
 private:
+    void set(bool &wish, bool value);
+
     bool m_dark = false;
     bool m_motionReduced = true;
 };

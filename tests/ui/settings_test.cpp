@@ -24,14 +24,9 @@ const QString openAtLogin = u"settings.openAtLogin"_s;
 /// The settings in a window that is high enough for all of it.
 struct SettingsScreen : Screen
 {
-    explicit SettingsScreen(const SeedData &seed, const QVariantMap &properties = {})
-        : Screen(u"SettingsView"_s, seed, true, properties)
-    {
-        view().resize(640, 1800);
-    }
-
-    explicit SettingsScreen(const StoreFixture &live)
-        : Screen(u"SettingsView"_s, *live.store)
+    template<typename... Source>
+    explicit SettingsScreen(Source &&...source)
+        : Screen(u"SettingsView"_s, std::forward<Source>(source)...)
     {
         view().resize(640, 1800);
     }
@@ -65,7 +60,7 @@ private slots:
         phone[u"lastSeen"_s] = millisecondsFromInstant(testStart);
         dashboard.devices << phone;
         live.startWith(dashboard);
-        SettingsScreen screen(live);
+        SettingsScreen screen(*live.store);
         QCOMPARE(screen.drawn(u"settings.scroll"_s).join(u" | "),
                  u"*Settings"
                  " | *Account | Name | Ada | Email | ada@x.test | Signed in with | GitHub | Plan | Pro"
@@ -187,7 +182,7 @@ private slots:
             center->status = status;
             center->hasSettings = hasSettings;
             NotificationAccess access(center);
-            SettingsScreen screen(makeSeed({}), {{u"notifications"_s, QVariant::fromValue(&access)}});
+            SettingsScreen screen(makeSeed({}), true, QVariantMap{{u"notifications"_s, QVariant::fromValue(&access)}});
             QCOMPARE(screen.name(permission), text);
             QCOMPARE(screen.name(u"settings.thisMac.footer"_s),
                      status == denied
@@ -207,7 +202,7 @@ private slots:
     {
         const auto item = std::make_shared<FakeLoginItem>();
         LoginItemAccess access(item);
-        SettingsScreen screen(makeSeed({}), {{u"loginItem"_s, QVariant::fromValue(&access)}});
+        SettingsScreen screen(makeSeed({}), true, QVariantMap{{u"loginItem"_s, QVariant::fromValue(&access)}});
         screen.click(openAtLogin);
         QCOMPARE(item->current, LoginItemStatus::enabled);
         QCOMPARE(screen.value(openAtLogin), u"on"_s);
@@ -270,7 +265,7 @@ private slots:
         live.start();
         live.preferences->setString(preference_keys::device(live.store->client()->baseURL()), u"own"_s);
         live.refreshWith(dashboard);
-        SettingsScreen screen(live);
+        SettingsScreen screen(*live.store);
         QVERIFY(screen.shows(u"settings.device.own"_s) && !screen.shows(u"settings.device.own.menu"_s));
         QVERIFY(screen.shows(u"settings.device.other.menu"_s));
         screen.rightClick(u"settings.device.own"_s, {120, 20});
@@ -281,7 +276,7 @@ private slots:
     {
         StoreFixture live;
         live.startWith({});
-        SettingsScreen screen(live);
+        SettingsScreen screen(*live.store);
         screen.click(u"settings.deleteAccount"_s);
         QCOMPARE(screen.focused(), u"settings.deleteAccount.cancel"_s);
         QCOMPARE(
