@@ -1,6 +1,7 @@
 #include "platform/banner.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace pingwell {
 
@@ -80,6 +81,20 @@ QStringList BannerList::requestIdentifiers() const
     for (const Banner &banner : m_banners)
         identifiers.append(banner.requestIdentifier);
     return identifiers;
+}
+
+void BannerList::noteWords(Banner &banner, const QString &words)
+{
+    QList<int> taken;
+    for (const Banner &other : std::as_const(m_banners)) {
+        const bool isQuestion = other.takesAnswers && other.stage != Banner::Stage::closed;
+        if (&other != &banner && isQuestion && other.words == words)
+            taken.append(other.copy);
+    }
+    if (std::exchange(banner.words, words) != words)
+        banner.copy = 1;
+    while (banner.takesAnswers && taken.contains(banner.copy))
+        ++banner.copy;
 }
 
 void BannerList::number(Banner &banner, const QString &server, uint number)

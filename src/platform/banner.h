@@ -32,6 +32,9 @@ struct Banner
     QStringList offeredKeys;
     /// It is a question's: what is pressed in it may be an answer.
     bool takesAnswers = false;
+    /// What it says, and which of the questions that say the same it is: the first, the second and so on.
+    QString words;
+    int copy = 1;
     /// Lets the next response bring a window forward.
     QString activationToken;
     /// The server has not told yet under which number it shows what was sent last.
@@ -60,6 +63,8 @@ public:
     [[nodiscard]] QStringList requestIdentifiers() const;
     [[nodiscard]] const QList<Banner> &all() const { return m_banners; }
 
+    /// Notes what the banner says. Its `copy` becomes one that no other question in the same words has.
+    void noteWords(Banner &banner, const QString &words);
     /// Notes under which number that server shows the banner. A number that stood for another one does so no longer.
     void number(Banner &banner, const QString &server, uint number);
     void forget(const QString &requestIdentifier);

@@ -40,6 +40,12 @@ QVariantMap hintsOf(const NotificationContent &content, const QList<Notification
     return hints;
 }
 
+QString bannerSummary(const NotificationContent &content)
+{
+    const QString title = displayLine(content.title, longestSummary);
+    return title.isEmpty() ? QStringLiteral("Pingwell") : title;
+}
+
 } // namespace
 
 QString bannerBody(const NotificationContent &content, const NotificationServer &server)
@@ -51,17 +57,23 @@ QString bannerBody(const NotificationContent &content, const NotificationServer 
     return server.readsMarkup ? body.toHtmlEscaped() : body;
 }
 
-QDBusMessage showBannerCall(const NotificationContent &content, const QList<NotificationAction> &actions,
-                            const NotificationServer &server, uint replaced)
+QString bannerWords(const NotificationContent &content, const NotificationServer &server)
 {
-    const QString title = displayLine(content.title, longestSummary);
+    return bannerSummary(content) + u'\n' + bannerBody(content, server);
+}
+
+QDBusMessage showBannerCall(const NotificationContent &content, const QList<NotificationAction> &actions,
+                            const NotificationServer &server, uint replaced, int copy)
+{
+    QString body = bannerBody(content, server);
+    if (copy > 1)
+        body += QStringLiteral("\nAnother question in the same words (%1)").arg(copy);
     QStringList pairs;
     for (const BannerAction &action : fitActions(actions, server))
         pairs << action.key << action.label;
     QDBusMessage call = notificationCall(QStringLiteral("Notify"), server.owner);
     // Named, for the servers that don't look at the desktop entry.
-    call << QStringLiteral("Pingwell") << replaced << desktopEntry
-         << (title.isEmpty() ? QStringLiteral("Pingwell") : title) << bannerBody(content, server) << pairs
+    call << QStringLiteral("Pingwell") << replaced << desktopEntry << bannerSummary(content) << body << pairs
          << hintsOf(content, actions, server) << (content.timeSensitive ? noTimeout : serversTimeout);
     return call;
 }

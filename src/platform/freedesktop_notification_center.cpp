@@ -211,8 +211,9 @@ void FreedesktopNotificationCenter::send(Banner &banner)
     const auto actions = m_actions.value(request.content.categoryIdentifier.value_or(QString()));
     for (const BannerAction &action : fitActions(actions, *m_server))
         banner.offeredKeys.append(action.key);
+    m_banners.noteWords(banner, bannerWords(request.content, *m_server));
     launch("showing a notification",
-           show(this, request, showBannerCall(request.content, actions, *m_server, banner.number)));
+           show(this, request, showBannerCall(request.content, actions, *m_server, banner.number, banner.copy)));
 }
 
 QCoro::Task<> FreedesktopNotificationCenter::show(QPointer<FreedesktopNotificationCenter> center,

@@ -106,6 +106,21 @@ private slots:
         QCOMPARE(shown.hints.value(u"resident"_s).toBool(), true);
         // As it travels: servers take nothing but a byte.
         QCOMPARE(shown.hints.value(u"urgency"_s).typeId(), static_cast<int>(QMetaType::UChar));
+
+        // Two questions that say the same would become one; each keeps what it says.
+        show(u"b"_s);
+        QCOMPARE(m_server->last().body, u"Deployer · #releases\nAnother question in the same words (2)"_s);
+        NotificationRequest notice = request(u"notice"_s);
+        notice.content.categoryIdentifier.reset();
+        NotificationRequest other = request(u"b"_s);
+        other.content.title = u"Now?"_s;
+        for (const NotificationRequest &same : {request(u"a"_s), notice, other}) {
+            show(same);
+            QCOMPARE(m_server->last().body, shown.body);
+        }
+        m_center->remove({u"a"_s});
+        show(u"c"_s);
+        QCOMPARE(m_server->last().body, shown.body);
     }
 
     void responses()
