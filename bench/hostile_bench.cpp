@@ -2,7 +2,7 @@
 // ordinary dashboard, and how much memory is taken at most beside the size of its body.
 #include "hostile_bodies.h"
 #include "one_body.h"
-#include "ui/engine.h"
+#include "ui/engine/engine.h"
 #include "window.h"
 
 #include <QFile>

@@ -3,7 +3,7 @@
 #include "one_body.h"
 #include "sample_dashboard.h"
 #include "timing.h"
-#include "ui/engine.h"
+#include "ui/engine/engine.h"
 #include "window.h"
 
 #include <QGuiApplication>

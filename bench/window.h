@@ -1,7 +1,7 @@
 #pragma once
 
+#include "desktop/appearance.h"
 #include "store/app_store.h"
-#include "ui/appearance.h"
 
 #include <QQuickView>
 #include <QString>

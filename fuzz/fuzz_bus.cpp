@@ -1,9 +1,9 @@
 // What every program of the session may call or say: opening addresses at the running program, and a notification
 // server's events. The calls are made as the bus would make them, without one.
 #include "expect.h"
-#include "platform/application_adaptor.h"
-#include "platform/banner_actions.h"
-#include "platform/banner_event.h"
+#include "linux/notifications/banner_actions.h"
+#include "linux/notifications/banner_event.h"
+#include "linux/session/application_adaptor.h"
 
 #include <fuzzer/FuzzedDataProvider.h>
 

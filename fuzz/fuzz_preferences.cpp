@@ -1,7 +1,7 @@
 // A preferences file in which anything may stand: it is read or set aside, and what is written afterwards is there.
 #include "auth/account_record.h"
 #include "expect.h"
-#include "platform/json_preferences.h"
+#include "linux/preferences/json_preferences.h"
 
 #include <QDir>
 #include <QFile>

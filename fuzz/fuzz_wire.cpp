@@ -4,7 +4,7 @@
 #include "api/invitation_dto.h"
 #include "api/session_dto.h"
 #include "expect.h"
-#include "ui/display_text.h"
+#include "text/display_text.h"
 
 namespace {
 

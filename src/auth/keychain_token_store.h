@@ -1,7 +1,7 @@
 #pragma once
 
-#include "auth/keychain.h"
 #include "auth/token_store.h"
+#include "desktop/keychain.h"
 
 #include <QObject>
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "desktop/notification_content.h"
 #include "model/alert.h"
 #include "notify/answer_refusal.h"
-#include "notify/notification_content.h"
 
 #include <optional>
 

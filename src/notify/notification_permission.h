@@ -1,7 +1,7 @@
 #pragma once
 
+#include "desktop/notification_center.h"
 #include "model/enumerations.h"
-#include "notify/notification_center.h"
 
 #include <QCoroTask>
 

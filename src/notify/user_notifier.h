@@ -1,8 +1,8 @@
 #pragma once
 
+#include "desktop/notification_center.h"
 #include "notify/alert_notifying.h"
 #include "notify/alert_responses.h"
-#include "notify/notification_center.h"
 
 #include <QMap>
 

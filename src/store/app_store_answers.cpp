@@ -2,7 +2,7 @@
 
 #include "api/endpoints.h"
 #include "store/answer_rules.h"
-#include "store/text_cut.h"
+#include "text/text_cut.h"
 
 namespace pingwell {
 

@@ -1,7 +1,7 @@
 #include "store/app_store.h"
 
 #include "store/outcome_text.h"
-#include "time_format/time_format.h"
+#include "text/time_format.h"
 
 #include <algorithm>
 #include <vector>

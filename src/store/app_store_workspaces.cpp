@@ -4,7 +4,7 @@
 #include "store/local_id.h"
 #include "store/preference_keys.h"
 #include "store/record_field.h"
-#include "store/text_cut.h"
+#include "text/text_cut.h"
 
 #include <algorithm>
 

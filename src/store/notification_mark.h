@@ -1,8 +1,8 @@
 #pragma once
 
+#include "desktop/preferences.h"
 #include "model/account.h"
 #include "model/alert.h"
-#include "model/preferences.h"
 
 #include <QList>
 #include <QSet>

@@ -1,6 +1,6 @@
 #include "store/outcome_text.h"
 
-#include "time_format/time_format.h"
+#include "text/time_format.h"
 
 namespace pingwell {
 

@@ -1,6 +1,6 @@
 #include "store/refused_session.h"
 
-#include "store/text_cut.h"
+#include "text/text_cut.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "auth/token_store.h"
+#include "desktop/preferences.h"
 #include "model/account.h"
-#include "model/preferences.h"
 
 #include <QUrl>
 

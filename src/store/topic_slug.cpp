@@ -1,6 +1,6 @@
 #include "store/topic_slug.h"
 
-#include "store/text_cut.h"
+#include "text/text_cut.h"
 
 #include <QRegularExpression>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "desktop/preferences.h"
 #include "model/alert.h"
-#include "model/preferences.h"
 
 #include <QList>
 #include <QSet>

@@ -1,5 +1,5 @@
 #include "auth/keychain_token_store.h"
-#include "fake_keychain.h"
+#include "support/fake_keychain.h"
 
 #include <QElapsedTimer>
 #include <QTest>

@@ -1,5 +1,5 @@
-#include "fake_notification_center.h"
 #include "notify/user_notifier.h"
+#include "support/fake_notification_center.h"
 
 #include <QTest>
 

@@ -4,11 +4,11 @@
 #include "store/outcome_text.h"
 #include "store/preference_keys.h"
 #include "store/service_clock.h"
-#include "store/text_cut.h"
 #include "store/topic_slug.h"
 #include "store/waiting_asks.h"
 #include "support/in_row.h"
 #include "support/manual_clock.h"
+#include "text/text_cut.h"
 
 #include <QTest>
 

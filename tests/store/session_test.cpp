@@ -1,7 +1,7 @@
-#include "auth/fake_keychain.h"
 #include "auth/keychain_token_store.h"
 #include "store/preference_keys.h"
 #include "store_fixture.h"
+#include "support/fake_keychain.h"
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/preferences.h"
+#include "desktop/preferences.h"
 
 #include <QMap>
 

@@ -1,6 +1,6 @@
 #include "screen_fixture.h"
-#include "ui/accessibility_snapshot.h"
-#include "ui/announcer.h"
+#include "ui/engine/accessibility_snapshot.h"
+#include "ui/engine/announcer.h"
 
 #include <QAccessible>
 #include <QJsonDocument>

@@ -1,6 +1,6 @@
 #include "screen_fixture.h"
-#include "ui/alert_list_model.h"
-#include "ui/list_steps.h"
+#include "ui/inbox/alert_list_model.h"
+#include "ui/lists/list_steps.h"
 
 #include <QAbstractItemModelTester>
 #include <QRandomGenerator>

@@ -1,7 +1,7 @@
-#include "../notify/fake_notification_center.h"
 #include "screen_fixture.h"
 #include "store/preference_keys.h"
-#include "ui/notification_access.h"
+#include "support/fake_notification_center.h"
+#include "ui/settings/notification_access.h"
 
 #include <QTest>
 

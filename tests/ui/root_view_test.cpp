@@ -1,5 +1,5 @@
 #include "screen_fixture.h"
-#include "ui/accessibility_snapshot.h"
+#include "ui/engine/accessibility_snapshot.h"
 
 #include <QJsonDocument>
 #include <QTest>

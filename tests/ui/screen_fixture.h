@@ -1,8 +1,8 @@
 #pragma once
 
+#include "desktop/appearance.h"
 #include "store_fixture.h"
-#include "ui/appearance.h"
-#include "ui/engine.h"
+#include "ui/engine/engine.h"
 
 #include <QQuickItem>
 #include <QQuickView>

@@ -1,10 +1,10 @@
-#include "../notify/fake_login_item.h"
-#include "../notify/fake_notification_center.h"
 #include "screen_fixture.h"
 #include "store/preference_keys.h"
-#include "ui/login_item_access.h"
-#include "ui/notification_access.h"
-#include "ui/settings_facts.h"
+#include "support/fake_login_item.h"
+#include "support/fake_notification_center.h"
+#include "ui/settings/login_item_access.h"
+#include "ui/settings/notification_access.h"
+#include "ui/settings/settings_facts.h"
 
 #include <QAccessible>
 #include <QTest>

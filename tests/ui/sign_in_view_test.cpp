@@ -1,6 +1,6 @@
 #include "screen_fixture.h"
 #include "store/preference_keys.h"
-#include "ui/server_address.h"
+#include "ui/signin/server_address.h"
 
 #include <QAccessible>
 #include <QClipboard>

@@ -1,5 +1,5 @@
 #include "screen_fixture.h"
-#include "ui/initials.h"
+#include "text/initials.h"
 
 #include <QTest>
 

@@ -1,11 +1,11 @@
 // Draws the screens in every state into pictures, to be looked at: gallery <folder> [font family].
 
-#include "app/demo_data.h"
 #include "auth/web_authenticator.h"
-#include "fake_notification_center.h"
+#include "demo/demo_data.h"
 #include "screen_fixture.h"
 #include "store_fixture.h"
-#include "ui/notification_access.h"
+#include "support/fake_notification_center.h"
+#include "ui/settings/notification_access.h"
 
 #include <QDir>
 #include <QFont>

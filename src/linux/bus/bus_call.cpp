@@ -1,0 +1,31 @@
+#include "linux/bus/bus_call.h"
+
+#include <QDBusPendingCall>
+
+namespace pingwell {
+
+BusCall::BusCall(const QDBusConnection &bus, const QDBusMessage &call, std::chrono::milliseconds limit)
+    // The coroutine may end, and let go of the watcher, while the watcher is telling it of the reply.
+    : m_watcher(new QDBusPendingCallWatcher(bus.asyncCall(call, static_cast<int>(limit.count()))),
+                [](QDBusPendingCallWatcher *watcher) { watcher->deleteLater(); })
+{
+}
+
+bool BusCall::await_ready() const
+{
+    return m_watcher->isFinished();
+}
+
+void BusCall::await_suspend(std::coroutine_handle<> awaiting)
+{
+    // Told from the event loop, so a reply that came since await_ready is not missed.
+    QObject::connect(m_watcher.get(), &QDBusPendingCallWatcher::finished, m_watcher.get(),
+                     [awaiting] { awaiting.resume(); });
+}
+
+QDBusMessage BusCall::await_resume() const
+{
+    return m_watcher->reply();
+}
+
+} // namespace pingwell

@@ -1,0 +1,281 @@
+#include "linux/notifications/freedesktop_notification_center.h"
+
+#include "async/launch.h"
+#include "linux/notifications/banner_actions.h"
+#include "linux/notifications/banner_message.h"
+#include "linux/notifications/desktop_notification_settings.h"
+
+#include <QDBusServiceWatcher>
+#include <QProcess>
+
+#include <limits>
+#include <utility>
+
+namespace pingwell {
+
+namespace {
+
+/// A banner that comes up late still has buttons, and what is pressed must find its question: nobody waits for this
+/// reply but the banner itself, so it may take as long as the server lives.
+constexpr std::chrono::milliseconds asLongAsItTakes{std::numeric_limits<int>::max()};
+
+bool isFromNobody(const QDBusMessage &error)
+{
+    return error.errorName() == QStringLiteral("org.freedesktop.DBus.Error.ServiceUnknown") ||
+           error.errorName() == QStringLiteral("org.freedesktop.DBus.Error.NameHasNoOwner");
+}
+
+} // namespace
+
+FreedesktopNotificationCenter::FreedesktopNotificationCenter(QObject *parent)
+    : QObject(parent)
+    , m_bus(QDBusConnection::sessionBus())
+{
+}
+
+FreedesktopNotificationCenter::~FreedesktopNotificationCenter()
+{
+    removeAll();
+    record();
+}
+
+void FreedesktopNotificationCenter::rememberIn(std::shared_ptr<Preferences> preferences)
+{
+    m_record = BannerRecord(std::move(preferences));
+    if (!m_record.mayBeShown())
+        return;
+    listen();
+    sendWaiting();
+}
+
+QCoro::Task<AuthorizationStatus> FreedesktopNotificationCenter::authorizationStatus()
+{
+    return readAuthorizationStatus(m_bus);
+}
+
+QCoro::Task<> FreedesktopNotificationCenter::requestAuthorization()
+{
+    co_return;
+}
+
+bool FreedesktopNotificationCenter::canOpenSettings() const
+{
+    return !notificationSettingsCommand().isEmpty();
+}
+
+void FreedesktopNotificationCenter::openSettings()
+{
+    QStringList command = notificationSettingsCommand();
+    if (command.isEmpty())
+        return;
+    const QString program = command.takeFirst();
+    QProcess::startDetached(program, command);
+}
+
+void FreedesktopNotificationCenter::setCategories(const QList<NotificationCategory> &categories)
+{
+    m_actions.clear();
+    for (const NotificationCategory &category : categories)
+        m_actions.insert(category.identifier, category.actions);
+}
+
+void FreedesktopNotificationCenter::add(const NotificationRequest &request)
+{
+    const Banner *const known = m_banners.find(request.identifier);
+    if (request.onlyReplaces && (!known || known->isWithdrawn || known->stage != Banner::Stage::shown))
+        return;
+    if (!known) {
+        if (std::optional<Banner> givenUp = m_banners.makeRoom())
+            close(*givenUp);
+    }
+    Banner &banner = m_banners.obtain(request.identifier);
+    banner.isWithdrawn = false;
+    banner.takesAnswers = request.content.categoryIdentifier.has_value();
+    banner.next = request;
+    listen();
+    sendWaiting();
+}
+
+void FreedesktopNotificationCenter::remove(const QStringList &identifiers)
+{
+    for (const QString &identifier : identifiers)
+        withdraw(identifier);
+    m_record.forget(identifiers);
+    recordSoon();
+}
+
+void FreedesktopNotificationCenter::removeAll()
+{
+    remove(m_banners.requestIdentifiers() + m_record.leftBehind());
+}
+
+void FreedesktopNotificationCenter::setResponseHandler(ResponseHandler handler)
+{
+    m_responseHandler = std::move(handler);
+}
+
+/// Starts with the first banner: before it there is nothing to hear, and the start of the program is spared the calls.
+void FreedesktopNotificationCenter::listen()
+{
+    if (m_ownerWatch)
+        return;
+    m_ownerWatch =
+        std::make_unique<QDBusServiceWatcher>(notificationService, m_bus, QDBusServiceWatcher::WatchForOwnerChange);
+    connect(m_ownerWatch.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
+            &FreedesktopNotificationCenter::noteOwner);
+    m_events = std::make_unique<BannerEventSource>(m_bus);
+    connect(m_events.get(), &BannerEventSource::told, this, &FreedesktopNotificationCenter::handle);
+}
+
+void FreedesktopNotificationCenter::noteOwner(const QString &, const QString &, const QString &newOwner)
+{
+    m_owner = newOwner;
+    if (m_server && m_server->owner != newOwner)
+        m_server.reset();
+    m_banners.keepOnly(newOwner);
+    recordSoon();
+}
+
+void FreedesktopNotificationCenter::sendWaiting()
+{
+    if (!m_server) {
+        if (!std::exchange(m_isReadingServer, true))
+            launch("reading the notification server", readServer(this));
+        return;
+    }
+    while (Banner *const banner = m_banners.nextToSend())
+        send(*banner);
+}
+
+QCoro::Task<> FreedesktopNotificationCenter::readServer(QPointer<FreedesktopNotificationCenter> center)
+{
+    const QDBusConnection bus = center->m_bus;
+    std::optional<NotificationServer> server;
+    bool isOutdated = true;
+    while (isOutdated) {
+        const std::optional<NotificationServer> answer = co_await readNotificationServer(bus);
+        if (!center)
+            co_return;
+        server = answer;
+        // Its successor was announced while its answers were on their way.
+        isOutdated = server && center->m_owner && *center->m_owner != server->owner;
+    }
+    center->m_isReadingServer = false;
+    center->m_server = server;
+    if (!server) {
+        center->m_banners.forgetUnsent();
+        co_return;
+    }
+    center->m_busIdentifier = server->bus;
+    center->closeLeftBehind();
+    center->sendWaiting();
+}
+
+void FreedesktopNotificationCenter::closeLeftBehind()
+{
+    for (const uint number : m_record.takeNumbers(m_busIdentifier, m_server->owner)) {
+        QDBusMessage call = notificationCall(QStringLiteral("CloseNotification"), m_server->owner);
+        call << number;
+        m_bus.send(call);
+    }
+    recordSoon();
+}
+
+/// What happens in one turn of the event loop is written once.
+void FreedesktopNotificationCenter::recordSoon()
+{
+    if (!std::exchange(m_recordsSoon, true))
+        QMetaObject::invokeMethod(this, &FreedesktopNotificationCenter::record, Qt::QueuedConnection);
+}
+
+void FreedesktopNotificationCenter::record()
+{
+    m_recordsSoon = false;
+    m_record.keep(m_banners.all(), m_busIdentifier);
+}
+
+void FreedesktopNotificationCenter::send(Banner &banner)
+{
+    const NotificationRequest request = *std::exchange(banner.next, std::nullopt);
+    // One that has left the screen would be replaced where nobody looks; and what was just pressed in one that offers
+    // something else must not be taken for a press of this one's.
+    if (banner.stage == Banner::Stage::expired || banner.payload != request.content.payload)
+        close(banner);
+    if (banner.stage != Banner::Stage::shown || banner.server != m_server->owner) {
+        banner.number = 0;
+        banner.offeredKeys.clear();
+    }
+    banner.stage = Banner::Stage::shown;
+    banner.payload = request.content.payload;
+    banner.isSending = true;
+    const auto actions = m_actions.value(request.content.categoryIdentifier.value_or(QString()));
+    for (const BannerAction &action : fitActions(actions, *m_server))
+        banner.offeredKeys.append(action.key);
+    m_banners.noteWords(banner, bannerWords(request.content, *m_server));
+    launch("showing a notification",
+           show(this, request, showBannerCall(request.content, actions, *m_server, banner.number, banner.copy)));
+}
+
+QCoro::Task<> FreedesktopNotificationCenter::show(QPointer<FreedesktopNotificationCenter> center,
+                                                  NotificationRequest request, QDBusMessage call)
+{
+    BusCall notify(center->m_bus, call, asLongAsItTakes);
+    const QDBusMessage reply = co_await notify;
+    if (center)
+        center->noteSent(request, reply);
+}
+
+void FreedesktopNotificationCenter::noteSent(const NotificationRequest &request, const QDBusMessage &reply)
+{
+    Banner *const banner = m_banners.find(request.identifier);
+    if (!banner)
+        return;
+    banner->isSending = false;
+    if (reply.type() == QDBusMessage::ReplyMessage) {
+        m_banners.number(*banner, reply.service(), reply.arguments().value(0).toUInt());
+        banner->stage = Banner::Stage::shown;
+        m_record.forget({request.identifier});
+    } else if (isFromNobody(reply) && !banner->isWithdrawn) {
+        // The server had just left; its successor gets what it never saw.
+        m_server.reset();
+        if (!banner->next)
+            banner->next = request;
+    }
+    if (banner->isWithdrawn)
+        close(*banner);
+    const QList<BannerEvent> early = m_early.take(banner->server, banner->number);
+    if (banner->number == 0 && !banner->next)
+        m_banners.forget(request.identifier);
+    for (const BannerEvent &event : early)
+        handle(event);
+    if (!m_banners.isAnySending())
+        m_early.clear();
+    recordSoon();
+    sendWaiting();
+}
+
+void FreedesktopNotificationCenter::withdraw(const QString &identifier)
+{
+    Banner *const banner = m_banners.find(identifier);
+    if (!banner)
+        return;
+    banner->next.reset();
+    banner->isWithdrawn = true;
+    if (banner->isSending)
+        return;
+    // It stays known until the server confirms: an answer pressed just before is still on its way.
+    close(*banner);
+    if (banner->number == 0)
+        m_banners.forget(identifier);
+}
+
+void FreedesktopNotificationCenter::close(Banner &banner) const
+{
+    if (banner.number == 0 || std::exchange(banner.stage, Banner::Stage::closed) == Banner::Stage::closed)
+        return;
+    QDBusMessage call = notificationCall(QStringLiteral("CloseNotification"), banner.server);
+    call << banner.number;
+    m_bus.send(call);
+}
+
+} // namespace pingwell

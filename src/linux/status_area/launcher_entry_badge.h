@@ -1,0 +1,28 @@
+#pragma once
+
+#include "desktop/launcher_badge.h"
+
+#include <QObject>
+
+namespace pingwell {
+
+/// The badge as docks and task managers know it: the signal Update of com.canonical.Unity.LauncherEntry, broadcast on
+/// the session bus. Main thread.
+class LauncherEntryBadge final : public QObject, public LauncherBadge
+{
+    Q_OBJECT
+
+public:
+    explicit LauncherEntryBadge(QObject *parent = nullptr);
+    /// Takes the badge away.
+    ~LauncherEntryBadge() override;
+
+    void setCount(qsizetype count) override;
+
+private:
+    void announce() const;
+
+    qint64 m_count = 0;
+};
+
+} // namespace pingwell

@@ -1,0 +1,44 @@
+#include "program/exit_guard.h"
+
+#include "program/pingwell_app.h"
+
+#include <QCoreApplication>
+
+#include <chrono>
+#include <cstdlib>
+#include <thread>
+
+namespace pingwell {
+
+namespace {
+
+const AppStore *guarded = nullptr;
+
+void finishWithoutLoop()
+{
+    using Clock = std::chrono::steady_clock;
+    constexpr std::chrono::milliseconds pause{5};
+    const Clock::time_point end = Clock::now() + PingwellApp::quitPatience;
+    while (guarded && guarded->hasUnfinishedWork() && Clock::now() < end) {
+        QCoreApplication::sendPostedEvents();
+        std::this_thread::sleep_for(pause);
+    }
+}
+
+} // namespace
+
+ExitGuard::ExitGuard(const AppStore &store)
+{
+    guarded = &store;
+    // Exit handlers run in reverse order of their registration. Registered once the first dashboard is there, this one
+    // runs before those that take down the network and the thread pool.
+    QObject::connect(&store, &AppStore::hasLoadedChanged, &store,
+                     [] { [[maybe_unused]] static const bool registered = std::atexit(finishWithoutLoop) == 0; });
+}
+
+ExitGuard::~ExitGuard()
+{
+    guarded = nullptr;
+}
+
+} // namespace pingwell

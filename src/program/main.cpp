@@ -1,0 +1,90 @@
+#include "linux/session/quit_signals.h"
+#include "linux/ui_test/ui_test_bridge.h"
+#include "program/command_line.h"
+#include "program/composition.h"
+#include "program/heap_limits.h"
+#include "ui/engine/accessibility_snapshot.h"
+
+#include <QApplication>
+#include <QTextStream>
+
+using namespace pingwell;
+
+namespace {
+
+/// The same list as the application object's, before there is one.
+QStringList argumentsOf(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int index = 1; index < argc; ++index)
+        arguments << QString::fromLocal8Bit(argv[index]);
+    return arguments;
+}
+
+/// Claims the program's place in the session before there is anything to show: a start that only hands over must be
+/// done in no time, and the graphical application object would take the activation token out of the environment.
+/// False when another process has the place and has been told.
+bool claimPlace(int &argc, char **argv, std::unique_ptr<SingleInstance> &instance)
+{
+    const QCoreApplication application(argc, argv);
+    instance = makeSingleInstance(LaunchOptions::current());
+    if (!instance || instance->claim(ownURLs(QCoreApplication::arguments())) == SingleInstance::Role::primary)
+        return true;
+    if (const auto note = handOverNote(LaunchOptions::current()))
+        QTextStream(stdout) << *note;
+    return false;
+}
+
+/// Lets an automated test look into the windows; the person's own program shows itself to nobody.
+std::unique_ptr<UITestBridge> makeBridge(const LaunchOptions &options)
+{
+    if (!options.isAutomated())
+        return nullptr;
+    auto bridge = std::make_unique<UITestBridge>(accessibilitySnapshot);
+    if (!bridge->serve())
+        QTextStream(stdout) << "[ui test] the windows can't be looked into: no session bus, or another test runs\n";
+    return bridge;
+}
+
+int run(int &argc, char **argv, SingleInstance *instance)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("pingwell"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Pingwell"));
+    QApplication::setApplicationVersion(QStringLiteral(PINGWELL_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("com.pingwell.mac"));
+    // The program lives in the status area; windows come and go.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    const LaunchOptions &options = LaunchOptions::current();
+    std::unique_ptr<PingwellApp> app = makeApp(options, instance);
+    QObject::connect(app.get(), &PingwellApp::quitRequested, &application, &QCoreApplication::quit,
+                     Qt::QueuedConnection);
+    const std::unique_ptr<UITestBridge> bridge = makeBridge(options);
+    const QuitSignals quitSignals;
+    QObject::connect(&quitSignals, &QuitSignals::quitRequested, app.get(), &PingwellApp::quit);
+    // At log-out a session manager ends the program once it has agreed.
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, app.get(), &PingwellApp::finishWork);
+    app->start();
+    const int status = QApplication::exec();
+    app->finishWork();
+    app.reset();
+    // What still slept was told to stop; this lets it see that and end.
+    QCoreApplication::processEvents();
+    return status;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    limitHeap();
+    if (const auto answer = terminalAnswer(argumentsOf(argc, argv), QStringLiteral(PINGWELL_VERSION))) {
+        QTextStream(stdout) << *answer;
+        return 0;
+    }
+    std::unique_ptr<SingleInstance> instance;
+    if (!claimPlace(argc, argv, instance))
+        return 0;
+    return run(argc, argv, instance.get());
+}
