@@ -38,8 +38,6 @@ public:
     /// Opens the desktop's notification settings; does nothing where there are none.
     virtual void openSettings() = 0;
 
-    /// Replaces the categories that requests may refer to.
-    virtual void setCategories(const QList<NotificationCategory> &categories) = 0;
     virtual void add(const NotificationRequest &request) = 0;
     /// Takes back notifications, shown or on their way.
     virtual void remove(const QStringList &identifiers) = 0;

@@ -34,7 +34,7 @@ struct NotificationAction
     friend bool operator==(const NotificationAction &, const NotificationAction &) = default;
 };
 
-/// A set of actions that notifications refer to by its identifier.
+/// What can be done with a notification. Two notifications that offer the same have the same category.
 struct NotificationCategory
 {
     QString identifier;
@@ -65,7 +65,8 @@ struct NotificationContent
     bool sound = false;
     /// Matters now, even to a person who does not want to be disturbed.
     bool timeSensitive = false;
-    std::optional<QString> categoryIdentifier;
+    /// None where there is nothing to do but to read it.
+    std::optional<NotificationCategory> category;
 
     friend bool operator==(const NotificationContent &, const NotificationContent &) = default;
 };

@@ -45,7 +45,7 @@ std::optional<NotificationCategory> categoryOf(const Alert &alert)
 NotificationContent contentOf(const Alert &alert, const std::optional<QString> &workspaceName, bool sound)
 {
     const bool isCritical = alert.priority == Priority::critical;
-    NotificationContent content{
+    return {
         .title = alert.title,
         .subtitle = subtitleOf(alert, workspaceName),
         .body = alert.body,
@@ -53,11 +53,8 @@ NotificationContent contentOf(const Alert &alert, const std::optional<QString> &
         .payload = {.alertId = alert.id, .workspaceId = alert.workspaceId, .actions = alert.actions},
         .sound = sound || isCritical,
         .timeSensitive = isCritical,
-        .categoryIdentifier = std::nullopt,
+        .category = categoryOf(alert),
     };
-    if (const std::optional<NotificationCategory> category = categoryOf(alert))
-        content.categoryIdentifier = category->identifier;
-    return content;
 }
 
 NotificationContent refusalContent(const Alert &alert, const std::optional<QString> &workspaceName,
@@ -67,7 +64,7 @@ NotificationContent refusalContent(const Alert &alert, const std::optional<QStri
     // First, where a short banner can't cut it off.
     content.body = QStringLiteral("Your answer didn't go through. ") + refusal.reason + u'\n' + alert.body;
     if (!refusal.canAnswerAgain)
-        content.categoryIdentifier.reset();
+        content.category.reset();
     return content;
 }
 

@@ -43,8 +43,8 @@ void UserNotifier::deliver(const Alert &alert, const std::optional<QString> &wor
     m_refusals.remove(alert.id);
     NotificationContent content = contentOf(alert, workspaceName, sound);
     if (!canAnswer)
-        content.categoryIdentifier.reset();
-    show(alert, content);
+        content.category.reset();
+    m_center->add({.identifier = alert.id, .content = content});
 }
 
 void UserNotifier::remove(const QStringList &identifiers)
@@ -65,7 +65,7 @@ void UserNotifier::deliverRefusal(const Alert &alert, const std::optional<QStrin
 {
     const NotificationContent content = refusalContent(alert, workspaceName, refusal);
     m_refusals.insert(alert.id, content);
-    show(alert, content);
+    m_center->add({.identifier = alert.id, .content = content});
 }
 
 void UserNotifier::endAsks(const QStringList &alertIDs)
@@ -75,7 +75,7 @@ void UserNotifier::endAsks(const QStringList &alertIDs)
         const auto refusal = m_refusals.find(id);
         if (refusal == m_refusals.end()) {
             answerable.append(id);
-        } else if (std::exchange(refusal->categoryIdentifier, std::nullopt)) {
+        } else if (std::exchange(refusal->category, std::nullopt)) {
             refusal->sound = false;
             m_center->add({.identifier = id, .content = *refusal, .onlyReplaces = true});
         }
@@ -89,23 +89,6 @@ void UserNotifier::deliverMessage(const QString &identifier, const QString &titl
     content.title = title;
     content.body = message;
     m_center->add({.identifier = identifier, .content = std::move(content)});
-}
-
-void UserNotifier::show(const Alert &alert, NotificationContent content)
-{
-    registerCategory(alert);
-    m_center->add({.identifier = alert.id, .content = std::move(content)});
-}
-
-void UserNotifier::registerCategory(const Alert &alert)
-{
-    const std::optional<NotificationCategory> category = categoryOf(alert);
-    // One identifier may stand for other choices now: "a|b" is one choice, or two. Those of this alert count; what is
-    // on the screen already has its buttons.
-    if (!category || m_categories.value(category->identifier) == *category)
-        return;
-    m_categories.insert(category->identifier, *category);
-    m_center->setCategories(m_categories.values());
 }
 
 void UserNotifier::handle(const NotificationResponse &response) const

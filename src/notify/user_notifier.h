@@ -32,14 +32,10 @@ public:
     void deliverMessage(const QString &identifier, const QString &title, const QString &message) override;
 
 private:
-    void show(const Alert &alert, NotificationContent content);
-    void registerCategory(const Alert &alert);
     void handle(const NotificationResponse &response) const;
 
     std::shared_ptr<NotificationCenter> m_center;
     std::weak_ptr<AlertResponses> m_responses;
-    /// By identifier; the desktop knows them all, so that a notification shown long ago keeps its actions.
-    QMap<QString, NotificationCategory> m_categories;
     /// What tells of a refusal, by the alert's id; it may have been dismissed since.
     QMap<QString, NotificationContent> m_refusals;
 };

@@ -1,5 +1,5 @@
+#include "desktop/preference_keys.h"
 #include "linux/notifications/freedesktop_notification_center.h"
-#include "store/preference_keys.h"
 #include "support/memory_preferences.h"
 #include "support/scripted_notification_server.h"
 
@@ -22,7 +22,7 @@ NotificationRequest request(const QString &alertId)
     content.title = u"Ship it?"_s;
     content.subtitle = u"Deployer · #releases"_s;
     content.payload = {.alertId = alertId, .workspaceId = u"w"_s, .actions = {u"Yes"_s, u"No"_s}};
-    content.categoryIdentifier = yesNo.identifier;
+    content.category = yesNo;
     return {alertId, content};
 }
 
@@ -87,7 +87,6 @@ private slots:
         m_responses.clear();
         m_server = std::make_unique<ScriptedNotificationServer>();
         m_center = std::make_unique<FreedesktopNotificationCenter>();
-        m_center->setCategories({yesNo});
         m_center->setResponseHandler(
             [this](const NotificationResponse &response) { m_responses << written(response); });
         QVERIFY(m_server->appear());
@@ -111,7 +110,7 @@ private slots:
         show(u"b"_s);
         QCOMPARE(m_server->last().body, u"Deployer · #releases\nAnother question in the same words (2)"_s);
         NotificationRequest notice = request(u"notice"_s);
-        notice.content.categoryIdentifier.reset();
+        notice.content.category.reset();
         NotificationRequest other = request(u"b"_s);
         other.content.title = u"Now?"_s;
         for (const NotificationRequest &same : {request(u"a"_s), notice, other}) {
@@ -154,8 +153,9 @@ private slots:
         m_server->vanish();
         m_server->capabilities << u"inline-reply"_s;
         QVERIFY(m_server->appear());
-        m_center->setCategories({{yesNo.identifier, {{u"reply"_s, u"Reply"_s, NotificationTextInput{}}}}});
-        const uint number = show(u"a"_s);
+        NotificationRequest asked = request(u"a"_s);
+        asked.content.category->actions = {{u"reply"_s, u"Reply"_s, NotificationTextInput{}}};
+        const uint number = show(asked);
         m_server->invokeAction(number, u"inline-reply"_s);
         settle();
         QVERIFY(m_responses.isEmpty() && !m_server->closed().contains(number));

@@ -41,19 +41,16 @@ Alert makeAlert(AlertKind kind, AnswerType answerType = AnswerType::choice, cons
     return alert;
 }
 
-/// Categories, a line each.
-QStringList written(const QList<NotificationCategory> &categories)
+/// A category on one line.
+QString written(const NotificationCategory &category)
 {
-    QStringList lines;
-    for (const NotificationCategory &category : categories) {
-        lines << category.identifier + u':';
-        for (const NotificationAction &action : category.actions) {
-            lines.last() += u' ' + action.identifier + u'=' + action.title;
-            if (action.textInput)
-                lines.last() += u'/' + action.textInput->buttonTitle + u'/' + action.textInput->placeholder;
-        }
+    QString line = category.identifier + u':';
+    for (const NotificationAction &action : category.actions) {
+        line += u' ' + action.identifier + u'=' + action.title;
+        if (action.textInput)
+            line += u'/' + action.textInput->buttonTitle + u'/' + action.textInput->placeholder;
     }
-    return lines;
+    return line;
 }
 
 } // namespace
@@ -89,26 +86,10 @@ private slots:
             {makeAlert(AlertKind::ask, AnswerType::text), u"reply.Type a reply…: reply=Reply/Send/Type a reply…"_s},
             // Text wins over choices.
             {makeAlert(AlertKind::ask, AnswerType::text, two, u"Why?"_s), u"reply.Why?: reply=Reply/Send/Why?"_s}};
-        QStringList expected;
-        for (const auto &[alert, category] : cases) {
-            expected << category;
-            deliver(alert);
-            QVERIFY(category.startsWith(*deliver(alert).categoryIdentifier + u':'));
-            // Once each. The desktop replaces the set, so it has to be whole.
-            QCOMPARE(m_center->registered.size(), expected.size());
-            QCOMPARE(written(m_center->registered.constLast()), expected);
-        }
-        QVERIFY(!deliver(makeAlert(AlertKind::notify, AnswerType::choice, two)).categoryIdentifier);
-        QVERIFY2(!deliver(cases.first().first, true, false).categoryIdentifier, "only to be read");
-        QCOMPARE(m_center->registered.size(), 3);
-    }
-
-    void buttonsAreThoseOfTheAlert()
-    {
-        for (const QStringList &actions : {QStringList{u"a|b"_s}, QStringList{u"a"_s, u"b"_s}, QStringList{u"a|b"_s}}) {
-            deliver(makeAlert(AlertKind::ask, AnswerType::choice, actions));
-            QCOMPARE(m_center->registered.constLast().constFirst().actions.size(), actions.size());
-        }
+        for (const auto &[alert, category] : cases)
+            QCOMPARE(written(*deliver(alert).category), category);
+        QVERIFY(!deliver(makeAlert(AlertKind::notify, AnswerType::choice, two)).category);
+        QVERIFY2(!deliver(cases.first().first, true, false).category, "only to be read");
     }
 
     void loudness()
@@ -144,10 +125,9 @@ private slots:
         const NotificationContent again = m_center->added.constLast().content;
         QCOMPARE(again.subtitle, u"Deployer · #releases"_s);
         QCOMPARE(again.body, u"Your answer didn't go through. Offline.\nVersion 2 is ready."_s);
-        // Registered also when it was never delivered before.
-        QVERIFY(!again.sound && again.categoryIdentifier && m_center->registered.size() == 1);
+        QVERIFY(!again.sound && again.category);
         m_notifier->deliverRefusal(ask, std::nullopt, {u"The ask is closed."_s, false});
-        QVERIFY2(!m_center->added.constLast().content.categoryIdentifier, "it offers an answer that can't be given");
+        QVERIFY2(!m_center->added.constLast().content.category, "it offers an answer that can't be given");
     }
 
     void anEndedAskLeavesNoButtons()
@@ -161,7 +141,7 @@ private slots:
             QCOMPARE(m_center->added.size(), added);
         }
         const NotificationRequest left = m_center->added.constLast();
-        QVERIFY(left.onlyReplaces && left.content.body == said && !left.content.categoryIdentifier);
+        QVERIFY(left.onlyReplaces && left.content.body == said && !left.content.category);
         QCOMPARE(m_center->removed, (QStringList{u"a-1"_s, u"a-1"_s}));
         // Announced anew or dealt with, it tells of no refusal any more.
         m_notifier->deliver(told, std::nullopt, false, true);
@@ -203,7 +183,7 @@ private slots:
         m_notifier->deliverMessage(u"session"_s, u"Signed out"_s, u"Sign in again."_s);
         const NotificationRequest request = m_center->added.constLast();
         QCOMPARE(request.identifier, u"session"_s);
-        QVERIFY(!request.content.categoryIdentifier && !request.content.sound);
+        QVERIFY(!request.content.category && !request.content.sound);
         m_center->responseHandler({request.content.payload, u"default"_s, {}, u"token"_s});
         QCOMPARE(m_responses->lines, QStringList{u"open  [token]"_s});
     }

@@ -21,7 +21,6 @@ public:
     }
     bool canOpenSettings() const override { return hasSettings; }
     void openSettings() override { ++settingsOpened; }
-    void setCategories(const QList<NotificationCategory> &categories) override { registered.append(categories); }
     void add(const NotificationRequest &request) override { added.append(request); }
     void remove(const QStringList &identifiers) override { removed << identifiers; }
     void removeAll() override { ++removedAll; }
@@ -34,8 +33,6 @@ public:
     bool hasSettings = true;
     int requests = 0;
     int settingsOpened = 0;
-    /// Each whole set that was registered.
-    QList<QList<NotificationCategory>> registered;
     QList<NotificationRequest> added;
     QStringList removed;
     int removedAll = 0;

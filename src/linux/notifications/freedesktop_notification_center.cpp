@@ -72,13 +72,6 @@ void FreedesktopNotificationCenter::openSettings()
     QProcess::startDetached(program, command);
 }
 
-void FreedesktopNotificationCenter::setCategories(const QList<NotificationCategory> &categories)
-{
-    m_actions.clear();
-    for (const NotificationCategory &category : categories)
-        m_actions.insert(category.identifier, category.actions);
-}
-
 void FreedesktopNotificationCenter::add(const NotificationRequest &request)
 {
     const Banner *const known = m_banners.find(request.identifier);
@@ -90,7 +83,7 @@ void FreedesktopNotificationCenter::add(const NotificationRequest &request)
     }
     Banner &banner = m_banners.obtain(request.identifier);
     banner.isWithdrawn = false;
-    banner.takesAnswers = request.content.categoryIdentifier.has_value();
+    banner.takesAnswers = request.content.category.has_value();
     banner.next = request;
     listen();
     sendWaiting();
@@ -208,7 +201,7 @@ void FreedesktopNotificationCenter::send(Banner &banner)
     banner.stage = Banner::Stage::shown;
     banner.payload = request.content.payload;
     banner.isSending = true;
-    const auto actions = m_actions.value(request.content.categoryIdentifier.value_or(QString()));
+    const auto actions = request.content.category.value_or(NotificationCategory()).actions;
     for (const BannerAction &action : fitActions(actions, *m_server))
         banner.offeredKeys.append(action.key);
     m_banners.noteWords(banner, bannerWords(request.content, *m_server));

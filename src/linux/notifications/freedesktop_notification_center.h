@@ -41,7 +41,6 @@ public:
     QCoro::Task<> requestAuthorization() override;
     [[nodiscard]] bool canOpenSettings() const override;
     void openSettings() override;
-    void setCategories(const QList<NotificationCategory> &categories) override;
     void add(const NotificationRequest &request) override;
     void remove(const QStringList &identifiers) override;
     void removeAll() override;
@@ -75,7 +74,6 @@ private:
     /// None until it was asked, and again when it is replaced.
     std::optional<NotificationServer> m_server;
     bool m_isReadingServer = false;
-    QHash<QString, QList<NotificationAction>> m_actions;
     BannerList m_banners;
     EarlyBannerEvents m_early;
     BannerRecord m_record;
