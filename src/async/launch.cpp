@@ -1,6 +1,7 @@
 #include "async/launch.h"
 
-#include <cstdio>
+#include "model/report.h"
+
 #include <exception>
 
 namespace pingwell {
@@ -12,9 +13,9 @@ QCoro::Task<> watch(const char *what, QCoro::Task<> task)
     try {
         co_await std::move(task);
     } catch (const std::exception &error) {
-        std::fprintf(stderr, "[task] %s failed: %s\n", what, error.what());
+        report("task", QStringLiteral("%1 failed: %2").arg(QLatin1StringView(what), QString::fromUtf8(error.what())));
     } catch (...) {
-        std::fprintf(stderr, "[task] %s failed\n", what);
+        report("task", QLatin1StringView(what) + QStringLiteral(" failed"));
     }
 }
 

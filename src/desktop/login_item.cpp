@@ -1,6 +1,5 @@
 #include "desktop/login_item.h"
-
-#include <cstdio>
+#include "model/report.h"
 
 namespace pingwell {
 
@@ -14,8 +13,9 @@ bool setLaunchAtLogin(LoginItem &item, bool enabled)
 {
     const std::optional<QString> problem = enabled ? item.registerProgram() : item.unregisterProgram();
     if (problem) {
-        std::printf("[login item] %s failed: %s\n", enabled ? "register" : "unregister", qUtf8Printable(*problem));
-        std::fflush(stdout);
+        report("login item",
+               QStringLiteral("%1 failed: %2")
+                   .arg(enabled ? QLatin1StringView("register") : QLatin1StringView("unregister"), *problem));
     }
     return isLaunchAtLoginEnabled(item);
 }

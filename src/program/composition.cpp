@@ -15,6 +15,7 @@
 #include "linux/session/socket_single_instance.h"
 #include "linux/status_area/launcher_entry_badge.h"
 #include "linux/status_area/status_notifier_item.h"
+#include "model/identity.h"
 #include "notify/user_notifier.h"
 #include "program/make_store.h"
 #include "program/notification_responses.h"
@@ -35,10 +36,7 @@ StoreParts makeStoreParts(const std::shared_ptr<Clock> &clock, const std::shared
                           const std::shared_ptr<UserNotifier> &notifier)
 {
     return {
-        .openStandardPreferences =
-            [] {
-                return std::make_shared<JsonPreferences>(JsonPreferences::pathOf(QStringLiteral("com.pingwell.mac")));
-            },
+        .openStandardPreferences = [] { return std::make_shared<JsonPreferences>(JsonPreferences::pathOf(programID)); },
         .openSuite = [](const QString &name) -> std::shared_ptr<Preferences> {
             return JsonPreferences::openSuite(name);
         },

@@ -1,5 +1,7 @@
 #include "linux/session/quit_signals.h"
 #include "linux/ui_test/ui_test_bridge.h"
+#include "model/identity.h"
+#include "model/report.h"
 #include "program/command_line.h"
 #include "program/composition.h"
 #include "program/heap_limits.h"
@@ -42,7 +44,7 @@ std::unique_ptr<UITestBridge> makeBridge(const LaunchOptions &options)
         return nullptr;
     auto bridge = std::make_unique<UITestBridge>(accessibilitySnapshot);
     if (!bridge->serve())
-        QTextStream(stdout) << "[ui test] the windows can't be looked into: no session bus, or another test runs\n";
+        report("ui test", QStringLiteral("the windows can't be looked into: no session bus, or another test runs"));
     return bridge;
 }
 
@@ -52,7 +54,7 @@ int run(int &argc, char **argv, SingleInstance *instance)
     QApplication::setApplicationName(QStringLiteral("pingwell"));
     QApplication::setApplicationDisplayName(QStringLiteral("Pingwell"));
     QApplication::setApplicationVersion(QStringLiteral(PINGWELL_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral("com.pingwell.mac"));
+    QApplication::setDesktopFileName(programID);
     // The program lives in the status area; windows come and go.
     QApplication::setQuitOnLastWindowClosed(false);
 

@@ -2,15 +2,16 @@
 
 #include "auth/keychain_token_store.h"
 #include "demo/demo_data.h"
+#include "desktop/preference_keys.h"
 #include "model/check.h"
-#include "store/preference_keys.h"
+#include "model/identity.h"
 
 namespace pingwell {
 
 namespace {
 
-const QString uiTestSuite = QStringLiteral("com.pingwell.mac.uitest");
-const QString liveUITestSuite = QStringLiteral("com.pingwell.mac.uitest-live");
+const QString uiTestSuite = uiTestID;
+const QString liveUITestSuite = liveUITestID;
 
 /// A suite for one run of a test, without what the last one left.
 std::shared_ptr<Preferences> emptied(const QString &suite, const StoreParts &parts)
@@ -31,7 +32,7 @@ std::shared_ptr<TokenStore> makeTokenStore(const LaunchOptions &options, const S
 {
     if (options.sessionToken)
         return std::make_shared<MemoryTokenStore>(options.sessionToken);
-    return std::make_shared<KeychainTokenStore>(parts.openKeychain(), QStringLiteral("com.pingwell.mac.session"),
+    return std::make_shared<KeychainTokenStore>(parts.openKeychain(), programID + QStringLiteral(".session"),
                                                 QStringLiteral("session"));
 }
 

@@ -1,8 +1,8 @@
 #include "store/app_store.h"
 
 #include "async/launch.h"
+#include "desktop/preference_keys.h"
 #include "model/check.h"
-#include "store/preference_keys.h"
 
 #include <QThread>
 

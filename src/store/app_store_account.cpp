@@ -2,7 +2,7 @@
 
 #include "api/endpoints.h"
 #include "async/launch.h"
-#include "store/preference_keys.h"
+#include "desktop/preference_keys.h"
 #include "store/record_field.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #include "store/app_store.h"
 
 #include "async/background.h"
+#include "desktop/preference_keys.h"
 #include "store/left_out_text.h"
 #include "store/notification_choice.h"
-#include "store/preference_keys.h"
 
 #include <QDateTime>
 

@@ -1,6 +1,6 @@
 #include "store/app_store.h"
 
-#include "store/preference_keys.h"
+#include "desktop/preference_keys.h"
 
 namespace pingwell {
 

@@ -6,7 +6,7 @@
 #include "auth/pkce.h"
 #include "auth/session_secret.h"
 #include "auth/web_authenticator.h"
-#include "store/preference_keys.h"
+#include "desktop/preference_keys.h"
 
 namespace pingwell {
 

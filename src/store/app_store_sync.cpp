@@ -2,8 +2,8 @@
 
 #include "api/endpoints.h"
 #include "async/launch.h"
+#include "desktop/preference_keys.h"
 #include "model/check.h"
-#include "store/preference_keys.h"
 
 #include <limits>
 #include <utility>

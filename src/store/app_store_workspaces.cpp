@@ -1,8 +1,8 @@
 #include "store/app_store.h"
 
 #include "api/endpoints.h"
+#include "desktop/preference_keys.h"
 #include "store/local_id.h"
-#include "store/preference_keys.h"
 #include "store/record_field.h"
 #include "text/text_cut.h"
 

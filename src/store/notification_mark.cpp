@@ -1,6 +1,6 @@
 #include "store/notification_mark.h"
 
-#include "store/preference_keys.h"
+#include "desktop/preference_keys.h"
 
 #include <QCryptographicHash>
 

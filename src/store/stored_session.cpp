@@ -2,7 +2,7 @@
 
 #include "auth/account_record.h"
 #include "auth/session_secret.h"
-#include "store/preference_keys.h"
+#include "desktop/preference_keys.h"
 
 namespace pingwell {
 

@@ -1,6 +1,6 @@
+#include "desktop/preference_keys.h"
 #include "program/command_line.h"
 #include "program/make_store.h"
-#include "store/preference_keys.h"
 #include "support/fake_keychain.h"
 #include "support/manual_clock.h"
 #include "support/memory_preferences.h"

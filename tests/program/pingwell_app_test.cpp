@@ -1,6 +1,6 @@
 #include "demo/demo_data.h"
+#include "desktop/preference_keys.h"
 #include "program/pingwell_app.h"
-#include "store/preference_keys.h"
 #include "store_fixture.h"
 
 #include <QSignalSpy>

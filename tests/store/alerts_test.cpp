@@ -1,5 +1,5 @@
+#include "desktop/preference_keys.h"
 #include "store/notification_mark.h"
-#include "store/preference_keys.h"
 #include "store_fixture.h"
 
 #include <QJsonDocument>

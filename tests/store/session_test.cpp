@@ -1,5 +1,5 @@
 #include "auth/keychain_token_store.h"
-#include "store/preference_keys.h"
+#include "desktop/preference_keys.h"
 #include "store_fixture.h"
 #include "support/fake_keychain.h"
 

@@ -1,4 +1,4 @@
-#include "store/preference_keys.h"
+#include "desktop/preference_keys.h"
 #include "store_fixture.h"
 
 #include <QCryptographicHash>

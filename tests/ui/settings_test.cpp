@@ -1,5 +1,5 @@
+#include "desktop/preference_keys.h"
 #include "screen_fixture.h"
-#include "store/preference_keys.h"
 #include "support/fake_login_item.h"
 #include "support/fake_notification_center.h"
 #include "ui/settings/login_item_access.h"

@@ -1,5 +1,5 @@
+#include "desktop/preference_keys.h"
 #include "screen_fixture.h"
-#include "store/preference_keys.h"
 #include "ui/signin/server_address.h"
 
 #include <QAccessible>

@@ -2,6 +2,7 @@
 
 #include "linux/desktop_entries/desktop_entry.h"
 #include "linux/desktop_entries/key_file.h"
+#include "model/identity.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,7 +15,7 @@ namespace pingwell {
 
 namespace {
 
-const QString fileName = QStringLiteral("/com.pingwell.mac.desktop");
+const QString fileName = u'/' + desktopEntryFile;
 
 const QString hiddenKey = QStringLiteral("Hidden");
 /// What GNOME's tools write to switch an entry off.
@@ -30,7 +31,7 @@ QStringList entryFor(const QString &programPath)
         QStringLiteral("Exec=") + desktopEntryProgram(programPath),
         // An uninstalled program is passed over in silence.
         QStringLiteral("TryExec=") + desktopEntryValue(programPath),
-        QStringLiteral("Icon=com.pingwell.mac"),
+        QStringLiteral("Icon=") + programID,
         QStringLiteral("Terminal=false"),
         QStringLiteral("StartupNotify=false"),
         gnomeEnabledKey + QStringLiteral("=true"),

@@ -2,13 +2,14 @@
 
 #include "linux/desktop_entries/desktop_entry.h"
 #include "linux/desktop_entries/key_file.h"
+#include "model/identity.h"
+#include "model/report.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTextStream>
 
 #include <algorithm>
 
@@ -16,7 +17,7 @@ namespace pingwell {
 
 namespace {
 
-const QString entryPath = QStringLiteral("/applications/com.pingwell.mac.desktop");
+const QString entryPath = QStringLiteral("/applications/") + desktopEntryFile;
 /// Tells our entry from one that a person or a package put there.
 const QString ownMark = QStringLiteral("X-Pingwell-BuildFolder");
 
@@ -32,17 +33,12 @@ QStringList entryFor(const QString &program)
     // Not quoted: some openers of addresses take the quotes for a part of the name.
     const QString plain = program.contains(u' ') ? desktopEntryProgram(program) : desktopEntryValue(program);
     return {
-        QStringLiteral("Type=Application"),      QStringLiteral("Version=1.4"),
-        QStringLiteral("Name=Pingwell"),         QStringLiteral("Exec=") + plain + QStringLiteral(" %u"),
-        QStringLiteral("Icon=com.pingwell.mac"), QStringLiteral("Terminal=false"),
-        QStringLiteral("NoDisplay=true"),        QStringLiteral("MimeType=x-scheme-handler/pingwell;"),
+        QStringLiteral("Type=Application"),  QStringLiteral("Version=1.4"),
+        QStringLiteral("Name=Pingwell"),     QStringLiteral("Exec=") + plain + QStringLiteral(" %u"),
+        QStringLiteral("Icon=") + programID, QStringLiteral("Terminal=false"),
+        QStringLiteral("NoDisplay=true"),    QStringLiteral("MimeType=x-scheme-handler/pingwell;"),
         ownMark + QStringLiteral("=true"),
     };
-}
-
-void report(const QString &problem)
-{
-    QTextStream(stdout) << "[sign-in] the browser may not find its way back: " << problem << '\n';
 }
 
 } // namespace
@@ -96,7 +92,7 @@ bool SchemeRegistration::writeOwnEntry() const
     if (entry.contains(QString(QStringLiteral("Exec=") + entryIn(m_ownFile).value(QStringLiteral("Exec")))))
         return false;
     if (const auto problem = writeDesktopEntry(m_ownFile, entry)) {
-        report(*problem);
+        report("sign-in", QStringLiteral("the browser may not find its way back: ") + *problem);
         return false;
     }
     return true;

@@ -1,6 +1,7 @@
 #include "linux/notifications/banner_message.h"
 
 #include "linux/notifications/banner_actions.h"
+#include "model/identity.h"
 #include "text/display_text.h"
 
 #include <QVariantMap>
@@ -9,7 +10,7 @@ namespace pingwell {
 
 namespace {
 
-const QString desktopEntry = QStringLiteral("com.pingwell.mac");
+const QString desktopEntry = programID;
 constexpr qsizetype longestSummary = 120;
 constexpr qsizetype longestBody = 400;
 constexpr uchar normalUrgency = 1;
@@ -31,7 +32,7 @@ QVariantMap hintsOf(const NotificationContent &content, const QList<Notification
     else
         hints.insert(QStringLiteral("suppress-sound"), true);
     // A question keeps its buttons until it is answered, for as long as the server lets it.
-    if (content.categoryIdentifier)
+    if (content.category)
         hints.insert(QStringLiteral("resident"), true);
     if (const std::optional<NotificationTextInput> field = replyFieldFor(actions, server)) {
         hints.insert(QStringLiteral("x-kde-reply-placeholder-text"), displayLine(field->placeholder));

@@ -1,6 +1,6 @@
 #include "linux/notifications/banner_record.h"
 
-#include "store/preference_keys.h"
+#include "desktop/preference_keys.h"
 
 #include <algorithm>
 

@@ -2,6 +2,7 @@
 
 #include "linux/desktop_entries/key_file.h"
 #include "linux/notifications/notification_server.h"
+#include "model/identity.h"
 
 #include <QCoroProcess>
 #include <QFile>
@@ -50,7 +51,7 @@ bool readPlasmaSwitch()
     QFile file(folder + QStringLiteral("/plasmanotifyrc"));
     if (!file.open(QIODevice::ReadOnly))
         return true;
-    const auto group = keyFileGroup(file.readAll(), QStringLiteral("[Applications][com.pingwell.mac]"));
+    const auto group = keyFileGroup(file.readAll(), QStringLiteral("[Applications][") + programID + u']');
     return !saysNo(group, QStringLiteral("ShowPopups"));
 }
 
@@ -62,7 +63,7 @@ struct SettingsPage
 
 QList<SettingsPage> knownPages()
 {
-    const QString entry = QStringLiteral("--desktop-entry com.pingwell.mac");
+    const QString entry = QStringLiteral("--desktop-entry ") + programID;
     const QString args = QStringLiteral("--args");
     const QString kde = QStringLiteral("KDE");
     QList<SettingsPage> pages{

@@ -2,6 +2,7 @@
 
 #include "linux/session/application_adaptor.h"
 #include "linux/session/later_start.h"
+#include "model/identity.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -14,9 +15,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString programName = u"com.pingwell.mac"_s;
-const QString liveTestName = u"com.pingwell.mac.uitest-live"_s;
-const QString path = u"/com/pingwell/mac"_s;
+const QString programName = programID;
+const QString liveTestName = liveUITestID;
+const QString path = programBusPath;
 
 // The call itself is on its way at once; only a busy program lets it wait for its answer.
 constexpr int longestWaitForAnswer = 200; // ms

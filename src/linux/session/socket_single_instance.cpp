@@ -1,6 +1,8 @@
 #include "linux/session/socket_single_instance.h"
 
 #include "linux/session/later_start.h"
+#include "model/identity.h"
+#include "model/report.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
@@ -11,7 +13,6 @@
 #include <QTimer>
 
 #include <chrono>
-#include <cstdio>
 #include <cstring>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -39,12 +40,12 @@ const QString platformDataKey = u"platformData"_s;
 
 QString lockIn(const QString &folder)
 {
-    return folder + u"/com.pingwell.mac.lock"_s;
+    return folder + u'/' + programID + u".lock"_s;
 }
 
 QString socketIn(const QString &folder)
 {
-    return folder + u"/com.pingwell.mac.socket"_s;
+    return folder + u'/' + programID + u".socket"_s;
 }
 
 /// A socket at `path` that later starts can write to from now on, in place of one that is there; -1 when it can't be
@@ -115,8 +116,7 @@ bool SocketSingleInstance::takePlace()
     }
     m_listener = listenAt(socketIn(m_folder));
     if (m_listener < 0) {
-        std::printf("[single instance] later starts can't reach this one: no socket in %s\n", qUtf8Printable(m_folder));
-        std::fflush(stdout);
+        report("single instance", u"later starts can't reach this one: no socket in "_s + m_folder);
     }
     return true;
 }

@@ -1,4 +1,5 @@
 #include "linux/status_area/launcher_entry_badge.h"
+#include "model/identity.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -37,8 +38,8 @@ void LauncherEntryBadge::setCount(qsizetype count)
 void LauncherEntryBadge::announce() const
 {
     QDBusMessage update =
-        QDBusMessage::createSignal(u"/com/pingwell/mac"_s, u"com.canonical.Unity.LauncherEntry"_s, u"Update"_s);
-    update << u"application://com.pingwell.mac.desktop"_s
+        QDBusMessage::createSignal(programBusPath, u"com.canonical.Unity.LauncherEntry"_s, u"Update"_s);
+    update << QString(u"application://"_s + desktopEntryFile)
            << QVariantMap{{u"count"_s, m_count}, {u"count-visible"_s, m_count > 0}};
     QDBusConnection::sessionBus().send(update);
 }

@@ -1,6 +1,7 @@
 #include "linux/ui_test/ui_test_bridge.h"
 
 #include "linux/ui_test/ui_test_adaptor.h"
+#include "model/identity.h"
 
 #include <QDBusConnection>
 
@@ -10,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString name = u"com.pingwell.mac.uitest"_s;
+const QString name = uiTestID;
 const QString path = u"/com/pingwell/uitest"_s;
 
 } // namespace
