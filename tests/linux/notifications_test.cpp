@@ -324,12 +324,43 @@ private slots:
         QCOMPARE(m_server->last().replaced, 0u);
         QTRY_VERIFY(m_server->closed().contains(number));
         settle();
+    }
 
-        // Another server's numbers are not ours, whatever they are.
+    void aRestartedServerAsksAgain()
+    {
+        const auto titled = [](const QString &title) {
+            NotificationRequest made = request(title);
+            made.content.title = title;
+            made.content.sound = true;
+            return made;
+        };
+        for (const char *const asked : {"oldest", "second", "third"})
+            show(titled(QString::fromLatin1(asked)));
+        m_server->close(show(titled(u"expired"_s)), 1);
+        m_server->close(show(titled(u"dismissed"_s)), 2);
+        NotificationRequest notice = titled(u"notice"_s);
+        notice.content.categoryIdentifier.reset();
+        show(notice);
+        settle();
+        m_server->holdReplies();
+        show(titled(u"on its way"_s));
+        show(titled(u"withdrawn"_s));
+        m_center->remove({u"withdrawn"_s});
+        const auto before = m_server->shown().size();
         m_server->vanish();
+        QCOMPARE(QCoro::waitFor(m_center->authorizationStatus()), AuthorizationStatus::denied);
+        // The reply may have been there before anything that came earlier was handed on.
+        QCoreApplication::processEvents();
+        m_center->add(titled(u"missed"_s));
+        QCOMPARE(QCoro::waitFor(m_center->authorizationStatus()), AuthorizationStatus::denied);
         QVERIFY(m_server->appear());
-        show(u"a"_s);
-        QCOMPARE(m_server->last().replaced, 0u);
+        QTRY_COMPARE(m_server->shown().size(), before + 3);
+        settle();
+        QStringList askedAgain;
+        for (const ShownNotification &shown : m_server->shown().sliced(before))
+            askedAgain << shown.summary +
+                              (shown.replaced != 0 || shown.hints.contains(u"sound-name"_s) ? u"!"_s : QString());
+        QCOMPARE(askedAgain.join(u", "), u"second, third, on its way, Ship it?"_s);
     }
 
     void aMissingServerCostsWhatItMissed()

@@ -8,6 +8,8 @@ namespace pingwell {
 namespace {
 
 constexpr qsizetype mostBanners = 256;
+/// After a restart of the server: as many as GNOME Shell keeps.
+constexpr qsizetype mostShownAgain = 3;
 
 template<typename Matches>
 Banner *findBy(QList<Banner> &banners, Matches matches)
@@ -122,7 +124,7 @@ void BannerList::forgetNumber(const QString &requestIdentifier)
 void BannerList::forgetUnsent()
 {
     for (Banner &banner : m_banners) {
-        if (!banner.isSending)
+        if (!banner.isSending && banner.server.isEmpty())
             banner.next.reset();
     }
     m_banners.removeIf(isNothing);
@@ -130,9 +132,17 @@ void BannerList::forgetUnsent()
 
 void BannerList::keepOnly(const QString &server)
 {
-    for (Banner &banner : m_banners) {
-        if (banner.server != server)
-            banner.number = 0;
+    qsizetype again = 0;
+    for (auto banner = m_banners.rbegin(); banner != m_banners.rend(); ++banner) {
+        if (banner->server == server)
+            continue;
+        const bool isAsked =
+            banner->takesAnswers && banner->stage == Banner::Stage::shown && !banner->isWithdrawn && !banner->next;
+        if (isAsked && again++ < mostShownAgain) {
+            banner->next = banner->sent;
+            banner->next->content.sound = false;
+        }
+        banner->number = 0;
     }
     m_banners.removeIf(isNothing);
 }

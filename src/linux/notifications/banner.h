@@ -23,8 +23,9 @@ struct Banner
     };
 
     QString requestIdentifier;
-    NotificationPayload payload;
-    /// The server that shows it and its number there; 0 until it has one.
+    /// What was sent last.
+    NotificationRequest sent;
+    /// The server it was sent to last, and its number there; 0 until it has one.
     QString server;
     uint number = 0;
     Stage stage = Stage::shown;
@@ -70,9 +71,10 @@ public:
     void forget(const QString &requestIdentifier);
     /// Ends what the server shows under its number; what is still to be shown stays.
     void forgetNumber(const QString &requestIdentifier);
-    /// Drops what waits to be shown.
+    /// Drops what waits to be shown for the first time.
     void forgetUnsent();
-    /// Forgets what any other server shows: its numbers mean nothing any more, or something else.
+    /// Forgets what any other server shows: its numbers mean nothing any more, or something else. The newest questions
+    /// that were on the screen, or on their way, wait to be shown again, without a sound.
     void keepOnly(const QString &server);
 
 private:

@@ -127,6 +127,8 @@ void FreedesktopNotificationCenter::noteOwner(const QString &, const QString &, 
         m_server.reset();
     m_banners.keepOnly(newOwner);
     recordSoon();
+    if (!newOwner.isEmpty() && m_banners.nextToSend())
+        sendWaiting();
 }
 
 void FreedesktopNotificationCenter::sendWaiting()
@@ -192,14 +194,15 @@ void FreedesktopNotificationCenter::send(Banner &banner)
     const NotificationRequest request = *std::exchange(banner.next, std::nullopt);
     // One that has left the screen would be replaced where nobody looks; and what was just pressed in one that offers
     // something else must not be taken for a press of this one's.
-    if (banner.stage == Banner::Stage::expired || banner.payload != request.content.payload)
+    if (banner.stage == Banner::Stage::expired || banner.sent.content.payload != request.content.payload)
         close(banner);
     if (banner.stage != Banner::Stage::shown || banner.server != m_server->owner) {
         banner.number = 0;
         banner.offeredKeys.clear();
     }
     banner.stage = Banner::Stage::shown;
-    banner.payload = request.content.payload;
+    banner.server = m_server->owner;
+    banner.sent = request;
     banner.isSending = true;
     const auto actions = request.content.category.value_or(NotificationCategory()).actions;
     for (const BannerAction &action : fitActions(actions, *m_server))

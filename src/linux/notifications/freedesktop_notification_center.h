@@ -21,7 +21,8 @@ namespace pingwell {
 
 /// The notification server of the session bus (freedesktop Desktop Notifications Specification), whichever it is. What
 /// is asked for is fitted to what the server at hand can draw. A server that is missing costs what was to be shown
-/// meanwhile; one that comes back gets what comes then. Main thread; never blocks on the server.
+/// meanwhile; one that comes back gets what comes then, and the newest questions of those that were on the screen. Main
+/// thread; never blocks on the server.
 class FreedesktopNotificationCenter final : public QObject, public NotificationCenter
 {
     Q_OBJECT

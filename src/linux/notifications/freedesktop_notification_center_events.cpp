@@ -54,7 +54,7 @@ void FreedesktopNotificationCenter::respond(Banner &banner, const QString &actio
                                             const std::optional<QString> &text)
 {
     const NotificationResponse response{
-        .payload = banner.payload,
+        .payload = banner.sent.content.payload,
         .actionIdentifier = actionIdentifier,
         .text = text,
         .activationToken = std::exchange(banner.activationToken, {}),
