@@ -186,7 +186,7 @@ private slots:
             m_service->transport->plan("POST", "/workspaces/w1/alerts/a1/answer",
                                        ScriptedAnswer::data("{}").heldBack());
         m_store->answer(u"a1"_s, u"Deny"_s);
-        QTimer::singleShot(0, &m_instance, [&] { m_service->transport->release(); });
+        QTimer::singleShot(0, m_app.get(), [&] { m_service->transport->release(); });
         m_app->finishWork();
         QVERIFY(!m_store->hasUnfinishedWork());
         m_store->answer(u"a1"_s, u"Deny"_s);

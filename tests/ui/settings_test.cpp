@@ -210,6 +210,9 @@ private slots:
         screen.click(openAtLogin);
         QCOMPARE(screen.value(openAtLogin), u"on"_s);
         QVERIFY(QAccessible::queryAccessibleInterface(screen.find(openAtLogin))->state().checked);
+        item->problem.reset();
+        screen.click(openAtLogin);
+        QCOMPARE(item->current, LoginItemStatus::notRegistered);
 
         QVERIFY(!screen.shows(u"settings.loginItem.allow"_s));
         item->current = LoginItemStatus::requiresApproval;
