@@ -285,15 +285,23 @@ private slots:
         for (int index = 2; index < 100; ++index)
             ask.actions << u"Choice %1"_s.arg(index);
         ask.furtherChoices = 4900;
-        Screen screen(root, makeSeed({ask}));
+        Alert second = ask, third = ask;
+        second.id = u"a2"_s;
+        third.id = u"a3"_s;
+        Screen screen(root, makeSeed({ask, second, third}));
         screen.click(u"alert.row.a1"_s);
         QCOMPARE(screen.count(u"detail\\.action\\..*"_s), 40);
         QCOMPARE(screen.name(u"detail.furtherChoices"_s),
                  u"Showing 40 of 5,000 choices. The others can't be chosen here."_s);
         Screen panel(u"PopoverView"_s, screen.store());
-        QCOMPARE(panel.count(u"popover\\.ask\\.a1\\.action\\..*"_s), 8);
-        QCOMPARE(panel.name(u"popover.ask.a1.furtherChoices"_s),
-                 u"Showing 8 of 5,000 choices. The main window shows more."_s);
+        QCOMPARE(panel.name(u"popover.ask.a1.furtherChoices"_s), screen.name(u"detail.furtherChoices"_s));
+        // Two such asks fill the panel; the third is there for who scrolls to it.
+        QCOMPARE(panel.count(u"popover\\.ask\\.a.\\.action\\..*"_s), 2 * 40);
+        panel.find(u"popover.scroll"_s)->setProperty("contentY", 200);
+        panel.settle();
+        QCOMPARE(panel.count(u"popover\\.ask\\.a.\\.action\\..*"_s), 3 * 40);
+        Screen viewer(u"PopoverView"_s, makeSeed({ask, second, third}, WorkspaceRole::viewer));
+        QCOMPARE(viewer.count(u"popover\\.ask\\.a.\\.viewerNote"_s), 3);
         screen.store().answer(u"a1"_s, u"Choice 99"_s);
         QCOMPARE(screen.name(u"detail.answered"_s), u"You replied “Choice 99”"_s);
     }

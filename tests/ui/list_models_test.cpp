@@ -173,6 +173,15 @@ private slots:
         QCOMPARE(listed.model.total(), 10);
         listed.model.setLimit(8);
         QCOMPARE(listed.announced.take(), u"insert 6-7"_s);
+
+        Alert text = makeTextAsk(u"t"_s, u"What?"_s, 4);
+        text.actions = {u"Not"_s, u"offered"_s, u"here"_s};
+        Listed offered(AlertListModel::List::NeedsReply, 0,
+                       {text, makeChoice(u"a"_s, u"First"_s, 5), makeChoice(u"b"_s, u"Second"_s, 6),
+                        makeChoice(u"c"_s, u"Third"_s, 7)});
+        offered.model.setChoiceLimit(3);
+        QCOMPARE(offered.announced.take(), u"insert 0-3, remove 3-3"_s);
+        QCOMPARE(offered.model.choices(), 4);
     }
 
     void repeatedIdentifiersAreOneRow()

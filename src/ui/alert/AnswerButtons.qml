@@ -11,12 +11,8 @@ Flow {
     required property string idPrefix
     required property int buttonHeight
     property int minimumWidth: 64
-    /** How many are drawn at most. */
-    property int limit: 40
-    /** Where those are that are not drawn. */
-    property string elsewhere: "The others can't be chosen here."
     readonly property int total: root.alert.actions.length + root.alert.furtherChoices
-    readonly property int drawn: Math.min(root.limit, root.alert.actionLabels.length)
+    readonly property int drawn: root.alert.actionLabels.length
 
     /** One was chosen; the words are exactly those offered. */
     signal answered(text: string)
@@ -44,7 +40,7 @@ Flow {
         width: root.width
         visible: root.drawn < root.total
         text: "Showing " + root.drawn + " of " + root.total.toLocaleString(Qt.locale("en"), "f", 0) + " choices. "
-            + root.elsewhere
+            + "The others can't be chosen here."
         size: Theme.sizeSmall
         color: Theme.textSecondary
         wrapMode: Text.Wrap

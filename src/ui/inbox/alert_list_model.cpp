@@ -12,6 +12,19 @@ namespace {
 
 constexpr Seconds day{86'400};
 
+qsizetype choicesIn(const KeyedRow &row)
+{
+    return drawnChoices(*row.value.value<SharedAlertSnapshot>().snapshot);
+}
+
+qsizetype choicesIn(const QList<KeyedRow> &rows)
+{
+    qsizetype count = 0;
+    for (const KeyedRow &row : rows)
+        count += choicesIn(row);
+    return count;
+}
+
 } // namespace
 
 AlertListModel::AlertListModel(QObject *parent)
@@ -45,6 +58,20 @@ void AlertListModel::setLimit(int limit)
     m_limit = limit;
     emit limitChanged();
     scheduleUpdate();
+}
+
+void AlertListModel::setChoiceLimit(int limit)
+{
+    if (m_choiceLimit == limit)
+        return;
+    m_choiceLimit = limit;
+    emit limitChanged();
+    scheduleUpdate();
+}
+
+int AlertListModel::choices() const
+{
+    return int(choicesIn(rows()));
 }
 
 void AlertListModel::setHeldRows(int count)
@@ -174,11 +201,7 @@ void AlertListModel::update()
     QList<Alert> shown = alerts();
     const int total = int(shown.size());
     QList<KeyedRow> rows = heldRowsOf(shown);
-    const qsizetype room = m_limit > 0 ? std::max<qsizetype>(0, m_limit - rows.size()) : shown.size();
-    const qsizetype count = std::min(room, shown.size());
-    rows.reserve(rows.size() + count);
-    for (Alert &alert : std::span(shown).first(size_t(count)))
-        rows.append(keyedRow(std::move(alert)));
+    fill(rows, std::move(shown));
     setRows(std::move(rows));
     setTotal(total);
     m_startsOver = false;
@@ -187,6 +210,22 @@ void AlertListModel::update()
     m_validFrom = m_store ? m_store->now() : distantPast;
     m_validUntil = nextChange();
     emit updated();
+}
+
+/// Lets as many of `shown` join as there is room for.
+void AlertListModel::fill(QList<KeyedRow> &rows, QList<Alert> shown) const
+{
+    qsizetype choices = choicesIn(rows);
+    const auto isFull = [&] {
+        return (m_limit > 0 && rows.size() >= m_limit) || (m_choiceLimit > 0 && choices >= m_choiceLimit);
+    };
+    rows.reserve(m_limit > 0 ? m_limit : rows.size() + shown.size());
+    for (Alert &alert : shown) {
+        if (isFull())
+            return;
+        rows.append(keyedRow(std::move(alert)));
+        choices += choicesIn(rows.last());
+    }
 }
 
 /// The rows that keep their places, as they are now. Leaves in `shown` what can still join below them.

@@ -27,6 +27,7 @@ class AlertListModel : public pingwell::KeyedListModel, public QQmlParserStatus
     Q_PROPERTY(pingwell::AppStore *store READ store WRITE setStore NOTIFY storeChanged REQUIRED)
     Q_PROPERTY(List list READ list WRITE setList NOTIFY listChanged)
     Q_PROPERTY(int limit READ limit WRITE setLimit NOTIFY limitChanged)
+    Q_PROPERTY(int choiceLimit READ choiceLimit WRITE setChoiceLimit NOTIFY limitChanged)
     Q_PROPERTY(int total READ total NOTIFY totalChanged)
     Q_PROPERTY(int heldRows MEMBER m_heldRows WRITE setHeldRows NOTIFY holdChanged)
     Q_PROPERTY(bool takesNewRows MEMBER m_takesNewRows WRITE setTakesNewRows NOTIFY holdChanged)
@@ -53,6 +54,11 @@ public:
     /// At most so many rows; 0 for all.
     [[nodiscard]] int limit() const { return m_limit; }
     void setLimit(int limit);
+    /// No further row once the person is offered so many choices in those there; 0 for no such limit.
+    [[nodiscard]] int choiceLimit() const { return m_choiceLimit; }
+    void setChoiceLimit(int limit);
+    /// How many choices the person is offered in the rows there are.
+    Q_INVOKABLE int choices() const;
     /// How many alerts belong here, whatever the limit and the held rows show of them.
     [[nodiscard]] int total() const { return m_total; }
     /// The first so many rows keep their places.
@@ -87,6 +93,7 @@ private:
     void scheduleUpdate();
     void startOver();
     void update();
+    void fill(QList<KeyedRow> &rows, QList<Alert> shown) const;
     [[nodiscard]] QList<KeyedRow> heldRowsOf(QList<Alert> &shown) const;
     [[nodiscard]] KeyedRow keyedRow(Alert alert) const;
     [[nodiscard]] KeyedRow rowAfterLeaving(const KeyedRow &row) const;
@@ -95,6 +102,7 @@ private:
     QPointer<AppStore> m_store;
     List m_list = List::NeedsReply;
     int m_limit = 0;
+    int m_choiceLimit = 0;
     int m_total = 0;
     bool m_isComplete = false;
     bool m_updateScheduled = false;

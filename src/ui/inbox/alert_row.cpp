@@ -4,6 +4,7 @@
 #include "text/choice_labels.h"
 #include "text/display_text.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace pingwell {
@@ -31,6 +32,12 @@ AlertSnapshot snapshotOf(Alert alert, const AppStore &store)
     return {std::move(alert), stateWord(state), outcome, canAnswer};
 }
 
+qsizetype drawnChoices(const AlertSnapshot &snapshot)
+{
+    const bool isChosen = snapshot.canAnswer && !snapshot.alert.acceptsText();
+    return isChosen ? std::min(snapshot.alert.actions.size(), maximumDrawnChoices) : 0;
+}
+
 AlertRow alertRow(const AlertSnapshot &snapshot)
 {
     const Alert &alert = snapshot.alert;
@@ -46,7 +53,7 @@ AlertRow alertRow(const AlertSnapshot &snapshot)
     row.priority = rawValue(alert.priority);
     row.acceptsText = alert.acceptsText();
     row.actions = alert.actions;
-    row.actionLabels = choiceLabels(alert.actions);
+    row.actionLabels = choiceLabels(alert.actions).mid(0, maximumDrawnChoices);
     row.furtherChoices = int(alert.furtherChoices);
     row.placeholder = displayLine(alert.placeholder.value_or(QString()));
     row.at = millisecondsFromInstant(alert.at);

@@ -14,6 +14,9 @@ namespace pingwell {
 
 class AppStore;
 
+/// No ask shows more choices than this.
+inline constexpr qsizetype maximumDrawnChoices = 40;
+
 /// What a screen shows of one alert: every text cleaned for display, and its state at one instant. The texts never go
 /// back to the service; an answer is sent by `id`, with the exact words of `actions`.
 struct AlertRow
@@ -52,7 +55,7 @@ public:
     /// "silent", "normal", "high" or "critical".
     QString priority;
     bool acceptsText = false;
-    /// The answers offered, word for word, and how they read; equally many.
+    /// The answers offered, word for word, and how the first `maximumDrawnChoices` of them read.
     QStringList actions;
     QStringList actionLabels;
     /// How many more answers the ask offers, which are not kept.
@@ -84,6 +87,9 @@ struct AlertSnapshot
 
     friend bool operator==(const AlertSnapshot &, const AlertSnapshot &) = default;
 };
+
+/// How many choices the person is offered to press.
+[[nodiscard]] qsizetype drawnChoices(const AlertSnapshot &snapshot);
 
 /// `alert` as the store sees it now.
 [[nodiscard]] AlertSnapshot snapshotOf(Alert alert, const AppStore &store);

@@ -112,8 +112,6 @@ FocusScope {
                 alert: root.alert
                 idPrefix: root.identifier
                 buttonHeight: 24
-                limit: 8
-                elsewhere: "The main window shows more."
                 onAnswered: text => root.answer(text)
             }
         }

@@ -11,8 +11,12 @@ ScrollArea {
     id: root
 
     required property AppStore store
-    /** How many asks are drawn at first, and how many more when the end of them comes near. */
+    /**
+     * How many asks are drawn at first, and how many more when the end of them comes near; fewer when those offer that
+     * many choices. So many choices fill the panel, and no more can be drawn in one go without a pause.
+     */
     readonly property int batch: 10
+    readonly property int choicesOfBatch: 80
     /** Held rows: all that are shown. */
     readonly property int all: 1000000
     readonly property bool isHeld: askHold.isHeld || todayHold.isHeld
@@ -22,8 +26,10 @@ ScrollArea {
 
     contentHeight: column.height
     onContentYChanged: {
-        if (asks.count < asks.total && contentY + height > askList.y + askList.height - height)
+        if (asks.count < asks.total && contentY + height > askList.y + askList.height - height) {
             asks.limit = asks.count + root.batch
+            asks.choiceLimit = asks.choices() + root.choicesOfBatch
+        }
     }
 
     Column {
@@ -138,6 +144,7 @@ ScrollArea {
         store: root.store
         list: AlertListModel.NeedsReply
         limit: root.batch
+        choiceLimit: root.choicesOfBatch
         heldRows: root.isHeld ? root.all : 0
         takesNewRows: !todayHold.isHeld
     }

@@ -64,6 +64,7 @@ Rectangle {
     PopoverContent {
         id: content
 
+        objectName: "popover.scroll"
         anchors.top: workspaceMenu.bottom
         anchors.topMargin: Theme.gap2
         anchors.bottom: footer.top
