@@ -19,7 +19,7 @@ Item {
     // What is new joins below the row that is pointed at, that the keyboard is at, or whose menu is open.
     readonly property int pointedRows: hold.isPointedAt
         ? Math.floor((hold.reach + list.contentY - list.originY) / list.rowHeight) + 1 : 0
-    readonly property int currentRows: menu.visible || (list.activeFocus && list.usesKeyboard) ? list.currentIndex + 1 : 0
+    readonly property int currentRows: menus.isOpen || (list.activeFocus && list.usesKeyboard) ? list.currentIndex + 1 : 0
 
     /** The person wants to go into the open alert. */
     signal entered
@@ -57,51 +57,12 @@ Item {
         list.forceActiveFocus(Qt.OtherFocusReason)
     }
 
-    function openMenu(row: InboxRow, x: real, y: real) {
-        if (!row)
-            return
-        list.currentIndex = row.index
-        list.forceActiveFocus(Qt.OtherFocusReason)
-        menu.openFor(row.alert, x, y)
-    }
-
-    /** Shows the row of an alert that was opened elsewhere. */
-    function followSelection() {
-        const row = alerts.rowOf(root.store.selectedAlertID)
-        if (row >= 0 && row !== list.currentIndex)
-            list.show(row)
-    }
-
-    Component.onCompleted: selection.schedule()
-
-    // A new filter's rows come first.
-    NextTurn {
-        id: selection
-
-        onCame: root.followSelection()
-    }
-
-    Connections {
-        target: root.store
-
-        function onSelectedAlertIDChanged() {
-            selection.schedule()
-        }
-        function onFilterChanged() {
-            list.startOver()
-        }
-        function onActiveWorkspaceIDChanged() {
-            list.startOver()
-        }
-    }
-
     AlertListModel {
         id: alerts
 
         store: root.store
         list: AlertListModel.Inbox
         heldRows: Math.max(root.pointedRows, root.currentRows)
-        onUpdated: if (menu.visible && alerts.isGone(menu.alertID)) menu.close()
     }
 
     ListHold {
@@ -125,7 +86,7 @@ Item {
         model: alerts
         Accessible.name: "Alerts"
         onOpened: root.open()
-        Keys.forwardTo: [menuArea]
+        Keys.forwardTo: [menus]
 
         delegate: InboxRow {
             id: row
@@ -138,7 +99,7 @@ Item {
             now: row.pooled ? row.alert.at : list.now
             metrics: lines
             selected: root.store.selectedAlertID === row.alert.id
-            keyboardHere: list.usesKeyboard && (row.activeFocus || menu.visible && row.ListView.isCurrentItem)
+            keyboardHere: list.usesKeyboard && (row.activeFocus || menus.isOpen && row.ListView.isCurrentItem)
             onClicked: {
                 list.usesKeyboard = false
                 list.currentIndex = row.index
@@ -150,27 +111,21 @@ Item {
         }
     }
 
-    MenuArea {
-        id: menuArea
+    InboxRowMenus {
+        id: menus
 
         anchors.fill: list
-        onMenuRequested: root.openMenu(root.currentRow, width / 3,
-                                       (root.currentRow?.y ?? 0) - list.contentY + list.rowHeight - Theme.gap2)
-        onMenuRequestedAt: (x, y) => {
-            list.usesKeyboard = false
-            const row = list.itemAt(x + list.contentX, y + list.contentY) as InboxRow
-            if (row?.takesPointer())
-                root.openMenu(row, x, y)
-        }
+        store: root.store
+        list: list
+        alerts: alerts
+        canDelete: root.canDelete
+        onDeleteRequested: alertID => root.deleteRequested(alertID)
     }
 
-    InboxMenu {
-        id: menu
-
-        parent: list
+    SelectionInList {
         store: root.store
-        canDelete: root.canDelete
-        onDeleteRequested: root.deleteRequested(alertID)
+        list: list
+        alerts: alerts
     }
 
     PlainText {
