@@ -15,7 +15,8 @@ T.MenuItem {
     property bool opensMenu: false
     readonly property color ink: root.destructive ? Theme.danger : Theme.textPrimary
 
-    width: ListView.view?.width ?? implicitWidth
+    // A bar to scroll with stands beside the entries, not over them.
+    width: ListView.view ? ListView.view.width - (ListView.view.interactive ? Theme.gap2 : 0) : implicitWidth
     implicitWidth: implicitContentWidth
     implicitHeight: 28
     // The keyboard passes over what cannot be chosen.

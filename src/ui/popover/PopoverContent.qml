@@ -35,15 +35,15 @@ ScrollArea {
     Column {
         id: column
 
-        x: 5
-        width: root.width - 10
+        // In line with the panel's head, which leaves the scroll bar room beside the cards.
+        x: Theme.gap3 - 1
+        width: root.width - 2 * x
         topPadding: Theme.gap1
         bottomPadding: Theme.gap2
 
         // Both are of one height: the first ask that is counted moves nothing.
         Item {
-            x: 6
-            width: parent.width - 12
+            width: parent.width
             height: Math.max(caughtUp.implicitHeight, header.implicitHeight)
 
             SymbolLabel {
@@ -84,7 +84,6 @@ ScrollArea {
 
         SectionLabel {
             objectName: "popover.today.header"
-            x: 6
             topPadding: Theme.gap2
             bottomPadding: Theme.gap1
             text: root.store.focusMode ? "Today · Focus" : "Today"
@@ -92,7 +91,6 @@ ScrollArea {
 
         PlainText {
             objectName: "popover.today.empty"
-            x: 6
             bottomPadding: Theme.gap1
             visible: today.total === 0
             text: "Nothing yet today."
@@ -103,7 +101,8 @@ ScrollArea {
         Column {
             id: todayList
 
-            width: parent.width
+            x: -Theme.gap1
+            width: parent.width - 2 * x
 
             Repeater {
                 model: today
@@ -116,8 +115,7 @@ ScrollArea {
         }
 
         LeftOutNote {
-            x: 6
-            width: parent.width - 12
+            width: parent.width
             topPadding: Theme.gap2
             store: root.store
         }

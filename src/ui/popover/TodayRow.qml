@@ -16,8 +16,8 @@ Pressable {
     implicitHeight: content.implicitHeight + topPadding + bottomPadding
     enabled: root.alert.state !== "gone"
     meaning: root.alert.id
-    leftPadding: 6
-    rightPadding: 6
+    leftPadding: Theme.gap1
+    rightPadding: Theme.gap1
     topPadding: 5
     bottomPadding: 5
     Accessible.name: root.age + ", " + root.alert.title + ", " + root.line
@@ -25,6 +25,12 @@ Pressable {
 
     background: PressFill {
         control: root
+    }
+
+    FontMetrics {
+        id: metrics
+
+        font: age.font
     }
 
     Item {
@@ -38,7 +44,7 @@ Pressable {
         PlainText {
             id: age
 
-            width: 22
+            width: Math.max(22, Math.ceil(metrics.advanceWidth("59m")))
             anchors.baseline: words.top
             anchors.baselineOffset: title.baselineOffset
             text: root.age
@@ -51,7 +57,7 @@ Pressable {
         Column {
             id: words
 
-            x: 22 + Theme.gap1
+            x: age.width + Theme.gap2
             width: parent.width - x
             spacing: 1
 

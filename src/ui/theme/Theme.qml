@@ -42,6 +42,7 @@ QtObject {
     readonly property color answered: dark ? palette.green400 : palette.green700
     readonly property color timedOut: dark ? palette.amber400 : palette.amber700
     readonly property color danger: dark ? palette.red300 : palette.red700
+    readonly property color quietFill: dark ? palette.grey800 : palette.grey100
     readonly property color warningFill: dark ? palette.amber900 : palette.amber100
     readonly property color online: palette.green500
     readonly property color offline: palette.amber500
@@ -119,6 +120,6 @@ QtObject {
         case "high": return warningFill
         case "normal": return selection
         }
-        return dark ? palette.grey800 : palette.grey100
+        return quietFill
     }
 }

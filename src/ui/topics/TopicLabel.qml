@@ -44,7 +44,8 @@ Item {
                 anchors.verticalCenter: parent.verticalCenter
                 visible: root.topic.muted
                 text: "Muted"
-                tint: Theme.neutral
+                tint: Theme.quietFill
+                ink: Theme.textSecondary
             }
         }
 
