@@ -39,4 +39,13 @@ inline QString timeoutAction(const QString &workspaceId)
     return QStringLiteral("pingwell.workspace.") + workspaceId + QStringLiteral(".timeoutAction");
 }
 
+/// Whether a change of that key must be found by the next start though the program is killed right after it: who is
+/// signed in and as which device, what was announced and is on the screen, and what is offered once.
+inline bool mustOutlastAKill(const QString &key)
+{
+    return key.startsWith(QStringLiteral("pingwell.session.")) || key.startsWith(QStringLiteral("pingwell.device.")) ||
+           key.startsWith(QStringLiteral("pingwell.notifications.")) ||
+           key.startsWith(QStringLiteral("pingwell.loginItem."));
+}
+
 } // namespace pingwell::preference_keys

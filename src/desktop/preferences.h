@@ -4,13 +4,14 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 namespace pingwell {
 
 /// What the program remembers between runs: a map from keys to typed values. A value read as another type than it was
-/// written in counts as absent. A write lasts once the call has returned; one that fails is reported on standard output
-/// and the value holds for this run. Main thread.
+/// written in counts as absent. A change holds at once and is written behind it; one that can't be written is reported
+/// on standard output, holds for this run and is tried again. Main thread, where nothing is said.
 class Preferences
 {
 public:
@@ -34,8 +35,14 @@ public:
 
     /// Whether all that earlier runs kept could be read.
     [[nodiscard]] virtual bool isWhole() const = 0;
-    /// Whether all that was written will still be there in the next run.
+    /// Whether all whose writing has been tried will still be there in the next run.
     [[nodiscard]] virtual bool lasts() const = 0;
+    /// Waits, at most 2 s, until all that was changed has been written or could not be. Any thread; what must not wait
+    /// for the disk uses `whenWritten`.
+    virtual void flush() = 0;
+    /// Calls `then` once all that was changed so far has been written, or could not be, and says whether it lasts:
+    /// before it returns where nothing is left to write, else from the event loop, and never once this is gone.
+    virtual void whenWritten(std::function<void(bool lasts)> then) = 0;
 };
 
 } // namespace pingwell

@@ -4,6 +4,7 @@
 #include "async/system_clock.h"
 #include "auth/web_authenticator.h"
 #include "desktop/login_item.h"
+#include "desktop/preference_keys.h"
 #include "linux/desktop_entries/autostart_login_item.h"
 #include "linux/desktop_entries/scheme_registration.h"
 #include "linux/keyring/secret_service_keychain.h"
@@ -35,10 +36,12 @@ namespace {
 StoreParts makeStoreParts(const std::shared_ptr<Clock> &clock, const std::shared_ptr<WebAuthenticator> &browser,
                           const std::shared_ptr<UserNotifier> &notifier)
 {
+    const WritePolicy policy{.isUrgent = &preference_keys::mustOutlastAKill};
     return {
-        .openStandardPreferences = [] { return std::make_shared<JsonPreferences>(JsonPreferences::pathOf(programID)); },
-        .openSuite = [](const QString &name) -> std::shared_ptr<Preferences> {
-            return JsonPreferences::openSuite(name);
+        .openStandardPreferences =
+            [policy] { return std::make_shared<JsonPreferences>(JsonPreferences::pathOf(programID), policy); },
+        .openSuite = [policy](const QString &name) -> std::shared_ptr<Preferences> {
+            return JsonPreferences::openSuite(name, policy);
         },
         .openKeychain = [] { return std::make_shared<SecretServiceKeychain>(); },
         .openTransport = [] { return URLSessionTransport::shared(); },
@@ -113,6 +116,7 @@ std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstanc
     }
     const StoreParts storeParts = makeStoreParts(clock, browser, notifier);
     const std::shared_ptr<Preferences> preferences = openPreferences(options, storeParts);
+    parts.preferences = preferences;
     if (center)
         center->rememberIn(preferences);
     parts.store = makeStore(options, preferences, storeParts);

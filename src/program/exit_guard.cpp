@@ -13,6 +13,7 @@ namespace pingwell {
 namespace {
 
 const AppStore *guarded = nullptr;
+Preferences *guardedPreferences = nullptr;
 
 void finishWithoutLoop()
 {
@@ -23,13 +24,16 @@ void finishWithoutLoop()
         QCoreApplication::sendPostedEvents();
         std::this_thread::sleep_for(pause);
     }
+    if (guardedPreferences)
+        guardedPreferences->flush();
 }
 
 } // namespace
 
-ExitGuard::ExitGuard(const AppStore &store)
+ExitGuard::ExitGuard(const AppStore &store, Preferences *preferences)
 {
     guarded = &store;
+    guardedPreferences = preferences;
     // Exit handlers run in reverse order of their registration. Registered once the first dashboard is there, this one
     // runs before those that take down the network and the thread pool.
     QObject::connect(&store, &AppStore::hasLoadedChanged, &store,
@@ -39,6 +43,7 @@ ExitGuard::ExitGuard(const AppStore &store)
 ExitGuard::~ExitGuard()
 {
     guarded = nullptr;
+    guardedPreferences = nullptr;
 }
 
 } // namespace pingwell

@@ -12,7 +12,7 @@ namespace pingwell {
 PingwellApp::PingwellApp(LaunchOptions options, AppParts parts)
     : m_options(std::move(options))
     , m_parts(std::move(parts))
-    , m_exitGuard(*m_parts.store)
+    , m_exitGuard(*m_parts.store, m_parts.preferences.get())
 {
     m_statusAreaWait.setSingleShot(true);
     m_statusAreaWait.setInterval(statusAreaPatience);

@@ -23,6 +23,8 @@ namespace pingwell {
 /// What the program is made of. `singleInstance` is null where several may run beside each other.
 struct AppParts
 {
+    /// What the other parts remember in; null where nothing is remembered. It goes last.
+    std::shared_ptr<Preferences> preferences = nullptr;
     std::unique_ptr<AppStore> store;
     std::unique_ptr<StatusItem> statusItem;
     std::unique_ptr<LauncherBadge> badge;

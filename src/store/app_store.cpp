@@ -6,6 +6,8 @@
 
 #include <QThread>
 
+#include <utility>
+
 namespace pingwell {
 
 using namespace std::chrono_literals;
@@ -119,10 +121,14 @@ void AppStore::StartSteps::restoreDemoWorkspaces(AppStore &store)
 
 void AppStore::tellIfForgotten()
 {
-    if (m_toldOfForgetting || !m_defaults || m_defaults->lasts())
+    if (m_toldOfForgetting || !m_defaults)
         return;
-    m_toldOfForgetting = true;
-    showToast(QStringLiteral("Pingwell couldn't save this on your computer. It holds until you quit Pingwell."), true);
+    m_defaults->whenWritten([store = QPointer(this)](bool lasts) {
+        if (lasts || !store || std::exchange(store->m_toldOfForgetting, true))
+            return;
+        store->showToast(
+            QStringLiteral("Pingwell couldn't save this on your computer. It holds until you quit Pingwell."), true);
+    });
 }
 
 } // namespace pingwell

@@ -4,6 +4,9 @@
 
 #include <QMap>
 
+#include <atomic>
+#include <functional>
+#include <utility>
 #include <variant>
 
 namespace pingwell {
@@ -32,11 +35,28 @@ public:
     [[nodiscard]] bool isWhole() const override { return isReadable; }
     [[nodiscard]] bool lasts() const override { return keepsThem; }
 
+    void flush() override { ++flushes; }
+    void whenWritten(std::function<void(bool lasts)> then) override
+    {
+        m_waiting.append(std::move(then));
+        if (!isSlow)
+            write();
+    }
+    /// A slow disk comes round to it.
+    void write()
+    {
+        for (const auto &then : std::exchange(m_waiting, {}))
+            then(keepsThem);
+    }
+
     [[nodiscard]] QStringList keys() const { return m_values.keys(); }
 
     /// A disk that can't be written to, when false.
     bool keepsThem = true;
     bool isReadable = true;
+    /// What is written waits for `write`.
+    bool isSlow = false;
+    std::atomic<int> flushes = 0;
 
 private:
     using Value = std::variant<QString, QByteArray, bool, double, QStringList>;
@@ -51,6 +71,7 @@ private:
     }
 
     QMap<QString, Value> m_values;
+    QList<std::function<void(bool lasts)>> m_waiting;
 };
 
 } // namespace pingwell

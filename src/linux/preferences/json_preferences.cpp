@@ -1,14 +1,14 @@
 #include "linux/preferences/json_preferences.h"
 
-#include "linux/preferences/file_lock.h"
 #include "linux/preferences/preferences_file.h"
+#include "model/report.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QStandardPaths>
 
 #include <cmath>
-#include <cstdio>
+#include <utility>
 
 namespace pingwell {
 
@@ -16,50 +16,43 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::chrono::milliseconds longestWaitForLock(500);
-
 // JSON has no bytes: they are kept as an object of this one key.
 const QString bytesKey = u"base64"_s;
 
-void report(const QString &line)
-{
-    std::printf("[preferences] %s\n", qUtf8Printable(line));
-    std::fflush(stdout);
-}
-
 } // namespace
 
-JsonPreferences::JsonPreferences(QString path)
-    : m_path(std::move(path))
+JsonPreferences::JsonPreferences(QString path, WritePolicy policy)
+    : m_policy(std::move(policy))
 {
-    const PreferencesContent content = readPreferencesFile(m_path);
-    m_isWhole = content.kind == PreferencesContent::Kind::object;
-    if (m_isWhole)
-        m_values = content.object;
-    else if (content.kind == PreferencesContent::Kind::unreadable)
-        fail(u"can't be read, nothing is kept in this run"_s, content.error);
-    else if (const FileLock lock(m_path + u".lock"_s, longestWaitForLock); lock.isHeld())
-        // Under the lock another program may turn out to have set it aside already.
-        readPresent(m_values);
-    else
-        fail(u"is damaged and can't be locked"_s, lock.error());
+    SharedPreferencesFile file(std::move(path));
+    const SharedPreferencesFile::Opened opened = file.open();
+    m_values = opened.content;
+    m_isWhole = opened.isWhole;
+    const auto onAttempt = [this] {
+        QMetaObject::invokeMethod(
+            &m_receiver, [this] { noteAttempt(); }, Qt::QueuedConnection);
+    };
+    m_writer = std::make_shared<PreferencesWriter>(std::move(file), opened.content, m_policy.delay, onAttempt);
+    m_thread = std::thread([writer = m_writer] { writer->run(); });
 }
 
 JsonPreferences::~JsonPreferences()
 {
-    if (!lasts())
-        writeChanges();
+    if (m_writer->finish())
+        m_thread.join();
+    else
+        m_thread.detach();
 }
 
-std::unique_ptr<JsonPreferences> JsonPreferences::openSuite(const QString &domain)
+std::unique_ptr<JsonPreferences> JsonPreferences::openSuite(const QString &domain, WritePolicy policy)
 {
     const QString path = pathOf(domain);
     const QFileInfo file(path);
     const bool isFileName = !domain.isEmpty() && !domain.contains(u'/');
     if (isFileName && makePreferencesFolder(path) && QFileInfo(file.path()).isWritable() &&
         (!file.exists() || (file.isFile() && file.isReadable())))
-        return std::make_unique<JsonPreferences>(path);
-    report(u"%1 can't be used"_s.arg(path));
+        return std::make_unique<JsonPreferences>(path, std::move(policy));
+    report("preferences", u"%1 can't be used"_s.arg(path));
     return nullptr;
 }
 
@@ -153,76 +146,37 @@ void JsonPreferences::remove(const QString &key)
 
 void JsonPreferences::removeAll()
 {
-    m_forgetsPresent = true;
-    m_unwritten.clear();
     m_values = {};
-    writeChanges();
+    m_writer->add({.forgetsRest = true}, PreferencesWriter::Haste::atOnce);
 }
 
 void JsonPreferences::change(const QString &key, const QJsonValue &value)
 {
-    m_unwritten.insert(key, value);
+    using Haste = PreferencesWriter::Haste;
     m_values.insert(key, value);
-    writeChanges();
+    m_writer->add({.values = {{key, value}}}, m_policy.isUrgent(key) ? Haste::atOnce : Haste::soon);
 }
 
-/// Lays what the file does not have yet over what it holds now. What can't be written stays to be tried again with the
-/// next change.
-bool JsonPreferences::writeChanges()
+void JsonPreferences::whenWritten(std::function<void(bool lasts)> then)
 {
-    if (!makePreferencesFolder(m_path))
-        return fail(u"can't be written"_s, u"no folder for it"_s);
-    const FileLock lock(m_path + u".lock"_s, longestWaitForLock);
-    if (!lock.isHeld())
-        return fail(u"can't be locked"_s, lock.error());
-    QJsonObject present;
-    if (!readPresent(present))
-        return false;
-    const QJsonObject wanted = merged(present);
-    if (wanted != present) {
-        if (const auto problem = replacePreferencesFile(m_path, wanted))
-            return fail(u"can't be written"_s, *problem);
+    const quint64 attempt = m_writer->hurry();
+    if (m_writer->hasEnded(attempt))
+        then(lasts());
+    else
+        m_waiting.append({attempt, std::move(then)});
+}
+
+void JsonPreferences::noteAttempt()
+{
+    m_values = m_writer->content();
+    // Who is called may ask for more.
+    const QList<Waiting> waiting = std::exchange(m_waiting, {});
+    for (const Waiting &one : waiting) {
+        if (m_writer->hasEnded(one.attempt))
+            one.then(lasts());
+        else
+            m_waiting.append(one);
     }
-    m_values = wanted;
-    m_unwritten.clear();
-    m_forgetsPresent = false;
-    return true;
-}
-
-/// Reads what the file holds now, setting it aside when it is damaged; false where it must be left alone. The lock is
-/// held.
-bool JsonPreferences::readPresent(QJsonObject &present)
-{
-    const PreferencesContent content = readPreferencesFile(m_path);
-    if (content.kind == PreferencesContent::Kind::unreadable)
-        return fail(u"can't be read, nothing is kept in this run"_s, content.error);
-    if (content.kind == PreferencesContent::Kind::damaged) {
-        const QString name = setPreferencesFileAside(m_path);
-        if (name.isEmpty())
-            return fail(u"is damaged and can't be set aside"_s, content.error);
-        report(u"%1 is damaged (%2) and was set aside as %3"_s.arg(m_path, content.error, name));
-    }
-    present = content.object;
-    return true;
-}
-
-QJsonObject JsonPreferences::merged(QJsonObject present) const
-{
-    if (m_forgetsPresent)
-        present = {};
-    for (auto change = m_unwritten.cbegin(); change != m_unwritten.cend(); ++change)
-        present.insert(change.key(), change.value());
-    return present;
-}
-
-/// Reports the first failure of each kind; false, so that it can end a function.
-bool JsonPreferences::fail(const QString &what, const QString &reason)
-{
-    if (!m_reported.contains(what)) {
-        m_reported.insert(what);
-        report(u"%1 %2: %3"_s.arg(m_path, what, reason));
-    }
-    return false;
 }
 
 } // namespace pingwell
