@@ -44,11 +44,12 @@ class KeychainTokenStore::Worker
 {
 public:
     Worker(KeychainTokenStore *store, std::shared_ptr<Keychain> keychain, QString service, QString account,
-           std::chrono::milliseconds retryInterval)
+           std::function<void()> beforeWriting, std::chrono::milliseconds retryInterval)
         : m_store(store)
         , m_keychain(std::move(keychain))
         , m_service(std::move(service))
         , m_account(std::move(account))
+        , m_beforeWriting(std::move(beforeWriting))
         , m_retryInterval(retryInterval)
     {
     }
@@ -100,6 +101,7 @@ private:
     const std::shared_ptr<Keychain> m_keychain;
     const QString m_service;
     const QString m_account;
+    const std::function<void()> m_beforeWriting;
     const std::chrono::milliseconds m_retryInterval;
     std::stop_source m_lookUpStop;
     std::stop_source m_exitStop;
@@ -210,6 +212,7 @@ KeychainStatus KeychainTokenStore::Worker::readToken()
 
 void KeychainTokenStore::Worker::write(const std::optional<QString> &token, quint64 revision, Asking asking)
 {
+    m_beforeWriting();
     const bool mayAsk = asking == Asking::allowed;
     const std::stop_token stop = m_exitStop.get_token();
     KeychainStatus status = tryWrite(token);
@@ -263,8 +266,10 @@ void KeychainTokenStore::Worker::post(Callback callback, quint64 revision)
 }
 
 KeychainTokenStore::KeychainTokenStore(std::shared_ptr<Keychain> keychain, const QString &service,
-                                       const QString &account, std::chrono::milliseconds retryInterval)
-    : m_worker(std::make_shared<Worker>(this, std::move(keychain), service, account, retryInterval))
+                                       const QString &account, std::function<void()> beforeWriting,
+                                       std::chrono::milliseconds retryInterval)
+    : m_worker(std::make_shared<Worker>(this, std::move(keychain), service, account, std::move(beforeWriting),
+                                        retryInterval))
     , m_thread([worker = m_worker] { worker->run(); })
 {
 }

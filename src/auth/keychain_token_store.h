@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <thread>
 
@@ -16,11 +17,14 @@ namespace pingwell {
 class KeychainTokenStore final : public TokenStore
 {
 public:
-    /// Asks the keychain nothing before the first operation, which decides whether there is anything to look up. What a
-    /// locked keychain did not take is tried again every `retryInterval`, without asking the person again; an
+    /// Asks the keychain nothing before the first operation, which decides whether there is anything to look up.
+    /// `beforeWriting` is called on the store's thread ahead of each attempt to change the keychain, and may block.
+    /// What a locked keychain did not take is tried again every `retryInterval`, without asking the person again; an
     /// unavailable one is tried ever more rarely.
-    KeychainTokenStore(std::shared_ptr<Keychain> keychain, const QString &service, const QString &account,
-                       std::chrono::milliseconds retryInterval = std::chrono::seconds(30));
+    KeychainTokenStore(
+        std::shared_ptr<Keychain> keychain, const QString &service, const QString &account,
+        std::function<void()> beforeWriting = [] {},
+        std::chrono::milliseconds retryInterval = std::chrono::seconds(30));
     /// Waits at most 2 s for what is still to be written; a keychain that hangs longer is left behind.
     ~KeychainTokenStore() override;
     Q_DISABLE_COPY_MOVE(KeychainTokenStore)

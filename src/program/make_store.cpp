@@ -28,18 +28,25 @@ std::unique_ptr<AppStore> makeDemoStore(const std::shared_ptr<Preferences> &pref
     return std::make_unique<AppStore>(demoData(now), true, preferences, now, nullptr, parts.clock);
 }
 
-std::shared_ptr<TokenStore> makeTokenStore(const LaunchOptions &options, const StoreParts &parts)
+std::shared_ptr<TokenStore> makeTokenStore(const LaunchOptions &options,
+                                           const std::shared_ptr<Preferences> &preferences, const StoreParts &parts)
 {
     if (options.sessionToken)
         return std::make_shared<MemoryTokenStore>(options.sessionToken);
+    // That a token is to go is on the disk before the keyring is asked: a program killed while it asks still owes it.
+    const auto flush = [weak = std::weak_ptr(preferences)] {
+        if (const auto kept = weak.lock())
+            kept->flush();
+    };
     return std::make_shared<KeychainTokenStore>(parts.openKeychain(), programID + QStringLiteral(".session"),
-                                                QStringLiteral("session"));
+                                                QStringLiteral("session"), flush);
 }
 
-std::shared_ptr<Backend> makeBackend(const LaunchOptions &options, const StoreParts &parts)
+std::shared_ptr<Backend> makeBackend(const LaunchOptions &options, const std::shared_ptr<Preferences> &preferences,
+                                     const StoreParts &parts)
 {
     auto backend = std::make_shared<Backend>();
-    backend->tokenStore = makeTokenStore(options, parts);
+    backend->tokenStore = makeTokenStore(options, preferences, parts);
     backend->transport = parts.openTransport();
     if (!options.isLiveUITest && parts.openNotifier)
         backend->notifier = parts.openNotifier();
@@ -57,8 +64,8 @@ std::shared_ptr<Backend> makeBackend(const LaunchOptions &options, const StorePa
 std::unique_ptr<AppStore> makeLiveStore(const LaunchOptions &options, const std::shared_ptr<Preferences> &preferences,
                                         const StoreParts &parts)
 {
-    return std::make_unique<AppStore>(SeedData{}, false, preferences, parts.clock->now(), makeBackend(options, parts),
-                                      parts.clock);
+    return std::make_unique<AppStore>(SeedData{}, false, preferences, parts.clock->now(),
+                                      makeBackend(options, preferences, parts), parts.clock);
 }
 
 } // namespace

@@ -18,6 +18,7 @@ struct Fixture
 {
     std::shared_ptr<FakeKeychain> keychain = std::make_shared<FakeKeychain>();
     std::unique_ptr<KeychainTokenStore> store;
+    std::function<void()> beforeWriting = [] {};
     int becameReadable = 0;
     int notKept = 0;
     int notCleared = 0;
@@ -25,7 +26,7 @@ struct Fixture
 
     void open(std::chrono::milliseconds retryInterval = 30s)
     {
-        store = std::make_unique<KeychainTokenStore>(keychain, u"s"_s, u"a"_s, retryInterval);
+        store = std::make_unique<KeychainTokenStore>(keychain, u"s"_s, u"a"_s, beforeWriting, retryInterval);
         store->onNotCleared = [this] { ++notCleared; };
         store->onWritten = [this] { ++written; };
         store->onBecameReadable = [this] { ++becameReadable; };
@@ -131,6 +132,7 @@ private slots:
     void saveThenClearLeavesNothingBehind()
     {
         Fixture f;
+        f.beforeWriting = [keychain = f.keychain] { keychain->note(u"before"_s); };
         f.open();
         QCOMPARE(f.store->load(), Token());
         f.keychain->hold();
@@ -140,6 +142,7 @@ private slots:
         QCOMPARE(f.store->load(), Token());
         f.keychain->release();
         f.store.reset();
+        QCOMPARE(f.keychain->calls().mid(1), (QStringList{u"before"_s, u"store"_s, u"before"_s, u"remove"_s}));
         QCOMPARE(f.keychain->item(), Item());
     }
 

@@ -120,6 +120,9 @@ private slots:
         QCOMPARE(m_opened, (QStringList{u"keychain"_s, u"transport"_s}));
         QVERIFY(m_domains[u"com.pingwell.mac.uitest-live"_s]->keys().isEmpty());
         QVERIFY(!m_domains[u"com.pingwell.mac"_s]->keys().isEmpty());
+        m_domains[u"com.pingwell.mac"_s]->setBoolean(preference_keys::sessionErasingOwed, true);
+        const auto own = make({});
+        QTRY_VERIFY2(m_domains[u"com.pingwell.mac"_s]->flushes > 0, "the keyring is changed first");
     }
 
     /// The session and server handed in from outside are used, and the first round of the live loop runs at once.

@@ -26,6 +26,12 @@ public:
         const std::lock_guard lock(m_mutex);
         return m_calls;
     }
+    /// Lists what else happened among the calls.
+    void note(const QString &event)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_calls << event;
+    }
     void setItem(const QByteArray &data) { set(m_item, data.toStdString()); }
     /// What every operation but unlock ends in from now on; success lets it through to the item.
     void setStatus(KeychainStatus status) { set(m_status, status); }
