@@ -74,6 +74,14 @@ void BannerRecord::keep(const QList<Banner> &banners, const QString &bus)
     m_preferences->setStrings(preference_keys::shownNotifications, lines);
 }
 
+void BannerRecord::whenWritten(const std::function<void()> &then) const
+{
+    if (m_preferences)
+        m_preferences->whenWritten([then](bool) { then(); });
+    else
+        then();
+}
+
 std::optional<BannerRecord::Entry> BannerRecord::read(const QString &line)
 {
     const QStringList fields = line.split(u' ');

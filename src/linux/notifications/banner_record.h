@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 namespace pingwell {
@@ -29,6 +30,8 @@ public:
 
     /// Keeps `banners`, shown by servers of the bus with that identifier, and what was left and is not forgotten.
     void keep(const QList<Banner> &banners, const QString &bus);
+    /// Calls `then` once all that the preferences were told so far is on the disk, or could not be written.
+    void whenWritten(const std::function<void()> &then) const;
 
 private:
     struct Entry

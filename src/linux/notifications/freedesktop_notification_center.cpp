@@ -86,7 +86,7 @@ void FreedesktopNotificationCenter::add(const NotificationRequest &request)
     banner.takesAnswers = request.content.category.has_value();
     banner.next = request;
     listen();
-    sendWaiting();
+    sendOnceNoted();
 }
 
 void FreedesktopNotificationCenter::remove(const QStringList &identifiers)
@@ -131,8 +131,23 @@ void FreedesktopNotificationCenter::noteOwner(const QString &, const QString &, 
         sendWaiting();
 }
 
+/// That something was announced is on the disk before it is on the screen: a start after a kill in between would
+/// announce it again.
+void FreedesktopNotificationCenter::sendOnceNoted()
+{
+    ++m_unnoted;
+    m_record.whenWritten([center = QPointer(this)] {
+        if (!center)
+            return;
+        --center->m_unnoted;
+        center->sendWaiting();
+    });
+}
+
 void FreedesktopNotificationCenter::sendWaiting()
 {
+    if (m_unnoted > 0)
+        return;
     if (!m_server) {
         if (!std::exchange(m_isReadingServer, true))
             launch("reading the notification server", readServer(this));

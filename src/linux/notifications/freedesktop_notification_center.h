@@ -51,6 +51,7 @@ public:
 private:
     void listen();
     void noteOwner(const QString &service, const QString &oldOwner, const QString &newOwner);
+    void sendOnceNoted();
     void sendWaiting();
     void send(Banner &banner);
     void noteSent(const NotificationRequest &request, const QDBusMessage &reply);
@@ -75,6 +76,8 @@ private:
     /// None until it was asked, and again when it is replaced.
     std::optional<NotificationServer> m_server;
     bool m_isReadingServer = false;
+    /// How many additions wait for the disk.
+    int m_unnoted = 0;
     BannerList m_banners;
     EarlyBannerEvents m_early;
     BannerRecord m_record;
