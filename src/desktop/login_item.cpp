@@ -25,12 +25,13 @@ bool isLaunchAtLoginEnabled(const LoginItem &item)
     return item.status() == LoginItemStatus::enabled;
 }
 
-void offerLaunchAtLoginOnce(LoginItem &item, Preferences &preferences)
+void offerLaunchAtLoginOnce(const std::shared_ptr<LoginItem> &item, Preferences &preferences)
 {
-    if (preferences.boolean(offeredKey).value_or(false) || !item.isProgramInstalled())
+    if (preferences.boolean(offeredKey).value_or(false) || !item->isProgramInstalled())
         return;
     preferences.setBoolean(offeredKey, true);
-    setLaunchAtLogin(item, true);
+    // Not before: who was killed in between would offer it again to a person who has switched it off by then.
+    preferences.whenWritten([item](bool) { setLaunchAtLogin(*item, true); });
 }
 
 } // namespace pingwell

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <memory>
 #include <optional>
 
 namespace pingwell {
@@ -38,6 +39,6 @@ bool setLaunchAtLogin(LoginItem &item, bool enabled);
 
 /// Switches starting at log-in on, once in the life of an installation; a program that is not installed keeps the offer
 /// for the day it is.
-void offerLaunchAtLoginOnce(LoginItem &item, Preferences &preferences);
+void offerLaunchAtLoginOnce(const std::shared_ptr<LoginItem> &item, Preferences &preferences);
 
 } // namespace pingwell

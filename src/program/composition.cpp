@@ -64,7 +64,7 @@ bool isOwnProgram(const LaunchOptions &options)
 
 /// What the person's own program makes sure of at every start: that it starts at log-in, if it was never asked not to,
 /// and that the browser finds it.
-void settleIn(Preferences &preferences, LoginItem &loginItem)
+void settleIn(Preferences &preferences, const std::shared_ptr<LoginItem> &loginItem)
 {
     offerLaunchAtLoginOnce(loginItem, preferences);
     const SchemeRegistration scheme(QCoreApplication::applicationFilePath());
@@ -136,7 +136,7 @@ std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstanc
         notifier->setResponses(parts.responses);
         // Files and tools; the status item comes first.
         QTimer::singleShot(0, QCoreApplication::instance(),
-                           [preferences, loginItem] { settleIn(*preferences, *loginItem); });
+                           [preferences, loginItem] { settleIn(*preferences, loginItem); });
     }
     return std::make_unique<PingwellApp>(options, std::move(parts));
 }

@@ -12,17 +12,21 @@ class LoginItemTest : public QObject
 private slots:
     void isOfferedOnceToAnInstalledCopy()
     {
-        FakeLoginItem item;
+        const auto item = std::make_shared<FakeLoginItem>();
         MemoryPreferences preferences;
-        item.installed = false;
+        item->installed = false;
         offerLaunchAtLoginOnce(item, preferences);
-        QVERIFY(item.registrations == 0 && preferences.keys().isEmpty());
-        item.installed = true;
+        QVERIFY(item->registrations == 0 && preferences.keys().isEmpty());
+        item->installed = true;
+        preferences.isSlow = true;
         offerLaunchAtLoginOnce(item, preferences);
-        QCOMPARE(item.current, LoginItemStatus::enabled);
-        item.current = LoginItemStatus::notRegistered;
+        QVERIFY2(item->registrations == 0, "a kill would let it be offered again");
+        preferences.isSlow = false;
+        preferences.write();
+        QCOMPARE(item->current, LoginItemStatus::enabled);
+        item->current = LoginItemStatus::notRegistered;
         offerLaunchAtLoginOnce(item, preferences);
-        QCOMPARE(item.registrations, 1);
+        QCOMPARE(item->registrations, 1);
         QVERIFY(preferences.boolean(QStringLiteral("pingwell.loginItem.offered")).value_or(false));
     }
 };
