@@ -4,7 +4,7 @@
 
 namespace pingwell {
 
-QCoro::Task<HTTPResponse> OneBody::perform(HTTPRequest)
+QCoro::Task<Outcome<HTTPResponse>> OneBody::perform(HTTPRequest)
 {
     started.start();
     co_return HTTPResponse{.status = 200, .body = body};

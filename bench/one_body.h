@@ -13,7 +13,7 @@ namespace pingwell {
 class OneBody final : public HTTPTransport
 {
 public:
-    QCoro::Task<HTTPResponse> perform(HTTPRequest request) override;
+    QCoro::Task<Outcome<HTTPResponse>> perform(HTTPRequest request) override;
 
     QByteArray body;
     /// Runs since the last answer.

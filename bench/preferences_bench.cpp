@@ -1,6 +1,6 @@
 // What it costs the calling thread to change a preference, keystroke by keystroke, and how long it takes until no kill
 // can lose the change, beside one replacement of a file of the same size by the least that can do it.
-#include "platform/json_preferences.h"
+#include "linux/preferences/json_preferences.h"
 #include "timing.h"
 
 #include <QCoreApplication>

@@ -77,11 +77,11 @@ QUrl APIClient::makeURL(const QString &path, const QueryItems &queryItems) const
     return url;
 }
 
-HTTPRequest APIClient::makeRequest(const QByteArray &method, const QString &path,
-                                   const std::optional<JSONObject> &body) const
+Outcome<HTTPRequest> APIClient::makeRequest(const QByteArray &method, const QString &path,
+                                            const std::optional<JSONObject> &body) const
 {
     if (!arrivesAsItIs(path))
-        throw APIError::badResponse();
+        return APIError::badResponse();
     HTTPRequest request;
     request.method = method;
     request.url = makeURL(path);

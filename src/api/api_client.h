@@ -1,8 +1,8 @@
 #pragma once
 
-#include "api/api_error.h"
 #include "api/http_transport.h"
 #include "api/json.h"
+#include "api/outcome.h"
 
 #include <QByteArray>
 #include <QString>
@@ -38,10 +38,10 @@ public:
     /// The address of `path`, which begins with "/" and is already percent-encoded, on this server.
     [[nodiscard]] QUrl makeURL(const QString &path, const QueryItems &queryItems = {}) const;
 
-    /// The finished request, with the session's token where there is one. Throws `APIError::badResponse()` for a path
-    /// with an empty piece, "." or "..": the service gave something an identifier that would be another address.
-    [[nodiscard]] HTTPRequest makeRequest(const QByteArray &method, const QString &path,
-                                          const std::optional<JSONObject> &body = std::nullopt) const;
+    /// The finished request, with the session's token where there is one. `APIError::badResponse()` for a path with an
+    /// empty piece, "." or "..": the service gave something an identifier that would be another address.
+    [[nodiscard]] Outcome<HTTPRequest> makeRequest(const QByteArray &method, const QString &path,
+                                                   const std::optional<JSONObject> &body = std::nullopt) const;
 
 private:
     QUrl m_baseURL;

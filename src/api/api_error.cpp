@@ -27,17 +27,6 @@ APIError APIError::tooLarge()
                     QStringLiteral("The server sent more than this app can take in. Try again later."));
 }
 
-APIError APIError::from(std::exception_ptr thrown)
-{
-    try {
-        std::rethrow_exception(std::move(thrown));
-    } catch (const APIError &error) {
-        return error;
-    } catch (...) {
-        return offline();
-    }
-}
-
 QString unreachableMessage()
 {
     return QStringLiteral("Can't reach the Pingwell server. Check your connection.");

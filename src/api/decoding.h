@@ -1,27 +1,12 @@
 #pragma once
 
-#include "api/api_error.h"
 #include "api/http_transport.h"
+#include "api/outcome.h"
 #include "api/wire_reader.h"
 
 #include <optional>
-#include <utility>
-#include <variant>
 
 namespace pingwell {
-
-/// What a response comes to: a value, or the error that the caller is to see. Made in a worker thread.
-template<typename Value>
-using Outcome = std::variant<Value, APIError>;
-
-/// The value. Throws the error.
-template<typename Value>
-Value valueOf(Outcome<Value> outcome)
-{
-    if (const APIError *error = std::get_if<APIError>(&outcome))
-        throw *error;
-    return std::get<Value>(std::move(outcome));
-}
 
 /// What every response may say about itself.
 struct ErrorEnvelope

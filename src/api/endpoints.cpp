@@ -49,12 +49,12 @@ QString devicePath(const QString &deviceId)
 
 } // namespace
 
-QCoro::Task<QList<AuthProvider>> listProviders(APIClientPtr client)
+QCoro::Task<Outcome<QList<AuthProvider>>> listProviders(APIClientPtr client)
 {
     return request(std::move(client), {"GET", u"/auth/providers"_s}, readData<ProvidersDTO>);
 }
 
-QCoro::Task<Session> exchangeCode(APIClientPtr client, QString code, QString codeVerifier)
+QCoro::Task<Outcome<Session>> exchangeCode(APIClientPtr client, QString code, QString codeVerifier)
 {
     // A code is exchanged before there is a session; the token of another one has no business here.
     auto signedOut = std::make_shared<const APIClient>(client->baseURL(), std::nullopt, client->transport());
@@ -62,150 +62,155 @@ QCoro::Task<Session> exchangeCode(APIClientPtr client, QString code, QString cod
     return request(std::move(signedOut), {"POST", u"/auth/native/token"_s, body}, readBare<SessionDTO>);
 }
 
-QCoro::Task<Session> fetchUserData(APIClientPtr client)
+QCoro::Task<Outcome<Session>> fetchUserData(APIClientPtr client)
 {
     return request(std::move(client), {"GET", u"/auth/user-data"_s}, readBare<SessionDTO>);
 }
 
-QCoro::Task<NotificationSettings> saveSettings(APIClientPtr client, JSONObject changes)
+QCoro::Task<Outcome<NotificationSettings>> saveSettings(APIClientPtr client, JSONObject changes)
 {
     return request(std::move(client), {"PUT", u"/auth/settings"_s, changes}, readData<SettingsDTO>);
 }
 
-QCoro::Task<std::optional<QString>> deleteAccount(APIClientPtr client)
+QCoro::Task<Outcome<std::optional<QString>>> deleteAccount(APIClientPtr client)
 {
     return requestMessage(std::move(client), {"DELETE", u"/auth/account"_s});
 }
 
-QCoro::Task<FetchedDashboard> fetchDashboard(APIClientPtr client, QByteArray known)
+QCoro::Task<Outcome<FetchedDashboard>> fetchDashboard(APIClientPtr client, QByteArray known)
 {
-    const HTTPRequest request = client->makeRequest("GET", u"/dashboard"_s);
-    const HTTPResponse response = co_await responseTo(client, request);
+    const ServiceCall call{"GET", u"/dashboard"_s};
+    const Outcome<HTTPResponse> answer = co_await responseTo(client, call);
+    if (answer.error())
+        co_return *answer.error();
+    const HTTPResponse &response = *answer.value();
     FetchedDashboard fetched;
     fetched.body = response.body;
     fetched.date = response.date;
     const bool isKnown = isSuccess(response.status) && !known.isEmpty() && response.body == known;
-    if (!isKnown) {
-        Dashboard dashboard = co_await decodedInBackground(response, readData<DashboardDTO>);
-        fetched.dashboard = std::move(dashboard);
-    }
+    if (isKnown)
+        co_return fetched;
+    Outcome<Dashboard> dashboard = co_await decodedInBackground(response, readData<DashboardDTO>);
+    if (dashboard.error())
+        co_return *dashboard.error();
+    fetched.dashboard = std::move(dashboard).value();
     co_return fetched;
 }
 
-QCoro::Task<Alert> answerAlert(APIClientPtr client, QString workspaceId, QString alertId, QString answer)
+QCoro::Task<Outcome<Alert>> answerAlert(APIClientPtr client, QString workspaceId, QString alertId, QString answer)
 {
     const JSONObject body{{u"answer"_s, answer}};
     return request(std::move(client), {"POST", alertPath(workspaceId, alertId) + u"/answer", body}, readData<AlertDTO>);
 }
 
-QCoro::Task<> markAlertRead(APIClientPtr client, QString workspaceId, QString alertId)
+QCoro::Task<Outcome<Done>> markAlertRead(APIClientPtr client, QString workspaceId, QString alertId)
 {
     return requestNothing(std::move(client), {"POST", alertPath(workspaceId, alertId) + u"/read"});
 }
 
-QCoro::Task<> markAllAlertsRead(APIClientPtr client, QString workspaceId)
+QCoro::Task<Outcome<Done>> markAllAlertsRead(APIClientPtr client, QString workspaceId)
 {
     return requestNothing(std::move(client), {"POST", workspacePath(workspaceId) + u"/alerts/read-all"});
 }
 
-QCoro::Task<> deleteAlert(APIClientPtr client, QString workspaceId, QString alertId)
+QCoro::Task<Outcome<Done>> deleteAlert(APIClientPtr client, QString workspaceId, QString alertId)
 {
     return requestNothing(std::move(client), {"DELETE", alertPath(workspaceId, alertId)});
 }
 
-QCoro::Task<Alert> sendTestAlert(APIClientPtr client, QString workspaceId, JSONObject alert)
+QCoro::Task<Outcome<Alert>> sendTestAlert(APIClientPtr client, QString workspaceId, JSONObject alert)
 {
     return request(std::move(client), {"POST", workspacePath(workspaceId) + u"/alerts/test", alert},
                    readData<AlertDTO>);
 }
 
-QCoro::Task<Workspace> changeWorkspace(APIClientPtr client, QString workspaceId, JSONObject change)
+QCoro::Task<Outcome<Workspace>> changeWorkspace(APIClientPtr client, QString workspaceId, JSONObject change)
 {
     return request(std::move(client), {"PATCH", workspacePath(workspaceId), change}, readData<WorkspaceDTO>);
 }
 
-QCoro::Task<CreatedWorkspace> createWorkspace(APIClientPtr client, QString name)
+QCoro::Task<Outcome<CreatedWorkspace>> createWorkspace(APIClientPtr client, QString name)
 {
     const JSONObject body{{u"name"_s, name}};
     return request(std::move(client), {"POST", u"/workspaces"_s, body}, readData<CreatedWorkspaceDTO>);
 }
 
-QCoro::Task<> leaveWorkspace(APIClientPtr client, QString workspaceId)
+QCoro::Task<Outcome<Done>> leaveWorkspace(APIClientPtr client, QString workspaceId)
 {
     return requestNothing(std::move(client), {"POST", workspacePath(workspaceId) + u"/leave"});
 }
 
-QCoro::Task<WithMessage<Member>> inviteMember(APIClientPtr client, QString workspaceId, QString email,
-                                              WorkspaceRole role)
+QCoro::Task<Outcome<WithMessage<Member>>> inviteMember(APIClientPtr client, QString workspaceId, QString email,
+                                                       WorkspaceRole role)
 {
     const JSONObject body{{u"email"_s, email}, {u"role"_s, QString(rawValue(role))}};
     return request(std::move(client), {"POST", workspacePath(workspaceId) + u"/members", body},
                    readMessageData<MemberDTO>);
 }
 
-QCoro::Task<WithMessage<Member>> resendInvitation(APIClientPtr client, QString workspaceId, QString memberId)
+QCoro::Task<Outcome<WithMessage<Member>>> resendInvitation(APIClientPtr client, QString workspaceId, QString memberId)
 {
     return request(std::move(client), {"POST", memberPath(workspaceId, memberId) + u"/resend"},
                    readMessageData<MemberDTO>);
 }
 
-QCoro::Task<WithMessage<Member>> changeMemberRole(APIClientPtr client, QString workspaceId, QString memberId,
-                                                  WorkspaceRole role)
+QCoro::Task<Outcome<WithMessage<Member>>> changeMemberRole(APIClientPtr client, QString workspaceId, QString memberId,
+                                                           WorkspaceRole role)
 {
     const JSONObject body{{u"role"_s, QString(rawValue(role))}};
     return request(std::move(client), {"PATCH", memberPath(workspaceId, memberId), body}, readMessageData<MemberDTO>);
 }
 
-QCoro::Task<std::optional<QString>> removeMember(APIClientPtr client, QString workspaceId, QString memberId)
+QCoro::Task<Outcome<std::optional<QString>>> removeMember(APIClientPtr client, QString workspaceId, QString memberId)
 {
     return requestMessage(std::move(client), {"DELETE", memberPath(workspaceId, memberId)});
 }
 
-QCoro::Task<Topic> createTopic(APIClientPtr client, QString workspaceId, QString name)
+QCoro::Task<Outcome<Topic>> createTopic(APIClientPtr client, QString workspaceId, QString name)
 {
     const JSONObject body{{u"name"_s, name}};
     return request(std::move(client), {"POST", workspacePath(workspaceId) + u"/topics", body}, readData<TopicDTO>);
 }
 
-QCoro::Task<Topic> changeTopic(APIClientPtr client, QString workspaceId, QString topicId, JSONObject change)
+QCoro::Task<Outcome<Topic>> changeTopic(APIClientPtr client, QString workspaceId, QString topicId, JSONObject change)
 {
     return request(std::move(client), {"PATCH", topicPath(workspaceId, topicId), change}, readData<TopicDTO>);
 }
 
-QCoro::Task<> deleteTopic(APIClientPtr client, QString workspaceId, QString topicId)
+QCoro::Task<Outcome<Done>> deleteTopic(APIClientPtr client, QString workspaceId, QString topicId)
 {
     return requestNothing(std::move(client), {"DELETE", topicPath(workspaceId, topicId)});
 }
 
-QCoro::Task<QList<Invitation>> listInvitations(APIClientPtr client)
+QCoro::Task<Outcome<QList<Invitation>>> listInvitations(APIClientPtr client)
 {
     return request(std::move(client), {"GET", u"/invites"_s}, readDataList<InvitationDTO, maximumInvitations>);
 }
 
-QCoro::Task<std::optional<QString>> acceptInvitation(APIClientPtr client, QString token)
+QCoro::Task<Outcome<std::optional<QString>>> acceptInvitation(APIClientPtr client, QString token)
 {
     return requestMessage(std::move(client), {"POST", invitationPath(token) + u"/accept"});
 }
 
-QCoro::Task<std::optional<QString>> declineInvitation(APIClientPtr client, QString token)
+QCoro::Task<Outcome<std::optional<QString>>> declineInvitation(APIClientPtr client, QString token)
 {
     return requestMessage(std::move(client), {"POST", invitationPath(token) + u"/reject"});
 }
 
-QCoro::Task<Device> registerDevice(APIClientPtr client, QString name, QString version)
+QCoro::Task<Outcome<Device>> registerDevice(APIClientPtr client, QString name, QString version)
 {
     // The service knows no Linux desktop; this client counts as the kind it stands in for.
     const JSONObject body{{u"name"_s, name}, {u"version"_s, version}, {u"platform"_s, u"macos"}};
     return request(std::move(client), {"POST", u"/devices"_s, body}, readData<DeviceDTO>);
 }
 
-QCoro::Task<Device> sendHeartbeat(APIClientPtr client, QString deviceId, QString version)
+QCoro::Task<Outcome<Device>> sendHeartbeat(APIClientPtr client, QString deviceId, QString version)
 {
     const JSONObject body{{u"version"_s, version}};
     return request(std::move(client), {"POST", devicePath(deviceId) + u"/heartbeat", body}, readData<DeviceDTO>);
 }
 
-QCoro::Task<std::optional<QString>> unregisterDevice(APIClientPtr client, QString deviceId)
+QCoro::Task<Outcome<std::optional<QString>>> unregisterDevice(APIClientPtr client, QString deviceId)
 {
     return requestMessage(std::move(client), {"DELETE", devicePath(deviceId)});
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "api/outcome.h"
 #include "model/instant.h"
 
 #include <QByteArray>
@@ -41,9 +42,9 @@ class HTTPTransport
 public:
     virtual ~HTTPTransport() = default;
 
-    /// The answer, whatever its status. Throws `APIError::offline()` when none arrived, and `APIError::tooLarge()` when
-    /// it is more than may be taken in.
-    virtual QCoro::Task<HTTPResponse> perform(HTTPRequest request) = 0;
+    /// The answer, whatever its status. `APIError::offline()` when none arrived, and `APIError::tooLarge()` when it is
+    /// more than may be taken in.
+    virtual QCoro::Task<Outcome<HTTPResponse>> perform(HTTPRequest request) = 0;
 
     /// Called after the computer slept or came to another network: connections kept from before may be dead without
     /// showing it. Later requests use new ones, and so does every GET under way, which is sent anew. Other requests

@@ -11,7 +11,7 @@ namespace pingwell {
 struct PendingResponse::State
 {
     bool finished = false;
-    std::variant<HTTPResponse, APIError> result = APIError::offline();
+    Outcome<HTTPResponse> result = APIError::offline();
     std::coroutine_handle<> awaiting;
 };
 
@@ -33,7 +33,7 @@ void PendingResponse::fail(const APIError &error)
     end(error);
 }
 
-void PendingResponse::end(std::variant<HTTPResponse, APIError> result)
+void PendingResponse::end(Outcome<HTTPResponse> result)
 {
     if (m_state->finished)
         return;
@@ -51,7 +51,7 @@ void PendingResponse::await_suspend(std::coroutine_handle<> awaiting)
         resumeLater(m_state);
 }
 
-std::variant<HTTPResponse, APIError> PendingResponse::await_resume()
+Outcome<HTTPResponse> PendingResponse::await_resume()
 {
     return std::move(m_state->result);
 }
@@ -63,12 +63,10 @@ void PendingResponse::resumeLater(const std::shared_ptr<State> &state)
         QCoreApplication::instance(), [state] { state->awaiting.resume(); }, Qt::QueuedConnection);
 }
 
-QCoro::Task<HTTPResponse> responseOf(PendingResponse pending)
+QCoro::Task<Outcome<HTTPResponse>> responseOf(PendingResponse pending)
 {
-    std::variant<HTTPResponse, APIError> result = co_await pending;
-    if (const APIError *error = std::get_if<APIError>(&result))
-        throw *error;
-    co_return std::get<HTTPResponse>(std::move(result));
+    Outcome<HTTPResponse> result = co_await pending;
+    co_return result;
 }
 
 } // namespace pingwell

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "api/api_error.h"
 #include "api/http_transport.h"
 
 #include <coroutine>
 #include <memory>
 #include <optional>
-#include <variant>
 
 namespace pingwell {
 
@@ -25,17 +23,17 @@ public:
     [[nodiscard]] bool await_ready() const { return false; }
     void await_suspend(std::coroutine_handle<> awaiting);
     /// The answer or why there is none.
-    [[nodiscard]] std::variant<HTTPResponse, APIError> await_resume();
+    [[nodiscard]] Outcome<HTTPResponse> await_resume();
 
 private:
     struct State;
-    void end(std::variant<HTTPResponse, APIError> result);
+    void end(Outcome<HTTPResponse> result);
     static void resumeLater(const std::shared_ptr<State> &state);
 
     std::shared_ptr<State> m_state;
 };
 
-/// Waits for the answer. Throws the error when there is none, `APIError::offline()` when nothing arrived.
-QCoro::Task<HTTPResponse> responseOf(PendingResponse pending);
+/// Waits for the answer.
+QCoro::Task<Outcome<HTTPResponse>> responseOf(PendingResponse pending);
 
 } // namespace pingwell

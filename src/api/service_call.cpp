@@ -2,34 +2,35 @@
 
 namespace pingwell {
 
-QCoro::Task<HTTPResponse> responseTo(APIClientPtr client, HTTPRequest request)
+QCoro::Task<Outcome<HTTPResponse>> responseTo(APIClientPtr client, ServiceCall call)
 {
+    const Outcome<HTTPRequest> prepared = client->makeRequest(call.method, call.path, call.body);
+    if (prepared.error())
+        co_return *prepared.error();
+    const HTTPRequest &request = *prepared.value();
     const std::shared_ptr<HTTPTransport> transport = client->transport();
-    std::optional<HTTPResponse> response;
-    try {
-        response = co_await transport->perform(request);
-    } catch (const APIError &) {
-        throw;
-    } catch (...) {
-        throw APIError::offline();
-    }
-    if (response->status == 0)
-        throw APIError::offline();
-    co_return std::move(*response);
+    Outcome<HTTPResponse> response = co_await transport->perform(request);
+    if (response.value() && response.value()->status == 0)
+        co_return APIError::offline();
+    co_return response;
 }
 
-QCoro::Task<std::optional<QString>> requestMessage(APIClientPtr client, ServiceCall call)
+QCoro::Task<Outcome<std::optional<QString>>> requestMessage(APIClientPtr client, ServiceCall call)
 {
-    const HTTPRequest prepared = client->makeRequest(call.method, call.path, call.body);
-    const HTTPResponse response = co_await responseTo(client, prepared);
-    auto examine = [response] { return messageOrFailureOf(response); };
+    const Outcome<HTTPResponse> response = co_await responseTo(client, call);
+    if (response.error())
+        co_return *response.error();
+    auto examine = [answer = *response.value()] { return messageOrFailureOf(answer); };
     Outcome<std::optional<QString>> outcome = co_await inBackground(std::move(examine));
-    co_return valueOf(std::move(outcome));
+    co_return outcome;
 }
 
-QCoro::Task<> requestNothing(APIClientPtr client, ServiceCall call)
+QCoro::Task<Outcome<Done>> requestNothing(APIClientPtr client, ServiceCall call)
 {
-    co_await requestMessage(client, call);
+    const Outcome<std::optional<QString>> outcome = co_await requestMessage(client, call);
+    if (outcome.error())
+        co_return *outcome.error();
+    co_return Done();
 }
 
 } // namespace pingwell

@@ -50,33 +50,34 @@ WithMessage<Mapped<DTO>> readMessageData(WireObject body, WireStrings &strings)
     return result;
 }
 
-/// Has the client's transport perform the request. Throws `APIError::offline()`, or the transport's own `APIError`,
-/// when no HTTP answer arrived.
-QCoro::Task<HTTPResponse> responseTo(APIClientPtr client, HTTPRequest request);
+/// Has the client's transport perform the call; here alone it is decided that an answer which is not HTTP is none,
+/// which is `APIError::offline()`.
+QCoro::Task<Outcome<HTTPResponse>> responseTo(APIClientPtr client, ServiceCall call);
 
 /// Decodes the response in the thread pool.
 template<typename Record>
-QCoro::Task<Record> decodedInBackground(HTTPResponse response, RecordReader<Record> read)
+QCoro::Task<Outcome<Record>> decodedInBackground(HTTPResponse response, RecordReader<Record> read)
 {
     auto decode = [response = std::move(response), read] { return decoded(response, read); };
     Outcome<Record> outcome = co_await inBackground(std::move(decode));
-    co_return valueOf(std::move(outcome));
+    co_return outcome;
 }
 
 /// Performs the call for the record in its response.
 template<typename Record>
-QCoro::Task<Record> request(APIClientPtr client, ServiceCall call, RecordReader<Record> read)
+QCoro::Task<Outcome<Record>> request(APIClientPtr client, ServiceCall call, RecordReader<Record> read)
 {
-    const HTTPRequest prepared = client->makeRequest(call.method, call.path, call.body);
-    const HTTPResponse response = co_await responseTo(client, prepared);
-    Record record = co_await decodedInBackground(response, read);
+    const Outcome<HTTPResponse> response = co_await responseTo(client, call);
+    if (response.error())
+        co_return *response.error();
+    Outcome<Record> record = co_await decodedInBackground(*response.value(), read);
     co_return record;
 }
 
 /// Performs the call for the sentence that the service answers with, if it does.
-QCoro::Task<std::optional<QString>> requestMessage(APIClientPtr client, ServiceCall call);
+QCoro::Task<Outcome<std::optional<QString>>> requestMessage(APIClientPtr client, ServiceCall call);
 
 /// Performs the call and only tells failure from success.
-QCoro::Task<> requestNothing(APIClientPtr client, ServiceCall call);
+QCoro::Task<Outcome<Done>> requestNothing(APIClientPtr client, ServiceCall call);
 
 } // namespace pingwell

@@ -52,7 +52,7 @@ bool isPacked(const QByteArray &encoding)
 
 } // namespace
 
-std::variant<HTTPResponse, APIError> unpacked(const HTTPResponse &response, qint64 limit)
+Outcome<HTTPResponse> unpacked(const HTTPResponse &response, qint64 limit)
 {
     if (response.body.isEmpty() || !isPacked(response.contentEncoding))
         return response;

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "api/api_error.h"
 #include "api/http_transport.h"
-
-#include <variant>
 
 namespace pingwell {
 
@@ -16,6 +13,6 @@ inline constexpr qint64 unpackedBytesPerByte = 100;
 /// The response with its body unpacked (gzip, RFC 1952, or deflate, RFC 1950); of another encoding as it stands.
 /// `APIError::tooLarge()` when that would be more than `limit` bytes or more than the body's own size allows, and
 /// `APIError::badResponse()` when the body is damaged. Any thread.
-[[nodiscard]] std::variant<HTTPResponse, APIError> unpacked(const HTTPResponse &response, qint64 limit);
+[[nodiscard]] Outcome<HTTPResponse> unpacked(const HTTPResponse &response, qint64 limit);
 
 } // namespace pingwell

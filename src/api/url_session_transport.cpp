@@ -1,6 +1,5 @@
 #include "api/url_session_transport.h"
 
-#include "api/api_error.h"
 #include "api/http_exchange.h"
 #include "api/unpacked_response.h"
 #include "async/background.h"
@@ -10,16 +9,14 @@ namespace pingwell {
 namespace {
 
 /// Waits for the response and has its body unpacked.
-QCoro::Task<HTTPResponse> unpackedResponseOf(PendingResponse pending, qint64 limit)
+QCoro::Task<Outcome<HTTPResponse>> unpackedResponseOf(PendingResponse pending, qint64 limit)
 {
-    HTTPResponse response = co_await responseOf(pending);
-    if (response.contentEncoding.isEmpty())
+    Outcome<HTTPResponse> response = co_await responseOf(pending);
+    if (response.error() || response.value()->contentEncoding.isEmpty())
         co_return response;
-    auto unpack = [response = std::move(response), limit] { return unpacked(response, limit); };
-    std::variant<HTTPResponse, APIError> result = co_await inBackground(std::move(unpack));
-    if (const APIError *error = std::get_if<APIError>(&result))
-        throw *error;
-    co_return std::get<HTTPResponse>(std::move(result));
+    auto unpack = [packed = *std::move(response).value(), limit] { return unpacked(packed, limit); };
+    Outcome<HTTPResponse> result = co_await inBackground(std::move(unpack));
+    co_return result;
 }
 
 } // namespace
@@ -43,7 +40,7 @@ std::shared_ptr<URLSessionTransport> URLSessionTransport::shared()
     return transport;
 }
 
-QCoro::Task<HTTPResponse> URLSessionTransport::perform(HTTPRequest request)
+QCoro::Task<Outcome<HTTPResponse>> URLSessionTransport::perform(HTTPRequest request)
 {
     auto *exchange = new HTTPExchange(m_connections, std::move(request), m_limits, &m_exchanges);
     QObject::connect(exchange, &HTTPExchange::timedOut, &m_exchanges, [this] { takeNewConnections(); });

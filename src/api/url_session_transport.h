@@ -35,7 +35,7 @@ public:
     /// to happen before the application object goes.
     static std::shared_ptr<URLSessionTransport> shared();
 
-    QCoro::Task<HTTPResponse> perform(HTTPRequest request) override;
+    QCoro::Task<Outcome<HTTPResponse>> perform(HTTPRequest request) override;
     void dropConnections() override;
 
 private:

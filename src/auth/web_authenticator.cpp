@@ -117,38 +117,36 @@ WebAuthenticator::~WebAuthenticator()
     cancel();
 }
 
-QCoro::Task<QUrl> WebAuthenticator::authenticate(QUrl url, QString callbackScheme)
+QCoro::Task<Outcome<WebAuthenticator::Return>> WebAuthenticator::authenticate(QUrl url, QString callbackScheme)
 {
     cancel();
     const auto attempt = std::make_shared<Attempt>(callbackScheme);
     m_attempt = attempt;
     if (!m_openURL(url)) {
         cancel();
-        throw cannotOpen();
+        co_return cannotOpen();
     }
     launch("sign-in limit", losePatience(attempt, m_clock, attempt->patience.get_token()));
-    const QUrl redirect = co_await next(attempt);
+    Return redirect = co_await next(attempt);
     co_return redirect;
 }
 
-QCoro::Task<QUrl> WebAuthenticator::nextCallback()
+QCoro::Task<WebAuthenticator::Return> WebAuthenticator::nextCallback()
 {
     if (!m_attempt)
-        throw SignInCancelled();
+        co_return std::nullopt;
     const std::shared_ptr<Attempt> attempt = m_attempt;
-    const QUrl redirect = co_await next(attempt);
+    Return redirect = co_await next(attempt);
     co_return redirect;
 }
 
 /// The attempt's, not the authenticator's: that may be gone when it resumes.
-QCoro::Task<QUrl> WebAuthenticator::next(std::shared_ptr<Attempt> attempt)
+QCoro::Task<WebAuthenticator::Return> WebAuthenticator::next(std::shared_ptr<Attempt> attempt)
 {
     Shared<Attempt> redirects{attempt};
     co_await redirects;
-    const std::optional<QUrl> redirect = attempt->take();
-    if (!redirect)
-        throw SignInCancelled();
-    co_return *redirect;
+    Return redirect = attempt->take();
+    co_return redirect;
 }
 
 QCoro::Task<> WebAuthenticator::losePatience(std::weak_ptr<Attempt> attempt, std::shared_ptr<Clock> clock,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "api/outcome.h"
 #include "async/clock.h"
 
 #include <QCoroTask>
@@ -7,18 +8,11 @@
 #include <QUrl>
 
 #include <chrono>
-#include <exception>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace pingwell {
-
-/// The person gave a sign-in up, or let it lie. Nothing went wrong, and there is nothing to say.
-class SignInCancelled final : public std::exception
-{
-public:
-    [[nodiscard]] const char *what() const noexcept override { return "the sign-in was cancelled"; }
-};
 
 /// Signs the person in through the system's browser: opens a page there and waits for its redirect to the program's own
 /// scheme (RFC 8252). Any page can open such an address, so a redirect does not end an attempt: who made it decides
@@ -34,13 +28,15 @@ public:
     WebAuthenticator(std::function<bool(const QUrl &)> openURL, std::shared_ptr<Clock> clock);
     ~WebAuthenticator();
 
-    /// Begins an attempt and resumes with its first redirect. Throws `SignInCancelled` when the attempt ends without
-    /// one, and an `APIError` worded for the person when no browser could be opened.
-    QCoro::Task<QUrl> authenticate(QUrl url, QString callbackScheme);
+    /// What the browser brings back. None when the attempt ended without: the person gave the sign-in up, or let it
+    /// lie, and there is nothing to say.
+    using Return = std::optional<QUrl>;
 
-    /// Resumes with the next redirect of the attempt, which may have come already. Throws `SignInCancelled` when it
-    /// ends, or has ended, without one.
-    QCoro::Task<QUrl> nextCallback();
+    /// Begins an attempt and resumes with its first redirect; with an error when no browser could be opened.
+    QCoro::Task<Outcome<Return>> authenticate(QUrl url, QString callbackScheme);
+
+    /// Resumes with the next redirect of the attempt, which may have come already, or may be over.
+    QCoro::Task<Return> nextCallback();
 
     /// Takes a URL the desktop handed to the program, and says whether an attempt waits for such a redirect. Any other
     /// URL is ignored; so is a redirect that was delivered twice.
@@ -52,7 +48,7 @@ public:
 private:
     class Attempt;
 
-    static QCoro::Task<QUrl> next(std::shared_ptr<Attempt> attempt);
+    static QCoro::Task<Return> next(std::shared_ptr<Attempt> attempt);
     static QCoro::Task<> losePatience(std::weak_ptr<Attempt> attempt, std::shared_ptr<Clock> clock,
                                       std::stop_token stop);
 

@@ -23,7 +23,7 @@ struct StoreParts
     /// Not called by the automated live test, which must not notify. May be empty: then nobody is notified.
     std::function<std::shared_ptr<AlertNotifying>()> openNotifier;
     Backend::Authenticate authenticate;
-    std::function<QCoro::Task<QUrl>()> nextCallback = {};
+    Backend::NextCallback nextCallback = {};
     std::function<void()> cancelAuthentication;
     std::shared_ptr<Clock> clock;
     QString hostName;

@@ -10,6 +10,7 @@
 #include "model/toast.h"
 #include "store/attention.h"
 #include "store/backend.h"
+#include "store/consent.h"
 #include "store/left_asks.h"
 #include "store/mutation_count.h"
 #include "store/notification_mark.h"
@@ -285,7 +286,7 @@ signals:
 
 private:
     using Rollback = std::function<void(AppStore &)>;
-    using Operation = std::function<QCoro::Task<>(APIClientPtr)>;
+    using Operation = std::function<QCoro::Task<Outcome<Consent>>(APIClientPtr)>;
     /// Told after the rollback why the service refused, in words for the person.
     using Refused = std::function<void(AppStore &, const QString &message)>;
     class RefreshInProgress;
@@ -355,7 +356,7 @@ private:
     void settleLeftAsks();
     [[nodiscard]] std::optional<QString> workspaceName(const QString &workspaceID) const;
     /// Tells the service of a change already made here; a demo has nobody to tell.
-    void mutate(Rollback rollback, Operation operation, Refused refused = {});
+    void mutate(Mutation mutation);
     /// Changes fields of the thing that `lane` names, and tells the service: in the order of the changes, one request
     /// after the other, and with `together` all that waits in one.
     void changeFields(const QString &lane, const QList<FieldChange> &changes, bool together = false);
@@ -364,9 +365,6 @@ private:
     void applyChangesTo(Dashboard &dashboard);
     [[nodiscard]] bool isRefreshing() const { return m_client && m_refreshingClient == m_client; }
     void refreshIfOwed();
-    /// Shows what the service said to a change, if anything, while the session of `client` lasts.
-    static void tellReply(const QPointer<AppStore> &store, const APIClientPtr &client,
-                          const std::optional<QString> &message);
     /// Tells why something that the person wanted was not done; ends the session where it has ended at the service.
     void tellFailure(const APIError &error);
     /// Shows a notification of the program's own, unless a window with the focus can tell the person.

@@ -3,6 +3,7 @@
 #include "api/endpoints.h"
 #include "async/launch.h"
 #include "desktop/preference_keys.h"
+#include "store/mutation_steps.h"
 #include "store/record_field.h"
 
 #include <algorithm>
@@ -11,16 +12,13 @@ namespace pingwell {
 
 namespace {
 
-/// The settings call, for its success or failure alone: the next refresh brings them as the service holds them.
-QCoro::Task<> sendSettings(APIClientPtr client, JSONObject changes)
-{
-    co_await endpoints::saveSettings(client, changes);
-}
-
 template<typename Value>
 FieldChange changeOf(const QString &key, Value NotificationSettings::*member, const NotificationSettings &after)
 {
-    RecordField field{.name = key, .changed = &AppStore::settingsChanged, .tell = &sendSettings};
+    RecordField field{
+        .name = key, .changed = &AppStore::settingsChanged, .tell = [](APIClientPtr client, const JSONObject &changes) {
+            return consentOf(endpoints::saveSettings(client, changes));
+        }};
     bindField(
         field, [](const Records &records) { return &records.settings; }, member);
     return {field, wireValue(after.*member)};
@@ -41,7 +39,6 @@ QList<FieldChange> keptByTheService(const NotificationSettings &after)
 struct AppStore::AccountSteps
 {
     static void putBackDevice(AppStore &store, qsizetype index, const Device &device);
-    static QCoro::Task<> performRemoveDevice(QPointer<AppStore> store, APIClientPtr client, QString deviceID);
     static QCoro::Task<> runDeleteAccount(QPointer<AppStore> store, APIClientPtr client,
                                           std::shared_ptr<const void> work);
 };
@@ -71,11 +68,10 @@ void AppStore::removeDevice(const QString &deviceID)
     QList<Device> left = before;
     left.remove(found - before.begin());
     set(m_devices, left, &AppStore::devicesChanged);
-    mutate([removed = *found,
-            index = found - before.begin()](AppStore &store) { AccountSteps::putBackDevice(store, index, removed); },
-           [store = QPointer(this), deviceID](APIClientPtr client) {
-               return AccountSteps::performRemoveDevice(store, client, deviceID);
-           });
+    mutate({.operation =
+                [deviceID](APIClientPtr client) { return consentOf(endpoints::unregisterDevice(client, deviceID)); },
+            .rollback = [removed = *found, index = found - before.begin()](
+                            AppStore &store) { AccountSteps::putBackDevice(store, index, removed); }});
 }
 
 void AppStore::AccountSteps::putBackDevice(AppStore &store, qsizetype index, const Device &device)
@@ -85,13 +81,6 @@ void AppStore::AccountSteps::putBackDevice(AppStore &store, qsizetype index, con
         return;
     devices.insert(std::min(index, devices.size()), device);
     store.set(store.m_devices, devices, &AppStore::devicesChanged);
-}
-
-QCoro::Task<> AppStore::AccountSteps::performRemoveDevice(QPointer<AppStore> store, APIClientPtr client,
-                                                          QString deviceID)
-{
-    const std::optional<QString> message = co_await endpoints::unregisterDevice(client, deviceID);
-    tellReply(store, client, message);
 }
 
 void AppStore::deleteAccount()
@@ -104,22 +93,16 @@ void AppStore::deleteAccount()
 QCoro::Task<> AppStore::AccountSteps::runDeleteAccount(QPointer<AppStore> store, APIClientPtr client,
                                                        [[maybe_unused]] std::shared_ptr<const void> work)
 {
-    std::optional<QString> message;
-    std::optional<APIError> failure;
-    try {
-        message = co_await endpoints::deleteAccount(client);
-    } catch (...) {
-        failure = APIError::from(std::current_exception());
-    }
+    const Outcome<std::optional<QString>> outcome = co_await endpoints::deleteAccount(client);
     if (!store || store->m_client != client)
         co_return;
-    if (failure) {
-        store->tellFailure(*failure);
+    if (outcome.error()) {
+        store->tellFailure(*outcome.error());
         co_return;
     }
     if (store->m_defaults)
         store->m_defaults->remove(preference_keys::device(client->baseURL()));
-    store->endSession(message.value_or(QStringLiteral("Your account has been deleted.")));
+    store->endSession(outcome.value()->value_or(QStringLiteral("Your account has been deleted.")));
 }
 
 } // namespace pingwell

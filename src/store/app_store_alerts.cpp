@@ -1,6 +1,7 @@
 #include "store/app_store.h"
 
 #include "api/endpoints.h"
+#include "store/mutation_steps.h"
 #include "store/test_alert.h"
 
 #include <algorithm>
@@ -13,7 +14,8 @@ struct AppStore::AlertSteps
     static void makeUnread(AppStore &store, const QSet<QString> &alertIDs);
     /// Takes in an alert, new or known.
     static void receive(AppStore &store, Alert alert);
-    static QCoro::Task<> performTestAlert(QPointer<AppStore> store, APIClientPtr client, QString workspaceID);
+    /// Takes in the test alert that the service made, and announces it.
+    static void receiveTestAlert(AppStore &store, const Alert &alert);
 };
 
 void AppStore::setRead(const QString &alertID, bool read)
@@ -31,14 +33,15 @@ void AppStore::setRead(const QString &alertID, bool read)
         tellIfForgotten();
         return;
     }
-    mutate(
-        [before = *alert](AppStore &store) {
-            store.replaceAlert(before);
-            store.m_unreadOverrides.set(before.id, true);
-        },
-        [workspaceID = alert->workspaceId, alertID](APIClientPtr client) {
-            return endpoints::markAlertRead(client, workspaceID, alertID);
-        });
+    mutate({.operation =
+                [workspaceID = alert->workspaceId, alertID](APIClientPtr client) {
+                    return consentOf(endpoints::markAlertRead(client, workspaceID, alertID));
+                },
+            .rollback =
+                [before = *alert](AppStore &store) {
+                    store.replaceAlert(before);
+                    store.m_unreadOverrides.set(before.id, true);
+                }});
 }
 
 void AppStore::toggleRead(const QString &alertID)
@@ -62,10 +65,10 @@ void AppStore::markAllRead()
         return;
     set(m_alerts, alerts, &AppStore::alertsChanged);
     m_unreadOverrides.remove(unread);
-    mutate([unread](AppStore &store) { AlertSteps::makeUnread(store, unread); },
-           [workspaceID = m_activeWorkspaceID](APIClientPtr client) {
-               return endpoints::markAllAlertsRead(client, workspaceID);
-           });
+    mutate(
+        {.operation = [workspaceID = m_activeWorkspaceID](
+                          APIClientPtr client) { return consentOf(endpoints::markAllAlertsRead(client, workspaceID)); },
+         .rollback = [unread](AppStore &store) { AlertSteps::makeUnread(store, unread); }});
 }
 
 void AppStore::deleteAlert(const QString &alertID)
@@ -84,14 +87,15 @@ void AppStore::deleteAlert(const QString &alertID)
     if (m_selectedAlertID == alertID)
         selectAlert(QString());
     m_unreadOverrides.set(alertID, false);
-    mutate(
-        [deleted = *alert](AppStore &store) {
-            if (!store.alertWithID(deleted.id))
-                AlertSteps::receive(store, deleted);
-        },
-        [workspaceID = alert->workspaceId, alertID](APIClientPtr client) {
-            return endpoints::deleteAlert(client, workspaceID, alertID);
-        });
+    mutate({.operation =
+                [workspaceID = alert->workspaceId, alertID](APIClientPtr client) {
+                    return consentOf(endpoints::deleteAlert(client, workspaceID, alertID));
+                },
+            .rollback =
+                [deleted = *alert](AppStore &store) {
+                    if (!store.alertWithID(deleted.id))
+                        AlertSteps::receive(store, deleted);
+                }});
 }
 
 void AppStore::sendTestAlert()
@@ -103,24 +107,20 @@ void AppStore::sendTestAlert()
         AlertSteps::receive(*this, localTestAlert(m_activeWorkspaceID, m_now));
         return;
     }
-    mutate([](AppStore &) {},
-           [store = QPointer(this), workspaceID = m_activeWorkspaceID](APIClientPtr client) {
-               return AlertSteps::performTestAlert(store, client, workspaceID);
-           });
+    mutate({.operation = [this, workspaceID = m_activeWorkspaceID](APIClientPtr client) {
+        return consentOf(endpoints::sendTestAlert(client, workspaceID, testAlertBody()),
+                         [this](const Alert &alert) { AlertSteps::receiveTestAlert(*this, alert); });
+    }});
 }
 
-QCoro::Task<> AppStore::AlertSteps::performTestAlert(QPointer<AppStore> store, APIClientPtr client, QString workspaceID)
+void AppStore::AlertSteps::receiveTestAlert(AppStore &store, const Alert &alert)
 {
-    const JSONObject body = testAlertBody();
-    const Alert alert = co_await endpoints::sendTestAlert(client, workspaceID, body);
-    if (!store || store->m_client != client)
-        co_return;
-    receive(*store, alert);
-    store->m_notificationMark.note(alert, store->serviceNow());
-    if (alert.delivered && store->m_backend->notifier)
-        store->m_backend->notifier->deliver(alert, store->workspaceName(alert.workspaceId), store->m_settings.sound,
-                                            store->canAnswer(alert));
-    store->showToast(QStringLiteral("Test alert sent."), false);
+    receive(store, alert);
+    store.m_notificationMark.note(alert, store.serviceNow());
+    if (alert.delivered && store.m_backend->notifier)
+        store.m_backend->notifier->deliver(alert, store.workspaceName(alert.workspaceId), store.m_settings.sound,
+                                           store.canAnswer(alert));
+    store.showToast(QStringLiteral("Test alert sent."), false);
 }
 
 std::optional<QString> AppStore::workspaceName(const QString &workspaceID) const

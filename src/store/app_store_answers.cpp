@@ -2,6 +2,7 @@
 
 #include "api/endpoints.h"
 #include "store/answer_rules.h"
+#include "store/mutation_steps.h"
 #include "text/text_cut.h"
 
 namespace pingwell {
@@ -12,8 +13,6 @@ struct AppStore::AnswerSteps
     /// Gives the answer. Where that may not be done nothing has happened, and the reason is returned.
     static std::optional<AnswerRefusal> submit(AppStore &store, const QString &alertID, const QString &text);
     static void keepDraft(AppStore &store, const QString &alertID, const QString &text);
-    /// Sends the answer, and notes it as unsent when that fails.
-    static QCoro::Task<> send(QPointer<AppStore> store, APIClientPtr client, Alert alert, QString answer);
     /// The service refused, or can't be reached; the answer given to `before` has been undone.
     static void refused(AppStore &store, const Alert &before, const QString &message);
     static void tellRefusal(AppStore &store, const Alert &alert, const AnswerRefusal &refusal);
@@ -78,15 +77,20 @@ std::optional<AnswerRefusal> AppStore::AnswerSteps::submit(AppStore &store, cons
     store.removeReplyDraft(alertID);
     store.m_unreadOverrides.set(alertID, false);
     store.mutate(
-        [before = *alert, sent = *answered.answer](AppStore &owner) {
-            owner.replaceAlert(before);
-            if (before.acceptsText())
-                keepDraft(owner, before.id, sent);
-        },
-        [owner = QPointer<AppStore>(&store), before = *alert, sent = *answered.answer](APIClientPtr client) {
-            return send(owner, client, before, sent);
-        },
-        [before = *alert](AppStore &owner, const QString &message) { refused(owner, before, message); });
+        {.operation =
+             [before = *alert, sent = *answered.answer](APIClientPtr client) {
+                 return consentOf(endpoints::answerAlert(client, before.workspaceId, before.id, sent));
+             },
+         .rollback =
+             [before = *alert, sent = *answered.answer](AppStore &owner) {
+                 owner.replaceAlert(before);
+                 if (before.acceptsText())
+                     keepDraft(owner, before.id, sent);
+             },
+         .failed = [before = *alert, sent = *answered.answer](
+                       AppStore &owner, const APIClientPtr &client,
+                       const APIError &error) { owner.noteUnsentAnswer(client, before, sent, error); },
+         .refused = [before = *alert](AppStore &owner, const QString &message) { refused(owner, before, message); }});
     return std::nullopt;
 }
 
@@ -113,18 +117,6 @@ void AppStore::tellRefusalOfGone(const QString &alertID, const QString &reason) 
 {
     if (m_backend && m_backend->notifier)
         m_backend->notifier->deliverMessage(alertID, QStringLiteral("Your answer didn't go through"), reason);
-}
-
-QCoro::Task<> AppStore::AnswerSteps::send(QPointer<AppStore> store, APIClientPtr client, Alert alert, QString answer)
-{
-    try {
-        // For its success or failure alone: the next refresh brings the alert as the service holds it.
-        co_await endpoints::answerAlert(client, alert.workspaceId, alert.id, answer);
-    } catch (const APIError &error) {
-        if (store)
-            store->noteUnsentAnswer(client, alert, answer, error);
-        throw;
-    }
 }
 
 } // namespace pingwell

@@ -2,6 +2,8 @@
 
 #include "api/endpoints.h"
 
+#include "store/mutation_steps.h"
+
 #include <algorithm>
 
 namespace pingwell {
@@ -11,39 +13,23 @@ struct AppStore::InvitationSteps
 {
     /// Takes the invitation off the list, and tells the service by `operation`.
     static void take(AppStore &store, const QString &token, Operation operation);
-    static QCoro::Task<> performAccept(QPointer<AppStore> store, APIClientPtr client, QString token);
-    static QCoro::Task<> performReject(QPointer<AppStore> store, APIClientPtr client, QString token);
 };
 
 void AppStore::acceptInvitation(const QString &token)
 {
     checkMainThread();
-    InvitationSteps::take(*this, token, [store = QPointer(this), token](APIClientPtr client) {
-        return InvitationSteps::performAccept(store, client, token);
+    InvitationSteps::take(*this, token, [this, token](APIClientPtr client) {
+        // The workspace joined comes with the next dashboard, as soon as one may be merged.
+        return consentOf(endpoints::acceptInvitation(client, token),
+                         [this](const std::optional<QString> &) { m_refreshIsOwed = true; });
     });
-}
-
-QCoro::Task<> AppStore::InvitationSteps::performAccept(QPointer<AppStore> store, APIClientPtr client, QString token)
-{
-    const std::optional<QString> message = co_await endpoints::acceptInvitation(client, token);
-    // The workspace joined comes with the next dashboard, as soon as one may be merged.
-    if (store && store->m_client == client)
-        store->m_refreshIsOwed = true;
-    tellReply(store, client, message);
 }
 
 void AppStore::rejectInvitation(const QString &token)
 {
     checkMainThread();
-    InvitationSteps::take(*this, token, [store = QPointer(this), token](APIClientPtr client) {
-        return InvitationSteps::performReject(store, client, token);
-    });
-}
-
-QCoro::Task<> AppStore::InvitationSteps::performReject(QPointer<AppStore> store, APIClientPtr client, QString token)
-{
-    const std::optional<QString> message = co_await endpoints::declineInvitation(client, token);
-    tellReply(store, client, message);
+    InvitationSteps::take(
+        *this, token, [token](APIClientPtr client) { return consentOf(endpoints::declineInvitation(client, token)); });
 }
 
 void AppStore::InvitationSteps::take(AppStore &store, const QString &token, Operation operation)
@@ -56,14 +42,13 @@ void AppStore::InvitationSteps::take(AppStore &store, const QString &token, Oper
     QList<Invitation> left = before;
     left.remove(found - before.begin());
     store.set(store.m_invitations, left, &AppStore::invitationsChanged);
-    store.mutate(
-        [taken = *found, index = found - before.begin()](AppStore &owner) {
-            QList<Invitation> all = owner.m_invitations;
-            if (!all.contains(taken))
-                all.insert(std::min<qsizetype>(index, all.size()), taken);
-            owner.set(owner.m_invitations, all, &AppStore::invitationsChanged);
-        },
-        std::move(operation));
+    store.mutate({.operation = std::move(operation),
+                  .rollback = [taken = *found, index = found - before.begin()](AppStore &owner) {
+                      QList<Invitation> all = owner.m_invitations;
+                      if (!all.contains(taken))
+                          all.insert(std::min<qsizetype>(index, all.size()), taken);
+                      owner.set(owner.m_invitations, all, &AppStore::invitationsChanged);
+                  }});
 }
 
 } // namespace pingwell

@@ -76,13 +76,13 @@ void AppStore::LaneSteps::tellNext(AppStore &store, const QString &name, bool is
         return;
     }
     MutationSteps::start(store,
-                         {.rollback =
+                         {.operation = [tell = lane->fields.value(request.firstKey()).tell,
+                                        request](APIClientPtr client) { return tell(client, request); },
+                          .rollback =
                               [lane](AppStore &owner) {
                                   lane->changes.refuse();
                                   showAll(owner, *lane);
                               },
-                          .operation = [tell = lane->fields.value(request.firstKey()).tell,
-                                        request](APIClientPtr client) { return tell(client, request); },
                           .ended =
                               [lane, name](AppStore &owner, bool accepted) {
                                   if (accepted)

@@ -3,6 +3,7 @@
 #include "api/endpoints.h"
 #include "store/invite_rules.h"
 #include "store/local_id.h"
+#include "store/mutation_steps.h"
 #include "store/record_field.h"
 
 #include <algorithm>
@@ -39,12 +40,8 @@ struct AppStore::MemberSteps
     template<typename Value>
     static RecordField fieldOf(const Place &place, const QString &name, Value Member::*member);
     static RecordField existenceOf(const Place &place);
-
-    static QCoro::Task<> performInvite(QPointer<AppStore> store, APIClientPtr client, Place provisional);
-    static QCoro::Task<> performResend(QPointer<AppStore> store, APIClientPtr client, Place place);
-    static QCoro::Task<> performChangeRole(QPointer<AppStore> store, APIClientPtr client, Place place,
-                                           WorkspaceRole role);
-    static QCoro::Task<> performRemove(QPointer<AppStore> store, APIClientPtr client, Place place);
+    /// The service knows the one who was invited by that name here.
+    static void takeInvited(AppStore &store, const Place &provisional, const Member &member);
 };
 
 bool AppStore::managesActiveTeam() const
@@ -73,22 +70,21 @@ std::optional<InviteError> AppStore::invite(const QString &email, WorkspaceRole 
         m_provisionalMembers.insert(member.id);
     MemberSteps::setList(*this, m_activeWorkspaceID, members);
     const MemberSteps::Place place{m_activeWorkspaceID, members.size() - 1, member};
-    mutate([place](AppStore &store) { MemberSteps::remove(store, place.workspaceID, place.member.id); },
-           [store = QPointer(this), place](APIClientPtr client) {
-               return MemberSteps::performInvite(store, client, place);
-           });
+    mutate({.operation =
+                [this, place, role](APIClientPtr client) {
+                    return consentOf(endpoints::inviteMember(client, place.workspaceID, place.member.email, role),
+                                     [this, place](const WithMessage<Member> &invited) {
+                                         MemberSteps::takeInvited(*this, place, invited.record);
+                                     });
+                },
+            .rollback = [place](AppStore &store) { MemberSteps::remove(store, place.workspaceID, place.member.id); }});
     return std::nullopt;
 }
 
-QCoro::Task<> AppStore::MemberSteps::performInvite(QPointer<AppStore> store, APIClientPtr client, Place provisional)
+void AppStore::MemberSteps::takeInvited(AppStore &store, const Place &provisional, const Member &member)
 {
-    const WithMessage<Member> invited = co_await endpoints::inviteMember(
-        client, provisional.workspaceID, provisional.member.email, provisional.member.role);
-    if (store && store->m_client == client) {
-        store->m_provisionalMembers.remove(provisional.member.id);
-        replace(*store, provisional, invited.record);
-    }
-    tellReply(store, client, invited.message);
+    store.m_provisionalMembers.remove(provisional.member.id);
+    replace(store, provisional, member);
 }
 
 bool AppStore::canChangeRole(const Member &member) const
@@ -103,20 +99,12 @@ void AppStore::changeRole(const QString &memberID, WorkspaceRole role)
     if (!place || !canChangeRole(place->member) || role == WorkspaceRole::owner || role == place->member.role)
         return;
     RecordField field = MemberSteps::fieldOf(*place, QStringLiteral("role"), &Member::role);
-    field.tell = [store = QPointer(this), place = *place](APIClientPtr client, const JSONObject &change) {
+    field.tell = [place = *place](APIClientPtr client, const JSONObject &change) {
         WorkspaceRole wanted = place.member.role;
         takeWireValue(wanted, change.first());
-        return MemberSteps::performChangeRole(store, client, place, wanted);
+        return consentOf(endpoints::changeMemberRole(client, place.workspaceID, place.member.id, wanted));
     };
     changeFields(laneOf(memberID), {{field, wireValue(role)}});
-}
-
-QCoro::Task<> AppStore::MemberSteps::performChangeRole(QPointer<AppStore> store, APIClientPtr client, Place place,
-                                                       WorkspaceRole role)
-{
-    const WithMessage<Member> changed =
-        co_await endpoints::changeMemberRole(client, place.workspaceID, place.member.id, role);
-    tellReply(store, client, changed.message);
 }
 
 bool AppStore::canRemoveMember(const Member &member) const
@@ -132,16 +120,10 @@ void AppStore::removeMember(const QString &memberID)
     if (!place || !canRemoveMember(place->member))
         return;
     RecordField field = MemberSteps::existenceOf(*place);
-    field.tell = [store = QPointer(this), place = *place](APIClientPtr client, const JSONObject &) {
-        return MemberSteps::performRemove(store, client, place);
+    field.tell = [place = *place](APIClientPtr client, const JSONObject &) {
+        return consentOf(endpoints::removeMember(client, place.workspaceID, place.member.id));
     };
     changeFields(laneOf(memberID), {{field, false}});
-}
-
-QCoro::Task<> AppStore::MemberSteps::performRemove(QPointer<AppStore> store, APIClientPtr client, Place place)
-{
-    const std::optional<QString> message = co_await endpoints::removeMember(client, place.workspaceID, place.member.id);
-    tellReply(store, client, message);
 }
 
 bool AppStore::canResendInvitation(const Member &member) const
@@ -156,16 +138,10 @@ void AppStore::resendInvitation(const QString &memberID)
     if (!place || !canResendInvitation(place->member))
         return;
     RecordField field = MemberSteps::fieldOf(*place, QStringLiteral("invitedAt"), &Member::invitedAt);
-    field.tell = [store = QPointer(this), place = *place](APIClientPtr client, const JSONObject &) {
-        return MemberSteps::performResend(store, client, place);
+    field.tell = [place = *place](APIClientPtr client, const JSONObject &) {
+        return consentOf(endpoints::resendInvitation(client, place.workspaceID, place.member.id));
     };
     changeFields(laneOf(memberID), {{field, wireValue(std::optional(m_now))}});
-}
-
-QCoro::Task<> AppStore::MemberSteps::performResend(QPointer<AppStore> store, APIClientPtr client, Place place)
-{
-    const WithMessage<Member> resent = co_await endpoints::resendInvitation(client, place.workspaceID, place.member.id);
-    tellReply(store, client, resent.message);
 }
 
 std::optional<AppStore::MemberSteps::Place>

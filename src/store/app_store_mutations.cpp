@@ -4,12 +4,11 @@
 
 namespace pingwell {
 
-void AppStore::mutate(Rollback rollback, Operation operation, Refused refused)
+void AppStore::mutate(Mutation mutation)
 {
     checkMainThread();
     if (m_client)
-        MutationSteps::start(
-            *this, {.rollback = std::move(rollback), .operation = std::move(operation), .refused = std::move(refused)});
+        MutationSteps::start(*this, std::move(mutation));
 }
 
 AppStore::MutationInProgress::MutationInProgress(AppStore *store, bool holdsMerge)
@@ -41,17 +40,17 @@ QCoro::Task<> AppStore::MutationSteps::run(QPointer<AppStore> store, APIClientPt
                                            [[maybe_unused]] std::shared_ptr<const void> work)
 {
     std::optional<MutationInProgress> inProgress(std::in_place, store, mutation->holdsMerge);
-    std::optional<APIError> failure;
-    try {
-        co_await mutation->operation(client);
-    } catch (...) {
-        failure = APIError::from(std::current_exception());
-    }
+    const Outcome<Consent> outcome = co_await mutation->operation(client);
     if (!store)
         co_return;
+    const std::optional<APIError> &failure = outcome.error();
+    if (failure && mutation->failed)
+        mutation->failed(*store, client, *failure);
     const bool ours = store->m_client == client;
     if (failure && ours)
         store->m_refreshIsOwed = takeBack(*store, client, *mutation, *failure);
+    else if (ours)
+        accept(*store, *outcome.value());
     // What waits in a lane is dropped with the session: it must not be sent with another session's token.
     if (mutation->ended && store->m_client == client)
         mutation->ended(*store, !failure);
@@ -73,11 +72,11 @@ bool AppStore::MutationSteps::takeBack(AppStore &store, const APIClientPtr &clie
     return stillSignedIn;
 }
 
-void AppStore::tellReply(const QPointer<AppStore> &store, const APIClientPtr &client,
-                         const std::optional<QString> &message)
+void AppStore::MutationSteps::accept(AppStore &store, const Consent &consent)
 {
-    if (store && store->m_client == client && message)
-        store->showToast(*message, false);
+    consent.takeIn();
+    if (consent.sentence)
+        store.showToast(*consent.sentence, false);
 }
 
 void AppStore::notifyUnlessWatching(const QString &identifier, const QString &title, const QString &message) const

@@ -52,20 +52,14 @@ QCoro::Task<> AppStore::ProviderSteps::run(QPointer<AppStore> store, std::option
     if (!baseURL)
         co_return;
     const APIClientPtr client = std::make_shared<const APIClient>(*baseURL, std::nullopt, store->m_backend->transport);
-    QList<AuthProvider> offered;
-    try {
-        QList<AuthProvider> answer = co_await endpoints::listProviders(client);
-        offered = std::move(answer);
-    } catch (const APIError &) {
-        // What the server offered last is the best guess; signing in will tell what is wrong.
-        co_return;
-    }
-    // The person may have chosen another server meanwhile.
-    if (!store || store->effectiveBaseURL() != baseURL)
+    const Outcome<QList<AuthProvider>> offered = co_await endpoints::listProviders(client);
+    // What the server offered last is the best guess; signing in will tell what is wrong. The person may also have
+    // chosen another server meanwhile.
+    if (offered.error() || !store || store->effectiveBaseURL() != baseURL)
         co_return;
     QList<AuthProvider> providers;
     for (const AuthProvider provider : allCases<AuthProvider>()) {
-        if (offered.contains(provider))
+        if (offered.value()->contains(provider))
             providers << provider;
     }
     store->set(store->m_availableProviders, providers, &AppStore::availableProvidersChanged);

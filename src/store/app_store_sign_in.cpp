@@ -57,7 +57,7 @@ struct AppStore::SignInSteps
     {
         APIClientPtr client;
         Backend::Authenticate authenticate;
-        std::function<QCoro::Task<QUrl>()> nextCallback;
+        Backend::NextCallback nextCallback;
         QUrl page;
         QString verifier;
         std::stop_token stop;
@@ -153,19 +153,14 @@ QCoro::Task<> AppStore::SignInSteps::runSignIn(QPointer<AppStore> store, Attempt
 
 QCoro::Task<BrowserReturn> AppStore::SignInSteps::openPage(Attempt attempt)
 {
+    const QUrl page = attempt.page;
+    const QString scheme = signInCallbackScheme;
+    const Outcome<WebAuthenticator::Return> outcome = co_await attempt.authenticate(page, scheme);
     BrowserReturn returned;
-    try {
-        const QUrl page = attempt.page;
-        const QString scheme = signInCallbackScheme;
-        const QUrl callback = co_await attempt.authenticate(page, scheme);
-        returned.callback = callback;
-    } catch (const SignInCancelled &) {
-        // The person knows.
-    } catch (const APIError &error) {
-        returned.problem = error.message();
-    } catch (...) {
-        returned.problem = unfinishedMessage();
-    }
+    if (outcome.error())
+        returned.problem = outcome.error()->message();
+    else
+        returned.callback = *outcome.value();
     co_return returned;
 }
 
@@ -174,29 +169,20 @@ QCoro::Task<BrowserReturn> AppStore::SignInSteps::awaitAnotherReturn(Attempt att
     BrowserReturn returned;
     if (!attempt.nextCallback || attempt.stop.stop_requested())
         co_return returned;
-    try {
-        const QUrl callback = co_await attempt.nextCallback();
-        returned.callback = callback;
-    } catch (...) {
-        // It has ended; what failed before has been told.
-    }
+    // Where it has ended, what failed before has been told.
+    const WebAuthenticator::Return callback = co_await attempt.nextCallback();
+    returned.callback = callback;
     co_return returned;
 }
 
 QCoro::Task<ExchangeResult> AppStore::SignInSteps::exchange(Attempt attempt, QString code)
 {
+    const APIClientPtr client = attempt.client;
+    const Outcome<Session> session = co_await endpoints::exchangeCode(client, code, attempt.verifier);
     ExchangeResult result;
-    try {
-        const APIClientPtr client = attempt.client;
-        Session session = co_await endpoints::exchangeCode(client, code, attempt.verifier);
-        result.problem = problemWith(session);
-        if (!result.problem)
-            result.session = std::move(session);
-    } catch (const APIError &error) {
-        result.problem = error.message();
-    } catch (...) {
-        result.problem = unfinishedMessage();
-    }
+    result.problem = session.error() ? session.error()->message() : problemWith(*session.value());
+    if (!result.problem)
+        result.session = *session.value();
     co_return result;
 }
 

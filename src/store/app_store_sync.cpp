@@ -43,7 +43,7 @@ struct AppStore::SyncSteps
     static QCoro::Task<> refreshInvitations(QPointer<AppStore> store, std::stop_token stop);
     static QCoro::Task<> registerDevice(QPointer<AppStore> store, std::stop_token stop);
     /// Whether the service still knows the device; no identifier is one it does not know.
-    static QCoro::Task<bool> sendHeartbeat(APIClientPtr client, QString deviceID, QString version);
+    static QCoro::Task<Outcome<bool>> sendHeartbeat(APIClientPtr client, QString deviceID, QString version);
     static void forgetDevice(AppStore &store);
     static void takeDevice(AppStore &store, const Device &device);
     /// What a dashboard that changes nothing looks like; empty where any one counts.
@@ -124,16 +124,11 @@ QCoro::Task<> AppStore::SyncSteps::runRefresh(QPointer<AppStore> store)
     const QByteArray known = knownBody(*store);
     const std::shared_ptr<Clock> clock = store->m_clock;
     const Seconds sent = clock->uptime();
-    std::optional<FetchedDashboard> fetched;
-    std::optional<APIError> failure;
-    try {
-        FetchedDashboard answer = co_await endpoints::fetchDashboard(client, known);
-        fetched = std::move(answer);
-    } catch (...) {
-        failure = APIError::from(std::current_exception());
-    }
+    Outcome<FetchedDashboard> outcome = co_await endpoints::fetchDashboard(client, known);
     if (!store || store->m_client != client)
         co_return;
+    const std::optional<APIError> failure = outcome.error();
+    std::optional<FetchedDashboard> fetched = std::move(outcome).value();
     const bool applies = !failure && store->m_mutations.restsSince(epoch);
     if (failure || applies)
         store->m_refreshIsOwed = false;
@@ -160,22 +155,14 @@ QCoro::Task<> AppStore::SyncSteps::refreshAccount(QPointer<AppStore> store, std:
     if (!store || stop.stop_requested() || !store->m_client)
         co_return;
     const APIClientPtr client = store->m_client;
-    std::optional<Account> account;
-    std::optional<APIError> failure;
-    try {
-        const Session session = co_await endpoints::fetchUserData(client);
-        account = session.account;
-    } catch (const APIError &error) {
-        // The dashboard tells every other problem; a stale name is none.
-        if (error.status() == 401)
-            failure = error;
-    }
+    const Outcome<Session> session = co_await endpoints::fetchUserData(client);
     if (!store || store->m_client != client)
         co_return;
-    if (failure)
-        noteProblem(*store, *failure);
-    if (account)
-        store->takeAccount(*account);
+    // The dashboard tells every other problem; a stale name is none.
+    if (session.error() && session.error()->status() == 401)
+        noteProblem(*store, *session.error());
+    if (session.value())
+        store->takeAccount(session.value()->account);
 }
 
 void AppStore::takeAccount(const Account &account)
@@ -195,22 +182,15 @@ QCoro::Task<> AppStore::SyncSteps::refreshInvitations(QPointer<AppStore> store, 
         co_return;
     const APIClientPtr client = store->m_client;
     const qint64 epoch = store->m_mutations.epoch();
-    QList<Invitation> invitations;
-    std::optional<APIError> failure;
-    try {
-        QList<Invitation> answer = co_await endpoints::listInvitations(client);
-        invitations = std::move(answer);
-    } catch (...) {
-        failure = APIError::from(std::current_exception());
-    }
+    const Outcome<QList<Invitation>> invitations = co_await endpoints::listInvitations(client);
     if (!store || store->m_client != client)
         co_return;
     // One just answered would come back for a while, as in a dashboard.
-    store->m_invitationsAreOwed = !failure && !store->m_mutations.restsSince(epoch);
-    if (failure)
-        noteProblem(*store, *failure);
+    store->m_invitationsAreOwed = !invitations.error() && !store->m_mutations.restsSince(epoch);
+    if (invitations.error())
+        noteProblem(*store, *invitations.error());
     else if (!store->m_invitationsAreOwed)
-        store->set(store->m_invitations, invitations, &AppStore::invitationsChanged);
+        store->set(store->m_invitations, *invitations.value(), &AppStore::invitationsChanged);
     store->refreshIfOwed();
 }
 
@@ -221,40 +201,32 @@ QCoro::Task<> AppStore::SyncSteps::registerDevice(QPointer<AppStore> store, std:
     const APIClientPtr client = store->m_client;
     const QString name = store->m_backend->deviceName;
     const QString version = store->m_backend->appVersion;
-    std::optional<Device> device;
-    std::optional<APIError> failure;
-    try {
-        const QString known = store->deviceIdentifier();
-        const bool announced = co_await sendHeartbeat(client, known, version);
-        if (announced || !store || store->m_client != client)
-            co_return;
-        forgetDevice(*store);
-        Device answer = co_await endpoints::registerDevice(client, name, version);
-        device = std::move(answer);
-    } catch (...) {
-        failure = APIError::from(std::current_exception());
-    }
+    const QString known = store->deviceIdentifier();
+    const Outcome<bool> isKnown = co_await sendHeartbeat(client, known, version);
     if (!store || store->m_client != client)
         co_return;
-    if (failure)
-        noteProblem(*store, *failure);
+    if (isKnown.error())
+        noteProblem(*store, *isKnown.error());
+    if (isKnown.value() != false)
+        co_return;
+    forgetDevice(*store);
+    const Outcome<Device> device = co_await endpoints::registerDevice(client, name, version);
+    if (!store || store->m_client != client)
+        co_return;
+    if (device.error())
+        noteProblem(*store, *device.error());
     else
-        takeDevice(*store, *device);
+        takeDevice(*store, *device.value());
 }
 
-QCoro::Task<bool> AppStore::SyncSteps::sendHeartbeat(APIClientPtr client, QString deviceID, QString version)
+QCoro::Task<Outcome<bool>> AppStore::SyncSteps::sendHeartbeat(APIClientPtr client, QString deviceID, QString version)
 {
     if (deviceID.isEmpty())
         co_return false;
-    bool forgotten = false;
-    try {
-        co_await endpoints::sendHeartbeat(client, deviceID, version);
-    } catch (const APIError &error) {
-        if (error.status() != 404)
-            throw;
-        forgotten = true;
-    }
-    co_return !forgotten;
+    const Outcome<Device> device = co_await endpoints::sendHeartbeat(client, deviceID, version);
+    if (device.error() && device.error()->status() != 404)
+        co_return *device.error();
+    co_return device.value().has_value();
 }
 
 QString AppStore::deviceIdentifier() const

@@ -2,6 +2,7 @@
 
 #include "api/endpoints.h"
 #include "store/local_id.h"
+#include "store/mutation_steps.h"
 #include "store/record_field.h"
 #include "store/topic_slug.h"
 
@@ -25,12 +26,6 @@ Topic newDemoTopic(const QString &workspaceID, const QString &name)
     return topic;
 }
 
-/// The patch call, for its success or failure alone: the next refresh brings the topic as the service holds it.
-QCoro::Task<> sendChange(APIClientPtr client, QString workspaceID, QString topicID, JSONObject change)
-{
-    co_await endpoints::changeTopic(client, workspaceID, topicID, change);
-}
-
 } // namespace
 
 /// Changes of topics, and what follows the service's answers.
@@ -43,8 +38,6 @@ struct AppStore::TopicSteps
                        const QString &key);
     static RecordField existenceOf(const Topic &topic);
     static void add(AppStore &store, const Topic &topic);
-    static QCoro::Task<> performCreate(QPointer<AppStore> store, APIClientPtr client, QString workspaceID,
-                                       QString name);
 };
 
 void AppStore::createTopic(const QString &name)
@@ -58,18 +51,10 @@ void AppStore::createTopic(const QString &name)
             TopicSteps::add(*this, newDemoTopic(m_activeWorkspaceID, topicName));
         return;
     }
-    mutate([](AppStore &) {},
-           [store = QPointer(this), workspaceID = m_activeWorkspaceID, topicName](APIClientPtr client) {
-               return TopicSteps::performCreate(store, client, workspaceID, topicName);
-           });
-}
-
-QCoro::Task<> AppStore::TopicSteps::performCreate(QPointer<AppStore> store, APIClientPtr client, QString workspaceID,
-                                                  QString name)
-{
-    const Topic topic = co_await endpoints::createTopic(client, workspaceID, name);
-    if (store && store->m_client == client)
-        add(*store, topic);
+    mutate({.operation = [this, workspaceID = m_activeWorkspaceID, topicName](APIClientPtr client) {
+        return consentOf(endpoints::createTopic(client, workspaceID, topicName),
+                         [this](const Topic &topic) { TopicSteps::add(*this, topic); });
+    }});
 }
 
 void AppStore::setTopicMuted(const QString &topicID, bool muted)
@@ -116,8 +101,10 @@ RecordField AppStore::TopicSteps::existenceOf(const Topic &topic)
                     records.topics.removeIf([&topic](const Topic &other) { return other.id == topic.id; });
             },
         .changed = &AppStore::topicsChanged,
-        .tell = [topic](APIClientPtr client,
-                        const JSONObject &) { return endpoints::deleteTopic(client, topic.workspaceId, topic.id); }};
+        .tell =
+            [topic](APIClientPtr client, const JSONObject &) {
+                return consentOf(endpoints::deleteTopic(client, topic.workspaceId, topic.id));
+            }};
 }
 
 Topic *AppStore::TopicSteps::find(QList<Topic> &topics, const QString &topicID)
@@ -134,11 +121,12 @@ void AppStore::TopicSteps::change(AppStore &store, const QString &topicID, Value
     const Topic *const topic = find(store.m_topics, topicID);
     if (!topic)
         return;
-    RecordField changed{.name = key,
-                        .changed = &AppStore::topicsChanged,
-                        .tell = [workspaceID = topic->workspaceId, topicID](APIClientPtr client, JSONObject change) {
-                            return sendChange(client, workspaceID, topicID, change);
-                        }};
+    RecordField changed{
+        .name = key,
+        .changed = &AppStore::topicsChanged,
+        .tell = [workspaceID = topic->workspaceId, topicID](APIClientPtr client, const JSONObject &change) {
+            return consentOf(endpoints::changeTopic(client, workspaceID, topicID, change));
+        }};
     bindField(
         changed, [topicID](const Records &records) { return find(records.topics, topicID); }, field);
     store.changeFields(laneOf(topicID), {{changed, wireValue(value)}});

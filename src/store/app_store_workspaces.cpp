@@ -3,6 +3,7 @@
 #include "api/endpoints.h"
 #include "desktop/preference_keys.h"
 #include "store/local_id.h"
+#include "store/mutation_steps.h"
 #include "store/record_field.h"
 #include "text/text_cut.h"
 
@@ -42,12 +43,6 @@ Member newDemoOwner(const std::optional<Account> &account)
     return owner;
 }
 
-/// The patch call, for its success or failure alone: the next refresh brings the workspace as the service holds it.
-QCoro::Task<> sendChange(APIClientPtr client, QString workspaceID, JSONObject change)
-{
-    co_await endpoints::changeWorkspace(client, workspaceID, change);
-}
-
 } // namespace
 
 /// Changes of workspaces, and what follows the service's answers.
@@ -59,8 +54,7 @@ struct AppStore::WorkspaceSteps
     static void rememberTimeout(AppStore &store);
     static void add(AppStore &store, const Workspace &workspace, const QList<Member> &members);
     static void remove(AppStore &store, const QString &workspaceID);
-    static QCoro::Task<> performCreate(QPointer<AppStore> store, APIClientPtr client, QString name);
-    static QCoro::Task<> performLeave(QPointer<AppStore> store, APIClientPtr client, QString workspaceID);
+    static void takeIn(AppStore &store, const CreatedWorkspace &created);
 };
 
 void AppStore::createWorkspace(const QString &name)
@@ -74,19 +68,16 @@ void AppStore::createWorkspace(const QString &name)
         WorkspaceSteps::add(*this, workspace, {newDemoOwner(m_account)});
         return;
     }
-    mutate([](AppStore &) {},
-           [store = QPointer(this), trimmed](APIClientPtr client) {
-               return WorkspaceSteps::performCreate(store, client, trimmed);
-           });
+    mutate({.operation = [this, trimmed](APIClientPtr client) {
+        return consentOf(endpoints::createWorkspace(client, trimmed),
+                         [this](const CreatedWorkspace &created) { WorkspaceSteps::takeIn(*this, created); });
+    }});
 }
 
-QCoro::Task<> AppStore::WorkspaceSteps::performCreate(QPointer<AppStore> store, APIClientPtr client, QString name)
+void AppStore::WorkspaceSteps::takeIn(AppStore &store, const CreatedWorkspace &created)
 {
-    const CreatedWorkspace created = co_await endpoints::createWorkspace(client, name);
-    if (!store || store->m_client != client)
-        co_return;
-    add(*store, created.workspace, created.members);
-    store->showToast(created.workspace.name + QStringLiteral(" is ready. Invite your team from the Team tab."), false);
+    add(store, created.workspace, created.members);
+    store.showToast(created.workspace.name + QStringLiteral(" is ready. Invite your team from the Team tab."), false);
 }
 
 void AppStore::WorkspaceSteps::add(AppStore &store, const Workspace &workspace, const QList<Member> &members)
@@ -117,17 +108,11 @@ void AppStore::leaveWorkspace()
         .read = [](const Records &) { return std::optional<JSON>(true); },
         .write = [](const Records &, const JSON &) {},
         .tell =
-            [store = QPointer(this), workspaceID = workspace->id](APIClientPtr client, const JSONObject &) {
-                return WorkspaceSteps::performLeave(store, client, workspaceID);
+            [this, workspaceID = workspace->id](APIClientPtr client, const JSONObject &) {
+                return consentOf(endpoints::leaveWorkspace(client, workspaceID),
+                                 [this, workspaceID](const Done &) { WorkspaceSteps::remove(*this, workspaceID); });
             }};
     changeFields(QStringLiteral("leave/") + workspace->id, {{membership, false}});
-}
-
-QCoro::Task<> AppStore::WorkspaceSteps::performLeave(QPointer<AppStore> store, APIClientPtr client, QString workspaceID)
-{
-    co_await endpoints::leaveWorkspace(client, workspaceID);
-    if (store && store->m_client == client)
-        remove(*store, workspaceID);
 }
 
 void AppStore::WorkspaceSteps::remove(AppStore &store, const QString &workspaceID)
@@ -196,8 +181,8 @@ void AppStore::WorkspaceSteps::change(AppStore &store, Value Workspace::*field, 
     };
     RecordField changed{.name = key,
                         .changed = &AppStore::workspacesChanged,
-                        .tell = [id = workspace->id](APIClientPtr client, JSONObject change) {
-                            return sendChange(client, id, change);
+                        .tell = [id = workspace->id](APIClientPtr client, const JSONObject &change) {
+                            return consentOf(endpoints::changeWorkspace(client, id, change));
                         }};
     bindField(changed, find, field);
     store.changeFields(QStringLiteral("workspace/") + workspace->id, {{changed, wireValue(value)}});

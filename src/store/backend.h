@@ -2,6 +2,7 @@
 
 #include "api/http_transport.h"
 #include "auth/token_store.h"
+#include "auth/web_authenticator.h"
 #include "notify/alert_notifying.h"
 
 #include <QCoroTask>
@@ -18,8 +19,10 @@ namespace pingwell {
 /// What a live store works with. Demo stores have none.
 struct Backend
 {
-    /// Opens the URL in the system's browser and resumes with the redirect to the scheme; throws when that fails.
-    using Authenticate = std::function<QCoro::Task<QUrl>(QUrl url, QString callbackScheme)>;
+    /// Opens the URL in the system's browser and resumes with the redirect to the scheme.
+    using Authenticate =
+        std::function<QCoro::Task<Outcome<WebAuthenticator::Return>>(QUrl url, QString callbackScheme)>;
+    using NextCallback = std::function<QCoro::Task<WebAuthenticator::Return>()>;
 
     std::shared_ptr<TokenStore> tokenStore;
     std::shared_ptr<HTTPTransport> transport;
@@ -30,9 +33,9 @@ struct Backend
     QString deviceName = QStringLiteral("Mac");
     QString appVersion = QStringLiteral("0");
     Authenticate authenticate;
-    /// Resumes with what the browser brings next in the same authentication; throws `SignInCancelled` when that ends.
-    /// May be empty: then the first redirect is the only one.
-    std::function<QCoro::Task<QUrl>()> nextCallback;
+    /// Resumes with what the browser brings next in the same authentication. May be empty: then the first redirect is
+    /// the only one.
+    NextCallback nextCallback;
     /// Ends an authentication under way as if the browser had been closed.
     std::function<void()> cancelAuthentication;
     std::chrono::milliseconds pollInterval{15'000};

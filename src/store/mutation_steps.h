@@ -21,8 +21,10 @@ private:
 /// A change already made here, which the service is told now.
 struct AppStore::Mutation
 {
-    Rollback rollback;
     Operation operation;
+    Rollback rollback = [](AppStore &) {};
+    /// Told first of all that it failed, also when the session of `client` has ended meanwhile.
+    std::function<void(AppStore &, const APIClientPtr &client, const APIError &error)> failed = {};
     Refused refused = {};
     /// Told at the end, after a rollback, while the session lasts.
     std::function<void(AppStore &, bool accepted)> ended = {};
@@ -35,6 +37,8 @@ struct AppStore::MutationSteps
     static void start(AppStore &store, Mutation mutation);
     static QCoro::Task<> run(QPointer<AppStore> store, APIClientPtr client, std::shared_ptr<const Mutation> mutation,
                              std::shared_ptr<const void> work);
+    /// Takes in what the service answered, and says what it says.
+    static void accept(AppStore &store, const Consent &consent);
     /// Undoes what the service refused and says so. Whether the session still stands then.
     static bool takeBack(AppStore &store, const APIClientPtr &client, const Mutation &mutation,
                          const APIError &failure);

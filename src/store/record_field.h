@@ -8,6 +8,7 @@
 #include "model/raw_value.h"
 #include "model/topic.h"
 #include "model/workspace.h"
+#include "store/consent.h"
 
 #include <QCoroTask>
 #include <QList>
@@ -42,7 +43,7 @@ struct RecordField
     std::function<void(const Records &, const JSON &)> write = {};
     void (AppStore::*changed)() = nullptr;
     /// Given the fields by name, with the values to hold.
-    std::function<QCoro::Task<>(APIClientPtr, JSONObject)> tell = {};
+    std::function<QCoro::Task<Outcome<Consent>>(APIClientPtr, JSONObject)> tell = {};
 };
 
 /// A field, and what the person wants it to be.

@@ -26,9 +26,9 @@ template<typename Value>
 Ending endingOf(QCoro::Task<Value> task)
 {
     const auto settled = settle(std::move(task));
-    if (settled.value)
+    if (settled.value())
         return {};
-    return settled.error ? settled.error->code().value_or(u"no code"_s) : u"no ending"_s;
+    return settled.error() ? settled.error()->code().value_or(u"no code"_s) : u"no ending"_s;
 }
 
 } // namespace
@@ -106,12 +106,12 @@ private slots:
         const QByteArray body = R"({"data":{)" + dashboard + "}}";
         m_transport->always("GET", "/api/dashboard", ScriptedAnswer::raw(200, body));
         const auto first = settle(endpoints::fetchDashboard(m_client, body + ' '));
-        QVERIFY(first.value && first.value->dashboard);
-        const auto second = settle(endpoints::fetchDashboard(m_client, first.value->body));
-        QVERIFY(second.value && !second.value->dashboard);
-        QCOMPARE(second.value->body, body);
+        QVERIFY(first.value() && first.value()->dashboard);
+        const auto second = settle(endpoints::fetchDashboard(m_client, first.value()->body));
+        QVERIFY(second.value() && !second.value()->dashboard);
+        QCOMPARE(second.value()->body, body);
         m_transport->plan("GET", "/api/dashboard", ScriptedAnswer::raw(503, body));
-        QCOMPARE(settle(endpoints::fetchDashboard(m_client, body)).error->status(), 503);
+        QCOMPARE(settle(endpoints::fetchDashboard(m_client, body)).error()->status(), 503);
     }
 
     void needsTheRecordOfAChange()

@@ -58,9 +58,9 @@ private slots:
                              "a=b\r\nContent-Length: 3\r\n\r\nno.");
             m_server->answerWith("new");
             const auto settled = settle(m_transport->perform(request));
-            QCOMPARE(settled.value->status, 404);
-            QCOMPARE(settled.value->body, "no."_ba);
-            QCOMPARE(settled.value->date, std::optional(Instant(784'111'777s)));
+            QCOMPARE(settled.value()->status, 404);
+            QCOMPARE(settled.value()->body, "no."_ba);
+            QCOMPARE(settled.value()->date, std::optional(Instant(784'111'777s)));
 
             const QByteArray sent = m_server->requests().constFirst();
             const QByteArray head = sent.first(sent.indexOf("\r\n\r\n")).toLower();
@@ -72,7 +72,7 @@ private slots:
             QCOMPARE(head.count("\r\ncontent-length:"), method == "GET" ? 0 : 1);
 
             // Nothing is kept: not the cookie, and not the answer.
-            QCOMPARE(settle(m_transport->perform(request)).value->body, "new"_ba);
+            QCOMPARE(settle(m_transport->perform(request)).value()->body, "new"_ba);
             QVERIFY(!m_server->requests().constLast().toLower().contains("\r\ncookie:"));
         }
     }
@@ -83,8 +83,8 @@ private slots:
         m_server->answer(redirectTo(m_server->url(u"/c"_s), "308 Permanent Redirect"));
         m_server->answerWith("there");
         const auto settled = settle(m_transport->perform(requestFor(m_server->url(u"/a"_s))));
-        QCOMPARE(settled.value->status, 200);
-        QCOMPARE(settled.value->body, "there"_ba);
+        QCOMPARE(settled.value()->status, 200);
+        QCOMPARE(settled.value()->body, "there"_ba);
         QVERIFY(m_server->requests().at(1).startsWith("GET /b?x=1 "));
         QVERIFY(m_server->requests().at(2).startsWith("GET /c "));
         QVERIFY(m_server->requests().at(2).contains("Bearer t0k"));
@@ -108,8 +108,8 @@ private slots:
             target.replace(u"{same}"_s, QString::number(m_server->url().port()));
             m_server->answer(redirectTo(QUrl(target), "307 Temporary Redirect"));
             const auto settled = settle(m_transport->perform(requestFor(m_server->url(), method)));
-            QCOMPARE(settled.value->status, 307);
-            QCOMPARE(settled.value->body, "then"_ba);
+            QCOMPARE(settled.value()->status, 307);
+            QCOMPARE(settled.value()->body, "then"_ba);
             QCOMPARE(m_server->requests().size(), requests);
             QCOMPARE(other.requests().size(), 0);
         }
@@ -136,7 +136,7 @@ private slots:
             m_server->answer(script);
             HTTPRequest request = requestFor(m_server->url());
             request.timeout = silence;
-            QCOMPARE(settle(transport.perform(request)).error, std::optional(error));
+            QCOMPARE(settle(transport.perform(request)).error(), std::optional(error));
         }
     }
 
@@ -152,7 +152,7 @@ private slots:
         // Whatever it says, half a record must not count as one.
         const auto client = std::make_shared<const APIClient>(m_server->url(), std::nullopt, m_transport);
         m_server->answer(chunked(R"({"data":[{"token":"t"})"));
-        QVERIFY(settle(endpoints::listInvitations(client)).error.has_value());
+        QVERIFY(settle(endpoints::listInvitations(client)).error().has_value());
     }
 
     void unpacks()
@@ -175,8 +175,8 @@ private slots:
             URLSessionTransport transport({.bodyBytes = 8'000'000});
             m_server->answerWith(sent, "Content-Encoding: deflate\r\n");
             const auto settled = settle(transport.perform(requestFor(m_server->url())));
-            QCOMPARE(settled.value ? settled.value->body : QByteArray(), body);
-            QCOMPARE(settled.error, error);
+            QCOMPARE(settled.value() ? settled.value()->body : QByteArray(), body);
+            QCOMPARE(settled.error(), error);
             QVERIFY(m_server->requests().constFirst().toLower().contains("\r\naccept-encoding: gzip\r\n"));
         }
     }
@@ -191,18 +191,18 @@ private slots:
             m_server->answerWith("kept", {}, true);
             m_server->answer({.bytes = {}, .staysOpen = true});
             m_server->answerWith("alive", {}, true);
-            QCOMPARE(settle(m_transport->perform(requestFor(m_server->url()))).value->body, "kept"_ba);
+            QCOMPARE(settle(m_transport->perform(requestFor(m_server->url()))).value()->body, "kept"_ba);
             HTTPRequest request = requestFor(m_server->url(), method);
             request.timeout = 500ms;
-            QCoro::Task<HTTPResponse> waiting = m_transport->perform(request);
+            QCoro::Task<Outcome<HTTPResponse>> waiting = m_transport->perform(request);
             QTRY_COMPARE(m_server->requests().size(), 2);
             QCOMPARE(m_server->connectionCount(), 1);
             if (isTold)
                 m_transport->dropConnections();
             const auto settled = settle(std::move(waiting));
-            QCOMPARE(settled.value ? settled.value->body : QByteArray(), answer);
+            QCOMPARE(settled.value() ? settled.value()->body : QByteArray(), answer);
             QCOMPARE(m_server->requests().size(), requests);
-            QCOMPARE(settle(m_transport->perform(requestFor(m_server->url()))).value->body, "alive"_ba);
+            QCOMPARE(settle(m_transport->perform(requestFor(m_server->url()))).value()->body, "alive"_ba);
         }
     }
 
@@ -212,22 +212,22 @@ private slots:
         for (const bool isTold : {true, false}) {
             const InRow row = anew(isTold ? "when told" : "after a silence");
             m_server->answerWith("kept", {}, true);
-            QCoro::Task<HTTPResponse> first = m_transport->perform(requestFor(m_server->url()));
-            QCoro::Task<HTTPResponse> second = m_transport->perform(requestFor(m_server->url()));
-            QVERIFY(settle(std::move(first)).value && settle(std::move(second)).value);
-            QCOMPARE(settle(m_transport->perform(requestFor(m_server->url()))).value->body, "kept"_ba);
+            QCoro::Task<Outcome<HTTPResponse>> first = m_transport->perform(requestFor(m_server->url()));
+            QCoro::Task<Outcome<HTTPResponse>> second = m_transport->perform(requestFor(m_server->url()));
+            QVERIFY(settle(std::move(first)).value() && settle(std::move(second)).value());
+            QCOMPARE(settle(m_transport->perform(requestFor(m_server->url()))).value()->body, "kept"_ba);
             QCOMPARE(m_server->connectionCount(), 2);
             if (isTold) {
                 m_transport->dropConnections();
             } else {
                 m_server->answer({.bytes = {}, .staysOpen = true});
                 m_server->answerWith("kept", {}, true);
-                QVERIFY(settle(m_transport->perform(requestFor(m_server->url()))).value);
+                QVERIFY(settle(m_transport->perform(requestFor(m_server->url()))).value());
                 HTTPRequest unanswered = requestFor(m_server->url(), "POST");
                 unanswered.timeout = 100ms;
-                QCOMPARE(settle(m_transport->perform(unanswered)).error, APIError::offline());
+                QCOMPARE(settle(m_transport->perform(unanswered)).error(), APIError::offline());
             }
-            QCOMPARE(settle(m_transport->perform(requestFor(m_server->url()))).value->body, "kept"_ba);
+            QCOMPARE(settle(m_transport->perform(requestFor(m_server->url()))).value()->body, "kept"_ba);
             QCOMPARE(m_server->connectionCount(), 3);
         }
     }
@@ -235,18 +235,18 @@ private slots:
     void failsWithoutAServer()
     {
         for (const QUrl &url : {LoopbackServer().url(), QUrl(u"file:///etc/hostname"_s), QUrl()})
-            QCOMPARE(settle(m_transport->perform(requestFor(url))).error, APIError::offline());
+            QCOMPARE(settle(m_transport->perform(requestFor(url))).error(), APIError::offline());
     }
 
     void endsWhatIsInFlightWhenDestroyed()
     {
         m_server->answer({.bytes = {}, .staysOpen = true});
-        QCoro::Task<HTTPResponse> sent = m_transport->perform(requestFor(m_server->url()));
+        QCoro::Task<Outcome<HTTPResponse>> sent = m_transport->perform(requestFor(m_server->url()));
         QTRY_COMPARE(m_server->requests().size(), 1);
-        QCoro::Task<HTTPResponse> unsent = m_transport->perform(requestFor(m_server->url()));
+        QCoro::Task<Outcome<HTTPResponse>> unsent = m_transport->perform(requestFor(m_server->url()));
         m_transport.reset();
-        QCOMPARE(settle(std::move(sent)).error, APIError::offline());
-        QCOMPARE(settle(std::move(unsent)).error, APIError::offline());
+        QCOMPARE(settle(std::move(sent)).error(), APIError::offline());
+        QCOMPARE(settle(std::move(unsent)).error(), APIError::offline());
     }
 
 private:

@@ -69,7 +69,7 @@ APIClientPtr clientOf(const ScriptedAnswer &answer)
     return std::make_shared<const APIClient>(QUrl(u"https://h.test"_s), std::nullopt, transport);
 }
 
-Settled<FetchedDashboard> fetched(const QByteArray &body)
+Outcome<FetchedDashboard> fetched(const QByteArray &body)
 {
     return settle(endpoints::fetchDashboard(clientOf(ScriptedAnswer::raw(200, body)), {}));
 }
@@ -77,9 +77,9 @@ Settled<FetchedDashboard> fetched(const QByteArray &body)
 bool isReadAs(const QByteArray &body, const Dashboard &right)
 {
     const auto settled = fetched(body);
-    if (!settled.value || !settled.value->dashboard)
+    if (!settled.value() || !settled.value()->dashboard)
         return false;
-    const Dashboard &left = *settled.value->dashboard;
+    const Dashboard &left = *settled.value()->dashboard;
     return left.workspaces == right.workspaces && left.members == right.members && left.topics == right.topics &&
            left.alerts == right.alerts && left.devices == right.devices && left.settings == right.settings &&
            left.plan == right.plan;
@@ -196,7 +196,7 @@ private slots:
             const QByteArray withOneMore = start + unfit + ',';
             const QByteArray body = dashboardWith("plan", "x", "").replace(start, withOneMore);
             QVERIFY(isReadAs(body, bareDashboard()));
-            const DashboardCounts counts = fetched(body).value->dashboard->counts;
+            const DashboardCounts counts = fetched(body).value()->dashboard->counts;
             const QMap<QByteArray, ListCount> byList{{"alerts", counts.alerts},
                                                      {"members", counts.members},
                                                      {"topics", counts.topics},
@@ -219,7 +219,7 @@ private slots:
         const QByteArray body = R"({"data":{"workspaces":[],"members":[)" + records(member, member, maximumMembers) +
                                 R"(],"topics":[)" + records(topic, topic, maximumTopics + 2) + R"(],"alerts":[)" +
                                 records(early + ',' + ask, notice, maximumAlerts) + "]}}";
-        const Dashboard dashboard = *fetched(body).value->dashboard;
+        const Dashboard dashboard = *fetched(body).value()->dashboard;
         QCOMPARE(dashboard.alerts.size(), maximumAlerts);
         QCOMPARE(dashboard.alerts.first().id, u"old"_s);
         QCOMPARE(dashboard.alerts.at(1).id, u"n"_s);
@@ -234,7 +234,7 @@ private slots:
     {
         const QByteArray choices = R"("Yes")" + QByteArray(R"(,"No")").repeated(maximumKeptChoices + 4);
         const Alert ask =
-            fetched(dashboardWith("alerts", "actions", '[' + choices + ']')).value->dashboard->alerts.first();
+            fetched(dashboardWith("alerts", "actions", '[' + choices + ']')).value()->dashboard->alerts.first();
         QCOMPARE(ask.actions.size(), maximumKeptChoices);
         QCOMPARE(ask.actions.first(), u"Yes"_s);
         QCOMPARE(ask.furtherChoices, 5);
@@ -249,7 +249,7 @@ private slots:
         for (auto list = needed.cbegin(); list != needed.cend(); ++list) {
             for (const QByteArray &key : *list) {
                 for (const char *value : {"", "null"})
-                    QCOMPARE(fetched(dashboardWith(list.key(), key, value)).error, APIError::badResponse());
+                    QCOMPARE(fetched(dashboardWith(list.key(), key, value)).error(), APIError::badResponse());
             }
         }
     }
@@ -264,7 +264,7 @@ private slots:
         for (const QByteArray list : {"workspaces", "members", "topics", "alerts"}) {
             const QByteArray whole = '"' + list + "\":[]";
             for (const QByteArray &unfit : QByteArrayList{R"("x":0)", whole.chopped(2) + "5"})
-                QCOMPARE(fetched(QByteArray(body).replace(whole, unfit)).error, APIError::badResponse());
+                QCOMPARE(fetched(QByteArray(body).replace(whole, unfit)).error(), APIError::badResponse());
         }
     }
 
@@ -275,32 +275,32 @@ private slots:
         };
         const auto full = session(R"({"token":"t","user":{"name":"Ada","email":"a@x","provider":"github","plan":"Old"},
                                       "entitlements":{"name":"Team","id":"t"}})");
-        QCOMPARE(full.value->token, u"t"_s);
-        QVERIFY(full.value->account == (Account{u"Ada"_s, u"a@x"_s, AuthProvider::github, u"Team"_s}));
+        QCOMPARE(full.value()->token, u"t"_s);
+        QVERIFY(full.value()->account == (Account{u"Ada"_s, u"a@x"_s, AuthProvider::github, u"Team"_s}));
         const auto bare = session(R"({"user":{}})");
-        QVERIFY(!bare.value->token);
-        QVERIFY(bare.value->account == (Account{u"You"_s, u""_s, AuthProvider::google, u"Cloud"_s}));
+        QVERIFY(!bare.value()->token);
+        QVERIFY(bare.value()->account == (Account{u"You"_s, u""_s, AuthProvider::google, u"Cloud"_s}));
         const auto odd = session(R"({"user":{"name":"","provider":"x","plan":"Solo"},"entitlements":{"name":1}})");
-        QVERIFY(odd.value->account == (Account{u"You"_s, u""_s, AuthProvider::google, u"Solo"_s}));
-        QCOMPARE(session(R"({"token":"t"})").error, APIError::badResponse());
-        QCOMPARE(session(R"({"data":{"user":{}}})").error, APIError::badResponse());
+        QVERIFY(odd.value()->account == (Account{u"You"_s, u""_s, AuthProvider::google, u"Solo"_s}));
+        QCOMPARE(session(R"({"token":"t"})").error(), APIError::badResponse());
+        QCOMPARE(session(R"({"data":{"user":{}}})").error(), APIError::badResponse());
     }
 
     void mapsTheRest()
     {
         const auto providers = ScriptedAnswer::data(R"({"providers":["x","github","google","github"]})");
-        QCOMPARE(settle(endpoints::listProviders(clientOf(providers))).value,
+        QCOMPARE(settle(endpoints::listProviders(clientOf(providers))).value(),
                  QList<AuthProvider>({AuthProvider::google, AuthProvider::github}));
         const auto invited = ScriptedAnswer::data(
             R"([{"token":"a","role":"boss"},{"token":"b","role":"admin","workspace":"W","invitedAt":1000}])");
-        QVERIFY(*settle(endpoints::listInvitations(clientOf(invited))).value ==
+        QVERIFY(*settle(endpoints::listInvitations(clientOf(invited))).value() ==
                 QList<Invitation>({{u"a"_s, {}, WorkspaceRole::member, std::nullopt},
                                    {u"b"_s, u"W"_s, WorkspaceRole::admin, Instant(Seconds(1))}}));
         const auto made = ScriptedAnswer::data(R"({"workspace":{)" + barest["workspaces"] + R"(},"members":[{)" +
                                                barest["members"] + "}]}");
         const auto created = settle(endpoints::createWorkspace(clientOf(made), u"N"_s));
-        QVERIFY(created.value->workspace == bareDashboard().workspaces.first());
-        QVERIFY(created.value->members == bareDashboard().members[u"w1"_s]);
+        QVERIFY(created.value()->workspace == bareDashboard().workspaces.first());
+        QVERIFY(created.value()->members == bareDashboard().members[u"w1"_s]);
     }
 
     void survivesHostileBodies()
@@ -323,7 +323,8 @@ private slots:
                                     whole.first(50),
                                     whole.first(300)};
         for (const QByteArray &body : bodies)
-            QVERIFY2(fetched(body).error == APIError::badResponse(), body.first(std::min<qsizetype>(60, body.size())));
+            QVERIFY2(fetched(body).error() == APIError::badResponse(),
+                     body.first(std::min<qsizetype>(60, body.size())));
     }
 };
 

@@ -67,7 +67,7 @@ qsizetype ScriptedTransport::plannedCount() const
     return count;
 }
 
-QCoro::Task<HTTPResponse> ScriptedTransport::perform(HTTPRequest request)
+QCoro::Task<Outcome<HTTPResponse>> ScriptedTransport::perform(HTTPRequest request)
 {
     m_requests.append(request);
     const Route route = routeOf(request);

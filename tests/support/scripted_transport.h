@@ -69,7 +69,7 @@ public:
     /// How often the connections were dropped.
     [[nodiscard]] int dropCount() const { return m_dropCount; }
 
-    QCoro::Task<HTTPResponse> perform(HTTPRequest request) override;
+    QCoro::Task<Outcome<HTTPResponse>> perform(HTTPRequest request) override;
     void dropConnections() override { ++m_dropCount; }
 
 private:
