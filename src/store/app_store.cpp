@@ -27,6 +27,10 @@ AppStore::AppStore(SeedData seed, bool signedIn, std::shared_ptr<Preferences> de
     , m_defaults(std::move(defaults))
     , m_backend(std::move(backend))
     , m_clock(std::move(clock))
+    , m_records(m_seed)
+    , m_mutations(m_unfinishedWork, {.client = [this] { return m_client; },
+                                     .say = [this](const QString &sentence) { showToast(sentence, false); },
+                                     .tellFailure = [this](const APIError &error) { tellFailure(error); }})
     , m_now(now)
     , m_hasLoaded(m_backend == nullptr)
     , m_notificationMark(m_defaults)
@@ -39,7 +43,9 @@ AppStore::AppStore(SeedData seed, bool signedIn, std::shared_ptr<Preferences> de
         if (m_waitingAsks.mayEndBy(m_now))
             endNotifications();
     });
-    fillFromSeed();
+    followParts();
+    endNotifications();
+    chooseFirstWorkspace();
     if (m_defaults)
         StartSteps::restoreServerChoice(*this);
     if (m_backend) {
@@ -66,15 +72,44 @@ void AppStore::checkMainThread() const
     check(QThread::currentThread() == thread(), "the store was called from another thread than its own");
 }
 
-void AppStore::fillFromSeed()
+void AppStore::followParts()
 {
-    set(m_alerts, m_seed.alerts, &AppStore::alertsChanged);
-    set(m_topics, m_seed.topics, &AppStore::topicsChanged);
-    set(m_devices, m_seed.devices, &AppStore::devicesChanged);
-    set(m_settings, m_seed.settings, &AppStore::settingsChanged);
-    set(m_workspaces, m_seed.workspaces, &AppStore::workspacesChanged);
-    set(m_members, m_seed.members, &AppStore::membersChanged);
-    const QString first = m_workspaces.isEmpty() ? QString() : m_workspaces.first().id;
+    connect(&m_records, &Records::alertsChanged, this, &AppStore::alertsChanged);
+    connect(&m_records, &Records::topicsChanged, this, &AppStore::topicsChanged);
+    connect(&m_records, &Records::devicesChanged, this, &AppStore::devicesChanged);
+    connect(&m_records, &Records::settingsChanged, this, &AppStore::settingsChanged);
+    connect(&m_records, &Records::workspacesChanged, this, &AppStore::workspacesChanged);
+    connect(&m_records, &Records::membersChanged, this, &AppStore::membersChanged);
+    connect(&m_records, &Records::invitationsChanged, this, &AppStore::invitationsChanged);
+    connect(&m_mutations, &Mutations::ended, this, &AppStore::mutationEnded);
+}
+
+void AppStore::mutationEnded(Mutations::Ending ending)
+{
+    // A session that began while a mutation of an earlier one was under way has had its first dashboards thrown away.
+    const bool wasHeldUp = ending == Mutations::Ending::ofAnEarlierSession && m_client && !m_hasLoaded;
+    if (ending == Mutations::Ending::refused || wasHeldUp)
+        m_refreshIsOwed = true;
+    refreshIfOwed();
+}
+
+void AppStore::notifyUnlessWatching(const QString &identifier, const QString &title, const QString &message) const
+{
+    if (m_backend && m_backend->notifier && !m_attention.isOnWindow())
+        m_backend->notifier->deliverMessage(identifier, title, message);
+}
+
+void AppStore::tellFailure(const APIError &error)
+{
+    if (error.status() == 401)
+        endRefusedSession(error.message());
+    else
+        showToast(error.message(), true);
+}
+
+void AppStore::chooseFirstWorkspace()
+{
+    const QString first = workspaces().isEmpty() ? QString() : workspaces().first().id;
     set(m_activeWorkspaceID, first, &AppStore::activeWorkspaceIDChanged);
 }
 
@@ -103,7 +138,7 @@ void AppStore::StartSteps::restoreDemoWorkspaces(AppStore &store)
     const auto active = store.m_defaults->string(preference_keys::activeWorkspace);
     if (active && store.workspaceWithID(*active))
         store.set(store.m_activeWorkspaceID, *active, &AppStore::activeWorkspaceIDChanged);
-    QList<Workspace> workspaces = store.m_workspaces;
+    QList<Workspace> workspaces = store.workspaces();
     for (Workspace &workspace : workspaces) {
         const double minutes =
             store.m_defaults->number(preference_keys::responseTimeoutMinutes(workspace.id)).value_or(0);
@@ -116,7 +151,7 @@ void AppStore::StartSteps::restoreDemoWorkspaces(AppStore &store)
         if (action && isAllowed(*action, workspace.kind))
             workspace.timeoutAction = *action;
     }
-    store.set(store.m_workspaces, workspaces, &AppStore::workspacesChanged);
+    store.m_records.set(workspaces);
 }
 
 void AppStore::tellIfForgotten()

@@ -10,15 +10,14 @@
 #include "model/toast.h"
 #include "store/attention.h"
 #include "store/backend.h"
-#include "store/consent.h"
+#include "store/field_changes.h"
 #include "store/left_asks.h"
-#include "store/mutation_count.h"
+#include "store/mutations.h"
 #include "store/notification_mark.h"
+#include "store/records.h"
 #include "store/refused_session.h"
-#include "store/seed_data.h"
 #include "store/service_clock.h"
 #include "store/stored_session.h"
-#include "store/unfinished_work.h"
 #include "store/unread_overrides.h"
 #include "store/waiting_asks.h"
 
@@ -34,9 +33,6 @@
 #include <stop_token>
 
 namespace pingwell {
-
-struct FieldChange;
-struct Records;
 
 /// The one state of the program: the person's data, what the windows show of it, and the way to the service. Screens
 /// read it and call its operations; they never talk to the service. An operation that may not be done is ignored, one
@@ -83,13 +79,13 @@ public:
     ~AppStore() override;
 
     // State.
-    [[nodiscard]] const QList<Alert> &alerts() const { return m_alerts; }
-    [[nodiscard]] const QList<Topic> &topics() const { return m_topics; }
-    [[nodiscard]] const QList<Device> &devices() const { return m_devices; }
-    [[nodiscard]] const NotificationSettings &settings() const { return m_settings; }
-    [[nodiscard]] const QList<Workspace> &workspaces() const { return m_workspaces; }
-    [[nodiscard]] const QMap<QString, QList<Member>> &members() const { return m_members; }
-    [[nodiscard]] const QList<Invitation> &invitations() const { return m_invitations; }
+    [[nodiscard]] const QList<Alert> &alerts() const { return m_records.all<Alert>(); }
+    [[nodiscard]] const QList<Topic> &topics() const { return m_records.all<Topic>(); }
+    [[nodiscard]] const QList<Device> &devices() const { return m_records.all<Device>(); }
+    [[nodiscard]] const NotificationSettings &settings() const { return m_records.settings(); }
+    [[nodiscard]] const QList<Workspace> &workspaces() const { return m_records.all<Workspace>(); }
+    [[nodiscard]] const QMap<QString, QList<Member>> &members() const { return m_records.members(); }
+    [[nodiscard]] const QList<Invitation> &invitations() const { return m_records.all<Invitation>(); }
     [[nodiscard]] const std::optional<Account> &account() const { return m_account; }
     [[nodiscard]] ServerKind server() const { return m_server; }
     [[nodiscard]] const QString &selfHostedURL() const { return m_selfHostedURL; }
@@ -99,7 +95,7 @@ public:
     [[nodiscard]] Instant now() const { return m_now; }
     [[nodiscard]] bool hasLoaded() const { return m_hasLoaded; }
     /// Changes of the person's are on their way to the service, and no dashboard may be merged meanwhile.
-    [[nodiscard]] bool hasMutationsInFlight() const { return m_mutations.isAny(); }
+    [[nodiscard]] bool hasMutationsInFlight() const { return m_mutations.areInFlight(); }
     /// Something that the person did has not been answered by the service yet; the program had better not end.
     [[nodiscard]] bool hasUnfinishedWork() const { return m_unfinishedWork.isAny(); }
     [[nodiscard]] bool isSigningIn() const { return m_isSigningIn; }
@@ -285,26 +281,10 @@ signals:
     void workEnded();
 
 private:
-    using Rollback = std::function<void(AppStore &)>;
-    using Operation = std::function<QCoro::Task<Outcome<Consent>>(APIClientPtr)>;
-    /// Told after the rollback why the service refused, in words for the person.
-    using Refused = std::function<void(AppStore &, const QString &message)>;
     class RefreshInProgress;
-    class MutationInProgress;
-    struct Mutation;
-    struct Lane;
     // What stands behind the operations, each group in the file of its subject.
     struct StartSteps;
     struct ClockSteps;
-    struct AlertSteps;
-    struct AnswerSteps;
-    struct WorkspaceSteps;
-    struct MemberSteps;
-    struct InvitationSteps;
-    struct TopicSteps;
-    struct AccountSteps;
-    struct MutationSteps;
-    struct LaneSteps;
     struct SessionSteps;
     struct SignInSteps;
     struct ProviderSteps;
@@ -312,7 +292,7 @@ private:
     struct MergeSteps;
 
     double nowMilliseconds() const { return millisecondsFromInstant(m_now); }
-    bool hasWorkspaces() const { return !m_workspaces.isEmpty(); }
+    bool hasWorkspaces() const { return !workspaces().isEmpty(); }
     QString connectionProblemText() const { return m_connectionProblem.value_or(QString()); }
     QString selectedAlertIDText() const { return m_selectedAlertID.value_or(QString()); }
     QString signInErrorText() const { return m_signInError.value_or(QString()); }
@@ -341,12 +321,35 @@ private:
     /// Reads the clock, and reckons anew when it is to tick.
     void takeTime();
     [[nodiscard]] Instant serviceNow() const { return m_serviceClock.now(*m_clock); }
-    void fillFromSeed();
+    void chooseFirstWorkspace();
     void clearSelectionAndFilter();
-    void replaceAlert(const Alert &alert);
     /// Tells the person, once, when what they have just set will be forgotten.
     void tellIfForgotten();
+    void keepDraft(const QString &alertID, const QString &text);
     void removeReplyDraft(const QString &alertID);
+    /// Gives the answer. Where that may not be done nothing has happened, and the reason is returned.
+    std::optional<AnswerRefusal> submitAnswer(const QString &alertID, const QString &text);
+    void sendAnswer(const Alert &before, const QString &answer);
+    /// The service refused, or can't be reached; the answer given to `before` has been undone.
+    void answerRefused(const Alert &before, const QString &message);
+    void tellRefusal(const Alert &alert, const AnswerRefusal &refusal);
+    /// Takes in the test alert that the service made, and announces it.
+    void receiveTestAlert(Alert alert);
+    /// Takes the invitation off the list, and tells the service by `operation`.
+    void takeInvitation(const QString &token, decltype(Mutation::operation) operation);
+    template<typename Value>
+    void changeTopic(const QString &topicID, Value Topic::*member, const Value &value, const QString &key);
+    /// Changes one field of the active workspace, which the service calls `key`.
+    template<typename Value>
+    void changeWorkspace(Value Workspace::*member, const Value &value, const QString &key);
+    void rememberTimeout();
+    void enterNewWorkspace(const Workspace &workspace, const QList<Member> &members);
+    void dropWorkspace(const QString &workspaceID);
+    [[nodiscard]] std::optional<Member> activeMember(const QString &memberID) const;
+    /// The member who existed here alone is known to the service as `member`, or not at all.
+    void replaceProvisional(const QString &workspaceID, const QString &memberID, const std::optional<Member> &member);
+    static QCoro::Task<> runDeleteAccount(QPointer<AppStore> store, APIClientPtr client,
+                                          std::shared_ptr<const void> work);
     void withdrawNotifications(const QStringList &alertIDs);
     /// Takes the buttons from the screen that ask for answers to what waits for none any more.
     void endNotifications();
@@ -355,14 +358,9 @@ private:
     /// Announces again, once, what of it still waits.
     void settleLeftAsks();
     [[nodiscard]] std::optional<QString> workspaceName(const QString &workspaceID) const;
-    /// Tells the service of a change already made here; a demo has nobody to tell.
-    void mutate(Mutation mutation);
-    /// Changes fields of the thing that `lane` names, and tells the service: in the order of the changes, one request
-    /// after the other, and with `together` all that waits in one.
-    void changeFields(const QString &lane, const QList<FieldChange> &changes, bool together = false);
-    [[nodiscard]] Records records();
-    /// Puts the changes that the service may still take over what it holds.
-    void applyChangesTo(Dashboard &dashboard);
+    /// Follows the parts: what they announce, the store announces.
+    void followParts();
+    void mutationEnded(Mutations::Ending ending);
     [[nodiscard]] bool isRefreshing() const { return m_client && m_refreshingClient == m_client; }
     void refreshIfOwed();
     /// Tells why something that the person wanted was not done; ends the session where it has ended at the service.
@@ -395,13 +393,10 @@ private:
     std::shared_ptr<Backend> m_backend;
     std::shared_ptr<Clock> m_clock;
 
-    QList<Alert> m_alerts;
-    QList<Topic> m_topics;
-    QList<Device> m_devices;
-    NotificationSettings m_settings;
-    QList<Workspace> m_workspaces;
-    QMap<QString, QList<Member>> m_members;
-    QList<Invitation> m_invitations;
+    UnfinishedWork m_unfinishedWork{[this] { emit workEnded(); }};
+    Records m_records;
+    Mutations m_mutations;
+    FieldChanges m_changes{m_records, m_mutations};
     std::optional<Account> m_account;
     ServerKind m_server = ServerKind::cloud;
     QString m_selfHostedURL;
@@ -435,10 +430,6 @@ private:
     /// None in the demo.
     std::unique_ptr<StoredSession> m_session;
     RefusedSession m_refusedSession;
-    MutationCount m_mutations;
-    UnfinishedWork m_unfinishedWork{[this] { emit workEnded(); }};
-    /// The things whose changes are being told, by name.
-    QHash<QString, std::shared_ptr<Lane>> m_lanes;
     /// Members that exist here alone until the service answers their invitation.
     QSet<QString> m_provisionalMembers;
     /// Whose dashboard request is outstanding; that of an earlier session does not hold up the next one's.

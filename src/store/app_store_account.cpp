@@ -16,11 +16,11 @@ template<typename Value>
 FieldChange changeOf(const QString &key, Value NotificationSettings::*member, const NotificationSettings &after)
 {
     RecordField field{
-        .name = key, .changed = &AppStore::settingsChanged, .tell = [](APIClientPtr client, const JSONObject &changes) {
+        .name = key, .changed = &Records::settingsChanged, .tell = [](APIClientPtr client, const JSONObject &changes) {
             return consentOf(endpoints::saveSettings(client, changes));
         }};
     bindField(
-        field, [](const Records &records) { return &records.settings; }, member);
+        field, [](const ChangeableRecords &records) { return &records.settings; }, member);
     return {field, wireValue(after.*member)};
 }
 
@@ -35,22 +35,14 @@ QList<FieldChange> keptByTheService(const NotificationSettings &after)
 
 } // namespace
 
-/// What follows the service's answers about the person's own things.
-struct AppStore::AccountSteps
-{
-    static void putBackDevice(AppStore &store, qsizetype index, const Device &device);
-    static QCoro::Task<> runDeleteAccount(QPointer<AppStore> store, APIClientPtr client,
-                                          std::shared_ptr<const void> work);
-};
-
 void AppStore::updateSettings(const std::function<void(NotificationSettings &)> &change)
 {
     checkMainThread();
-    const bool wereQuiet = m_settings.quietHoursEnabled;
-    NotificationSettings after = m_settings;
+    const bool wereQuiet = settings().quietHoursEnabled;
+    NotificationSettings after = settings();
     change(after);
-    changeFields(QStringLiteral("settings"), keptByTheService(after), true);
-    set(m_settings, after, &AppStore::settingsChanged);
+    m_changes.change(QStringLiteral("settings"), keptByTheService(after), true);
+    m_records.setSettings(after);
     if (after.quietHoursEnabled == wereQuiet || !m_defaults)
         return;
     m_defaults->setBoolean(preference_keys::quietHoursEnabled, after.quietHoursEnabled);
@@ -60,38 +52,26 @@ void AppStore::updateSettings(const std::function<void(NotificationSettings &)> 
 void AppStore::removeDevice(const QString &deviceID)
 {
     checkMainThread();
-    const QList<Device> before = m_devices;
-    const auto found =
-        std::find_if(before.begin(), before.end(), [&deviceID](const Device &device) { return device.id == deviceID; });
-    if (found == before.end() || deviceID == deviceIdentifier())
+    if (deviceID == deviceIdentifier())
         return;
-    QList<Device> left = before;
-    left.remove(found - before.begin());
-    set(m_devices, left, &AppStore::devicesChanged);
-    mutate({.operation =
-                [deviceID](APIClientPtr client) { return consentOf(endpoints::unregisterDevice(client, deviceID)); },
-            .rollback = [removed = *found, index = found - before.begin()](
-                            AppStore &store) { AccountSteps::putBackDevice(store, index, removed); }});
-}
-
-void AppStore::AccountSteps::putBackDevice(AppStore &store, qsizetype index, const Device &device)
-{
-    QList<Device> devices = store.m_devices;
-    if (std::any_of(devices.begin(), devices.end(), [&device](const Device &other) { return other.id == device.id; }))
+    const auto removed = m_records.remove<Device>(deviceID);
+    if (!removed)
         return;
-    devices.insert(std::min(index, devices.size()), device);
-    store.set(store.m_devices, devices, &AppStore::devicesChanged);
+    m_mutations.start(
+        {.operation =
+             [deviceID](APIClientPtr client) { return consentOf(endpoints::unregisterDevice(client, deviceID)); },
+         .rollback = [this, removed = *removed] { m_records.putBack(removed); }});
 }
 
 void AppStore::deleteAccount()
 {
     checkMainThread();
     if (m_client)
-        launch("account deletion", AccountSteps::runDeleteAccount(this, m_client, m_unfinishedWork.begin()));
+        launch("account deletion", runDeleteAccount(this, m_client, m_unfinishedWork.begin()));
 }
 
-QCoro::Task<> AppStore::AccountSteps::runDeleteAccount(QPointer<AppStore> store, APIClientPtr client,
-                                                       [[maybe_unused]] std::shared_ptr<const void> work)
+QCoro::Task<> AppStore::runDeleteAccount(QPointer<AppStore> store, APIClientPtr client,
+                                         [[maybe_unused]] std::shared_ptr<const void> work)
 {
     const Outcome<std::optional<QString>> outcome = co_await endpoints::deleteAccount(client);
     if (!store || store->m_client != client)

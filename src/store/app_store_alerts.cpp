@@ -1,22 +1,9 @@
 #include "store/app_store.h"
 
 #include "api/endpoints.h"
-#include "store/mutation_steps.h"
 #include "store/test_alert.h"
 
-#include <algorithm>
-
 namespace pingwell {
-
-/// Changes of alerts, and what follows the service's answers.
-struct AppStore::AlertSteps
-{
-    static void makeUnread(AppStore &store, const QSet<QString> &alertIDs);
-    /// Takes in an alert, new or known.
-    static void receive(AppStore &store, Alert alert);
-    /// Takes in the test alert that the service made, and announces it.
-    static void receiveTestAlert(AppStore &store, const Alert &alert);
-};
 
 void AppStore::setRead(const QString &alertID, bool read)
 {
@@ -26,22 +13,22 @@ void AppStore::setRead(const QString &alertID, bool read)
         return;
     Alert changed = *alert;
     changed.read = read;
-    replaceAlert(changed);
+    m_records.replace(changed);
     m_unreadOverrides.set(alertID, !read);
     // The service knows no way back from read: unread is this machine's own mark.
     if (!read) {
         tellIfForgotten();
         return;
     }
-    mutate({.operation =
-                [workspaceID = alert->workspaceId, alertID](APIClientPtr client) {
-                    return consentOf(endpoints::markAlertRead(client, workspaceID, alertID));
-                },
-            .rollback =
-                [before = *alert](AppStore &store) {
-                    store.replaceAlert(before);
-                    store.m_unreadOverrides.set(before.id, true);
-                }});
+    m_mutations.start({.operation =
+                           [workspaceID = alert->workspaceId, alertID](APIClientPtr client) {
+                               return consentOf(endpoints::markAlertRead(client, workspaceID, alertID));
+                           },
+                       .rollback =
+                           [this, before = *alert] {
+                               m_records.replace(before);
+                               m_unreadOverrides.set(before.id, true);
+                           }});
 }
 
 void AppStore::toggleRead(const QString &alertID)
@@ -54,7 +41,7 @@ void AppStore::markAllRead()
 {
     checkMainThread();
     QSet<QString> unread;
-    QList<Alert> alerts = m_alerts;
+    QList<Alert> alerts = this->alerts();
     for (Alert &alert : alerts) {
         if (alert.workspaceId != m_activeWorkspaceID || alert.read)
             continue;
@@ -63,39 +50,36 @@ void AppStore::markAllRead()
     }
     if (unread.isEmpty())
         return;
-    set(m_alerts, alerts, &AppStore::alertsChanged);
+    m_records.set(alerts);
     m_unreadOverrides.remove(unread);
-    mutate(
+    m_mutations.start(
         {.operation = [workspaceID = m_activeWorkspaceID](
                           APIClientPtr client) { return consentOf(endpoints::markAllAlertsRead(client, workspaceID)); },
-         .rollback = [unread](AppStore &store) { AlertSteps::makeUnread(store, unread); }});
+         .rollback =
+             [this, unread] {
+                 QList<Alert> all = m_records.all<Alert>();
+                 markUnread(all, unread);
+                 m_records.set(all);
+             }});
 }
 
 void AppStore::deleteAlert(const QString &alertID)
 {
     checkMainThread();
     const auto alert = alertWithID(alertID);
-    if (!alert)
-        return;
-    const auto workspace = workspaceWithID(alert->workspaceId);
+    const auto workspace = alert ? workspaceWithID(alert->workspaceId) : std::nullopt;
     if (!workspace || workspace->role == WorkspaceRole::viewer)
         return;
     withdrawNotifications({alertID});
-    QList<Alert> alerts = m_alerts;
-    alerts.removeIf([&alertID](const Alert &other) { return other.id == alertID; });
-    set(m_alerts, alerts, &AppStore::alertsChanged);
+    const auto removed = m_records.remove<Alert>(alertID);
     if (m_selectedAlertID == alertID)
         selectAlert(QString());
     m_unreadOverrides.set(alertID, false);
-    mutate({.operation =
-                [workspaceID = alert->workspaceId, alertID](APIClientPtr client) {
-                    return consentOf(endpoints::deleteAlert(client, workspaceID, alertID));
-                },
-            .rollback =
-                [deleted = *alert](AppStore &store) {
-                    if (!store.alertWithID(deleted.id))
-                        AlertSteps::receive(store, deleted);
-                }});
+    m_mutations.start({.operation =
+                           [workspaceID = alert->workspaceId, alertID](APIClientPtr client) {
+                               return consentOf(endpoints::deleteAlert(client, workspaceID, alertID));
+                           },
+                       .rollback = [this, removed = *removed] { m_records.putBack(removed); }});
 }
 
 void AppStore::sendTestAlert()
@@ -104,58 +88,31 @@ void AppStore::sendTestAlert()
     if (!canSendTestAlert())
         return;
     if (!m_backend) {
-        AlertSteps::receive(*this, localTestAlert(m_activeWorkspaceID, m_now));
+        m_records.add(localTestAlert(m_activeWorkspaceID, m_now));
         return;
     }
-    mutate({.operation = [this, workspaceID = m_activeWorkspaceID](APIClientPtr client) {
+    m_mutations.start({.operation = [this, workspaceID = m_activeWorkspaceID](APIClientPtr client) {
         return consentOf(endpoints::sendTestAlert(client, workspaceID, testAlertBody()),
-                         [this](const Alert &alert) { AlertSteps::receiveTestAlert(*this, alert); });
+                         [this](const Alert &alert) { receiveTestAlert(alert); });
     }});
 }
 
-void AppStore::AlertSteps::receiveTestAlert(AppStore &store, const Alert &alert)
+void AppStore::receiveTestAlert(Alert alert)
 {
-    receive(store, alert);
-    store.m_notificationMark.note(alert, store.serviceNow());
-    if (alert.delivered && store.m_backend->notifier)
-        store.m_backend->notifier->deliver(alert, store.workspaceName(alert.workspaceId), store.m_settings.sound,
-                                           store.canAnswer(alert));
-    store.showToast(QStringLiteral("Test alert sent."), false);
+    if (m_unreadOverrides.contains(alert.id))
+        alert.read = false;
+    m_records.replace(alert);
+    m_records.add(alert);
+    m_notificationMark.note(alert, serviceNow());
+    if (alert.delivered && m_backend->notifier)
+        m_backend->notifier->deliver(alert, workspaceName(alert.workspaceId), settings().sound, canAnswer(alert));
+    showToast(QStringLiteral("Test alert sent."), false);
 }
 
 std::optional<QString> AppStore::workspaceName(const QString &workspaceID) const
 {
     const auto workspace = workspaceWithID(workspaceID);
     return workspace ? std::optional(workspace->name) : std::nullopt;
-}
-
-void AppStore::replaceAlert(const Alert &alert)
-{
-    const auto found =
-        std::find_if(m_alerts.cbegin(), m_alerts.cend(), [&alert](const Alert &other) { return other.id == alert.id; });
-    if (found == m_alerts.cend() || *found == alert)
-        return;
-    m_alerts[found - m_alerts.cbegin()] = alert;
-    emit alertsChanged();
-}
-
-void AppStore::AlertSteps::receive(AppStore &store, Alert alert)
-{
-    if (store.m_unreadOverrides.contains(alert.id))
-        alert.read = false;
-    if (store.alertWithID(alert.id)) {
-        store.replaceAlert(alert);
-        return;
-    }
-    store.m_alerts << alert;
-    emit store.alertsChanged();
-}
-
-void AppStore::AlertSteps::makeUnread(AppStore &store, const QSet<QString> &alertIDs)
-{
-    QList<Alert> alerts = store.m_alerts;
-    markUnread(alerts, alertIDs);
-    store.set(store.m_alerts, alerts, &AppStore::alertsChanged);
 }
 
 } // namespace pingwell

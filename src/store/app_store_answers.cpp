@@ -7,30 +7,19 @@
 
 namespace pingwell {
 
-/// What an answer does to the store.
-struct AppStore::AnswerSteps
-{
-    /// Gives the answer. Where that may not be done nothing has happened, and the reason is returned.
-    static std::optional<AnswerRefusal> submit(AppStore &store, const QString &alertID, const QString &text);
-    static void keepDraft(AppStore &store, const QString &alertID, const QString &text);
-    /// The service refused, or can't be reached; the answer given to `before` has been undone.
-    static void refused(AppStore &store, const Alert &before, const QString &message);
-    static void tellRefusal(AppStore &store, const Alert &alert, const AnswerRefusal &refusal);
-};
-
 void AppStore::setReplyDraft(const QString &text, const QString &alertID)
 {
     checkMainThread();
-    AnswerSteps::keepDraft(*this, alertID, withinUnits(text, maximumAnswerLength));
+    keepDraft(alertID, withinUnits(text, maximumAnswerLength));
 }
 
-void AppStore::AnswerSteps::keepDraft(AppStore &store, const QString &alertID, const QString &text)
+void AppStore::keepDraft(const QString &alertID, const QString &text)
 {
-    const auto draft = store.m_replyDrafts.constFind(alertID);
-    if (draft != store.m_replyDrafts.constEnd() && *draft == text)
+    const auto draft = m_replyDrafts.constFind(alertID);
+    if (draft != m_replyDrafts.constEnd() && *draft == text)
         return;
-    store.m_replyDrafts.insert(alertID, text);
-    emit store.replyDraftChanged(alertID);
+    m_replyDrafts.insert(alertID, text);
+    emit replyDraftChanged(alertID);
 }
 
 void AppStore::removeReplyDraft(const QString &alertID)
@@ -41,12 +30,12 @@ void AppStore::removeReplyDraft(const QString &alertID)
 
 void AppStore::answer(const QString &alertID, const QString &text)
 {
-    static_cast<void>(AnswerSteps::submit(*this, alertID, text));
+    static_cast<void>(submitAnswer(alertID, text));
 }
 
 void AppStore::answerFromNotification(const QString &alertID, const QString &text)
 {
-    const auto refusal = AnswerSteps::submit(*this, alertID, text);
+    const auto refusal = submitAnswer(alertID, text);
     if (!refusal)
         return;
     const auto alert = alertWithID(alertID);
@@ -57,60 +46,64 @@ void AppStore::answerFromNotification(const QString &alertID, const QString &tex
     // The banner is gone with what was typed into it; a window keeps its field.
     if (alert->acceptsText() && !text.trimmed().isEmpty())
         setReplyDraft(text, alertID);
-    AnswerSteps::tellRefusal(*this, *alert, *refusal);
+    tellRefusal(*alert, *refusal);
 }
 
-std::optional<AnswerRefusal> AppStore::AnswerSteps::submit(AppStore &store, const QString &alertID, const QString &text)
+std::optional<AnswerRefusal> AppStore::submitAnswer(const QString &alertID, const QString &text)
 {
-    store.checkMainThread();
-    const auto alert = store.alertWithID(alertID);
-    const auto workspace = alert ? store.workspaceWithID(alert->workspaceId) : std::nullopt;
+    checkMainThread();
+    const auto alert = alertWithID(alertID);
+    const auto workspace = alert ? workspaceWithID(alert->workspaceId) : std::nullopt;
     const auto role = workspace ? std::optional(workspace->role) : std::nullopt;
-    if (const auto refusal = refusalOf(alert, role, text, store.m_now))
+    if (const auto refusal = refusalOf(alert, role, text, m_now))
         return refusal;
     Alert answered = *alert;
     answered.answer = alert->validatedAnswer(text);
     answered.read = true;
     // Before the ask ends in the store: its banner, a refusal's too, goes away as a whole, not its buttons alone.
-    store.withdrawNotifications({alertID});
-    store.replaceAlert(answered);
-    store.removeReplyDraft(alertID);
-    store.m_unreadOverrides.set(alertID, false);
-    store.mutate(
-        {.operation =
-             [before = *alert, sent = *answered.answer](APIClientPtr client) {
-                 return consentOf(endpoints::answerAlert(client, before.workspaceId, before.id, sent));
-             },
-         .rollback =
-             [before = *alert, sent = *answered.answer](AppStore &owner) {
-                 owner.replaceAlert(before);
-                 if (before.acceptsText())
-                     keepDraft(owner, before.id, sent);
-             },
-         .failed = [before = *alert, sent = *answered.answer](
-                       AppStore &owner, const APIClientPtr &client,
-                       const APIError &error) { owner.noteUnsentAnswer(client, before, sent, error); },
-         .refused = [before = *alert](AppStore &owner, const QString &message) { refused(owner, before, message); }});
+    withdrawNotifications({alertID});
+    m_records.replace(answered);
+    removeReplyDraft(alertID);
+    m_unreadOverrides.set(alertID, false);
+    sendAnswer(*alert, *answered.answer);
     return std::nullopt;
 }
 
-void AppStore::AnswerSteps::refused(AppStore &store, const Alert &before, const QString &message)
+void AppStore::sendAnswer(const Alert &before, const QString &answer)
+{
+    m_mutations.start(
+        {.operation =
+             [before, answer](APIClientPtr client) {
+                 return consentOf(endpoints::answerAlert(client, before.workspaceId, before.id, answer));
+             },
+         .rollback =
+             [this, before, answer] {
+                 m_records.replace(before);
+                 if (before.acceptsText())
+                     keepDraft(before.id, answer);
+             },
+         .failed = [this, before, answer](const APIClientPtr &client,
+                                          const APIError &error) { noteUnsentAnswer(client, before, answer, error); },
+         .refused = [this, before](const QString &message) { answerRefused(before, message); }});
+}
+
+void AppStore::answerRefused(const Alert &before, const QString &message)
 {
     // Every refused change is told by a toast, which is enough where the person looks at the alert.
-    if (store.m_attention.isOnAlert(before.id))
+    if (m_attention.isOnAlert(before.id))
         return;
-    const auto alert = store.alertWithID(before.id);
-    tellRefusal(store, alert.value_or(before), {.reason = message, .canAnswerAgain = alert && store.canAnswer(*alert)});
+    const auto alert = alertWithID(before.id);
+    tellRefusal(alert.value_or(before), {.reason = message, .canAnswerAgain = alert && canAnswer(*alert)});
 }
 
 /// A toast would not be seen by somebody who doesn't look at the alert, and a panel closes before a silent service is
 /// given up.
-void AppStore::AnswerSteps::tellRefusal(AppStore &store, const Alert &alert, const AnswerRefusal &refusal)
+void AppStore::tellRefusal(const Alert &alert, const AnswerRefusal &refusal)
 {
-    if (store.m_attention.isOnAlert(alert.id))
-        store.showToast(refusal.reason, true);
-    else if (store.m_backend && store.m_backend->notifier)
-        store.m_backend->notifier->deliverRefusal(alert, store.workspaceName(alert.workspaceId), refusal);
+    if (m_attention.isOnAlert(alert.id))
+        showToast(refusal.reason, true);
+    else if (m_backend && m_backend->notifier)
+        m_backend->notifier->deliverRefusal(alert, workspaceName(alert.workspaceId), refusal);
 }
 
 void AppStore::tellRefusalOfGone(const QString &alertID, const QString &reason) const

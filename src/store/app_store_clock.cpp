@@ -71,7 +71,7 @@ std::chrono::milliseconds AppStore::ClockSteps::untilNextTick(const AppStore &st
     if (store.m_isWatched)
         return second;
     std::chrono::milliseconds pause = longestPause;
-    for (const Alert &alert : store.m_alerts) {
+    for (const Alert &alert : store.alerts()) {
         if (alert.expiresAt && alert.isWaiting(store.m_now) && *alert.expiresAt < store.m_now + pause)
             pause = std::chrono::ceil<std::chrono::milliseconds>(*alert.expiresAt - store.m_now);
     }

@@ -35,7 +35,7 @@ struct AppStore::MergeSteps
 void AppStore::applyDashboard(FetchedDashboard fetched)
 {
     if (fetched.dashboard) {
-        fetched.dashboard->settings.quietHoursEnabled = m_settings.quietHoursEnabled;
+        fetched.dashboard->settings.quietHoursEnabled = settings().quietHoursEnabled;
         MergeSteps::notifyAbout(*this, *fetched.dashboard);
         MergeSteps::merge(*this, std::move(*fetched.dashboard));
         m_appliedBody = std::move(fetched.body);
@@ -45,7 +45,7 @@ void AppStore::applyDashboard(FetchedDashboard fetched)
         settleLeftAsks();
     } else {
         // At the first dashboard of a run it was not known yet what had vanished.
-        m_unreadOverrides.keepOnly(m_alerts);
+        m_unreadOverrides.keepOnly(alerts());
     }
     set(m_connectionProblem, std::optional<QString>(), &AppStore::connectionProblemChanged);
     set(m_lastSyncedAt, std::optional(serviceNow()), &AppStore::lastSyncedAtChanged);
@@ -54,14 +54,8 @@ void AppStore::applyDashboard(FetchedDashboard fetched)
 void AppStore::MergeSteps::merge(AppStore &store, Dashboard dashboard)
 {
     // Every field is in place before the first observer is told: nobody sees half a dashboard.
-    QList<void (AppStore::*)()> changes;
-    const auto take = [&changes](auto &field, auto &fresh, void (AppStore::*changed)()) {
-        if (field == fresh)
-            return;
-        std::swap(field, fresh);
-        changes << changed;
-    };
-    store.applyChangesTo(dashboard);
+    Announcements changes;
+    store.m_changes.applyTo(dashboard);
     // Before the first dashboard of a run nothing is known that could have vanished.
     if (store.m_hasLoaded)
         store.m_unreadOverrides.keepOnly(dashboard.alerts);
@@ -69,16 +63,10 @@ void AppStore::MergeSteps::merge(AppStore &store, Dashboard dashboard)
     QString active = chooseActiveWorkspace(store, dashboard.workspaces);
     const bool moves = active != store.m_activeWorkspaceID;
     bool loaded = true;
-    take(store.m_workspaces, dashboard.workspaces, &AppStore::workspacesChanged);
-    take(store.m_members, dashboard.members, &AppStore::membersChanged);
-    take(store.m_topics, dashboard.topics, &AppStore::topicsChanged);
-    take(store.m_devices, dashboard.devices, &AppStore::devicesChanged);
-    take(store.m_settings, dashboard.settings, &AppStore::settingsChanged);
-    take(store.m_activeWorkspaceID, active, &AppStore::activeWorkspaceIDChanged);
-    take(store.m_alerts, dashboard.alerts, &AppStore::alertsChanged);
-    take(store.m_hasLoaded, loaded, &AppStore::hasLoadedChanged);
-    for (const auto changed : std::as_const(changes))
-        emit(store.*changed)();
+    changes.put(&store, store.m_activeWorkspaceID, active, &AppStore::activeWorkspaceIDChanged);
+    store.m_records.take(dashboard, changes);
+    changes.put(&store, store.m_hasLoaded, loaded, &AppStore::hasLoadedChanged);
+    changes.make();
     if (moves)
         store.clearSelectionAndFilter();
     leaveVanishedTopic(store);
@@ -129,7 +117,7 @@ void AppStore::MergeSteps::notifyAbout(AppStore &store, const Dashboard &dashboa
     mark.claim(store.markOwner(store.m_account), now);
     QList<AlertToNotify> chosen;
     if (const auto after = mark.after())
-        chosen = chooseAlertsToNotify(dashboard, store.m_alerts,
+        chosen = chooseAlertsToNotify(dashboard, store.alerts(),
                                       {.after = *after,
                                        .ahead = mark.ahead(),
                                        .now = store.m_now,

@@ -10,7 +10,7 @@ void AppStore::withdrawNotifications(const QStringList &alertIDs)
 
 void AppStore::endNotifications()
 {
-    const QStringList ended = m_waitingAsks.endedIn(m_alerts, m_now);
+    const QStringList ended = m_waitingAsks.endedIn(alerts(), m_now);
     if (!ended.isEmpty() && m_backend && m_backend->notifier)
         m_backend->notifier->endAsks(ended);
 }
@@ -25,10 +25,10 @@ void AppStore::settleLeftAsks()
 {
     if (!m_backend->notifier)
         return;
-    const LeftAsks::Fate fate = m_leftAsks.settle(markOwner(m_account), m_alerts, m_now);
+    const LeftAsks::Fate fate = m_leftAsks.settle(markOwner(m_account), alerts(), m_now);
     if (!fate.dropped.isEmpty())
         m_backend->notifier->remove(fate.dropped);
-    const bool namesWorkspaces = m_workspaces.size() > 1;
+    const bool namesWorkspaces = workspaces().size() > 1;
     for (const Alert &alert : fate.announced)
         m_backend->notifier->deliver(alert, namesWorkspaces ? workspaceName(alert.workspaceId) : std::nullopt, false,
                                      canAnswer(alert));

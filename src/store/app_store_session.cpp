@@ -97,9 +97,9 @@ void AppStore::SessionSteps::restoreLocalSettings(AppStore &store)
     if (const auto workspace = store.m_defaults->string(preference_keys::activeWorkspace))
         store.set(store.m_activeWorkspaceID, *workspace, &AppStore::activeWorkspaceIDChanged);
     if (const auto quiet = store.m_defaults->boolean(preference_keys::quietHoursEnabled)) {
-        NotificationSettings settings = store.m_settings;
+        NotificationSettings settings = store.settings();
         settings.quietHoursEnabled = *quiet;
-        store.set(store.m_settings, settings, &AppStore::settingsChanged);
+        store.m_records.setSettings(settings);
     }
 }
 
@@ -213,17 +213,13 @@ void AppStore::SessionSteps::reset(AppStore &store)
     store.m_invitationsAreOwed = false;
     // The next session may be one of another server.
     store.m_serviceClock.forget();
-    store.m_lanes.clear();
+    store.m_changes.reset();
     store.m_provisionalMembers.clear();
     // The account first: what is empty behind the sign-in screen is not looked at.
     store.set(store.m_account, std::optional<Account>(), &AppStore::accountChanged);
-    store.set(store.m_alerts, QList<Alert>(), &AppStore::alertsChanged);
-    store.set(store.m_topics, QList<Topic>(), &AppStore::topicsChanged);
-    store.set(store.m_devices, QList<Device>(), &AppStore::devicesChanged);
-    store.set(store.m_workspaces, QList<Workspace>(), &AppStore::workspacesChanged);
-    store.set(store.m_members, QMap<QString, QList<Member>>(), &AppStore::membersChanged);
-    store.set(store.m_invitations, QList<Invitation>(), &AppStore::invitationsChanged);
-    store.set(store.m_settings, store.m_seed.settings, &AppStore::settingsChanged);
+    SeedData nothing;
+    nothing.settings = store.m_seed.settings;
+    store.m_records.reset(nothing);
     store.set(store.m_activeWorkspaceID, QString(), &AppStore::activeWorkspaceIDChanged);
     store.set(store.m_focusMode, false, &AppStore::focusModeChanged);
     store.set(store.m_hasLoaded, store.m_backend == nullptr, &AppStore::hasLoadedChanged);

@@ -237,7 +237,8 @@ void AppStore::SignInSteps::signInToDemo(AppStore &store, AuthProvider provider)
 {
     if (store.m_defaults)
         store.m_defaults->setString(preference_keys::sessionProvider, rawValue(provider));
-    store.fillFromSeed();
+    store.m_records.reset(store.m_seed);
+    store.chooseFirstWorkspace();
     store.set(store.m_account, std::optional(demoAccount(provider)), &AppStore::accountChanged);
 }
 

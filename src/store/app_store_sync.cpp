@@ -129,7 +129,7 @@ QCoro::Task<> AppStore::SyncSteps::runRefresh(QPointer<AppStore> store)
         co_return;
     const std::optional<APIError> failure = outcome.error();
     std::optional<FetchedDashboard> fetched = std::move(outcome).value();
-    const bool applies = !failure && store->m_mutations.restsSince(epoch);
+    const bool applies = !failure && store->m_mutations.restSince(epoch);
     if (failure || applies)
         store->m_refreshIsOwed = false;
     if (fetched && fetched->date)
@@ -186,11 +186,11 @@ QCoro::Task<> AppStore::SyncSteps::refreshInvitations(QPointer<AppStore> store, 
     if (!store || store->m_client != client)
         co_return;
     // One just answered would come back for a while, as in a dashboard.
-    store->m_invitationsAreOwed = !invitations.error() && !store->m_mutations.restsSince(epoch);
+    store->m_invitationsAreOwed = !invitations.error() && !store->m_mutations.restSince(epoch);
     if (invitations.error())
         noteProblem(*store, *invitations.error());
     else if (!store->m_invitationsAreOwed)
-        store->set(store->m_invitations, *invitations.value(), &AppStore::invitationsChanged);
+        store->m_records.set(*invitations.value());
     store->refreshIfOwed();
 }
 
@@ -246,11 +246,11 @@ void AppStore::SyncSteps::takeDevice(AppStore &store, const Device &device)
 {
     if (store.m_defaults)
         store.m_defaults->setString(preference_keys::device(store.m_client->baseURL()), device.id);
-    QList<Device> devices = store.m_devices;
-    devices.removeIf([&device](const Device &other) { return other.id == device.id; });
+    QList<Device> devices = store.devices();
+    removeFrom(devices, device.id);
     devices << device;
     store.m_appliedBody.clear();
-    store.set(store.m_devices, devices, &AppStore::devicesChanged);
+    store.m_records.set(devices);
 }
 
 void AppStore::SyncSteps::noteProblem(AppStore &store, const APIError &error)

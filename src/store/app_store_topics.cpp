@@ -2,11 +2,7 @@
 
 #include "api/endpoints.h"
 #include "store/local_id.h"
-#include "store/mutation_steps.h"
-#include "store/record_field.h"
 #include "store/topic_slug.h"
-
-#include <algorithm>
 
 namespace pingwell {
 
@@ -26,19 +22,34 @@ Topic newDemoTopic(const QString &workspaceID, const QString &name)
     return topic;
 }
 
-} // namespace
-
-/// Changes of topics, and what follows the service's answers.
-struct AppStore::TopicSteps
+/// One field of a topic, which the service calls `key`.
+template<typename Value>
+RecordField fieldOf(const Topic &topic, const QString &key, Value Topic::*member)
 {
-    static Topic *find(QList<Topic> &topics, const QString &topicID);
-    /// Changes one field of a topic, which the service calls `key`.
-    template<typename Value>
-    static void change(AppStore &store, const QString &topicID, Value Topic::*field, const Value &value,
-                       const QString &key);
-    static RecordField existenceOf(const Topic &topic);
-    static void add(AppStore &store, const Topic &topic);
-};
+    RecordField field{
+        .name = key,
+        .changed = &Records::topicsChanged,
+        .tell = [workspaceID = topic.workspaceId, id = topic.id](APIClientPtr client, const JSONObject &change) {
+            return consentOf(endpoints::changeTopic(client, workspaceID, id, change));
+        }};
+    bindField(
+        field, [id = topic.id](const ChangeableRecords &records) { return findIn(records.topics, id); }, member);
+    return field;
+}
+
+RecordField existenceOf(const Removed<Topic> &topic)
+{
+    RecordField field{.changed = &Records::topicsChanged,
+                      .tell = [workspaceID = topic.record.workspaceId, id = topic.record.id](APIClientPtr client,
+                                                                                             const JSONObject &) {
+                          return consentOf(endpoints::deleteTopic(client, workspaceID, id));
+                      }};
+    bindExistence(
+        field, [](const ChangeableRecords &records) { return &records.topics; }, topic);
+    return field;
+}
+
+} // namespace
 
 void AppStore::createTopic(const QString &name)
 {
@@ -48,96 +59,48 @@ void AppStore::createTopic(const QString &name)
         return;
     if (!m_backend) {
         if (!topicNamed(topicName))
-            TopicSteps::add(*this, newDemoTopic(m_activeWorkspaceID, topicName));
+            m_records.add(newDemoTopic(m_activeWorkspaceID, topicName));
         return;
     }
-    mutate({.operation = [this, workspaceID = m_activeWorkspaceID, topicName](APIClientPtr client) {
+    m_mutations.start({.operation = [this, workspaceID = m_activeWorkspaceID, topicName](APIClientPtr client) {
         return consentOf(endpoints::createTopic(client, workspaceID, topicName),
-                         [this](const Topic &topic) { TopicSteps::add(*this, topic); });
+                         [this](const Topic &topic) { m_records.add(topic); });
     }});
 }
 
 void AppStore::setTopicMuted(const QString &topicID, bool muted)
 {
-    checkMainThread();
-    TopicSteps::change(*this, topicID, &Topic::muted, muted, QStringLiteral("muted"));
+    changeTopic(topicID, &Topic::muted, muted, QStringLiteral("muted"));
 }
 
 void AppStore::setTopicMinPriority(const QString &topicID, Priority priority)
 {
-    checkMainThread();
-    TopicSteps::change(*this, topicID, &Topic::minPriority, priority, QStringLiteral("minPriority"));
+    changeTopic(topicID, &Topic::minPriority, priority, QStringLiteral("minPriority"));
 }
 
 void AppStore::setTopicQuietHours(const QString &topicID, bool quietHours)
 {
+    changeTopic(topicID, &Topic::quietHours, quietHours, QStringLiteral("quietHours"));
+}
+
+template<typename Value>
+void AppStore::changeTopic(const QString &topicID, Value Topic::*member, const Value &value, const QString &key)
+{
     checkMainThread();
-    TopicSteps::change(*this, topicID, &Topic::quietHours, quietHours, QStringLiteral("quietHours"));
+    if (const auto topic = m_records.find<Topic>(topicID))
+        m_changes.change(laneOf(topicID), {{fieldOf(*topic, key, member), wireValue(value)}});
 }
 
 void AppStore::deleteTopic(const QString &topicID)
 {
     checkMainThread();
-    const Topic *const found = TopicSteps::find(m_topics, topicID);
-    if (m_activeWorkspaceID.isEmpty() || !activeWorkspace() || !found)
+    const auto topic = m_records.find<Topic>(topicID);
+    if (m_activeWorkspaceID.isEmpty() || !activeWorkspace() || !topic)
         return;
-    const Topic topic = *found;
-    changeFields(laneOf(topicID), {{TopicSteps::existenceOf(topic), false}});
-    if (m_filter == InboxFilter::topic(topic.name))
+    const qsizetype place = placeOf(topicID, topics());
+    m_changes.change(laneOf(topicID), {{existenceOf({*topic, place}), false}});
+    if (m_filter == InboxFilter::topic(topic->name))
         setFilter(InboxFilter::all());
-}
-
-RecordField AppStore::TopicSteps::existenceOf(const Topic &topic)
-{
-    return {
-        .name = existenceField,
-        .read =
-            [topic](const Records &records) { return std::optional<JSON>(find(records.topics, topic.id) != nullptr); },
-        .write =
-            [topic](const Records &records, const JSON &exists) {
-                if (exists == JSON(true))
-                    records.topics << topic;
-                else
-                    records.topics.removeIf([&topic](const Topic &other) { return other.id == topic.id; });
-            },
-        .changed = &AppStore::topicsChanged,
-        .tell =
-            [topic](APIClientPtr client, const JSONObject &) {
-                return consentOf(endpoints::deleteTopic(client, topic.workspaceId, topic.id));
-            }};
-}
-
-Topic *AppStore::TopicSteps::find(QList<Topic> &topics, const QString &topicID)
-{
-    const auto found =
-        std::find_if(topics.begin(), topics.end(), [&topicID](const Topic &topic) { return topic.id == topicID; });
-    return found == topics.end() ? nullptr : &*found;
-}
-
-template<typename Value>
-void AppStore::TopicSteps::change(AppStore &store, const QString &topicID, Value Topic::*field, const Value &value,
-                                  const QString &key)
-{
-    const Topic *const topic = find(store.m_topics, topicID);
-    if (!topic)
-        return;
-    RecordField changed{
-        .name = key,
-        .changed = &AppStore::topicsChanged,
-        .tell = [workspaceID = topic->workspaceId, topicID](APIClientPtr client, const JSONObject &change) {
-            return consentOf(endpoints::changeTopic(client, workspaceID, topicID, change));
-        }};
-    bindField(
-        changed, [topicID](const Records &records) { return find(records.topics, topicID); }, field);
-    store.changeFields(laneOf(topicID), {{changed, wireValue(value)}});
-}
-
-void AppStore::TopicSteps::add(AppStore &store, const Topic &topic)
-{
-    if (find(store.m_topics, topic.id))
-        return;
-    store.m_topics << topic;
-    emit store.topicsChanged();
 }
 
 } // namespace pingwell

@@ -62,17 +62,17 @@ std::optional<Workspace> AppStore::activeWorkspace() const
 
 std::optional<Workspace> AppStore::workspaceWithID(const QString &id) const
 {
-    return firstOf(m_workspaces, [&id](const Workspace &workspace) { return workspace.id == id; });
+    return m_records.find<Workspace>(id);
 }
 
 QList<Alert> AppStore::activeAlerts() const
 {
-    return newestFirst(m_alerts, [this](const Alert &alert) { return alert.workspaceId == m_activeWorkspaceID; });
+    return newestFirst(alerts(), [this](const Alert &alert) { return alert.workspaceId == m_activeWorkspaceID; });
 }
 
 QList<Alert> AppStore::filteredAlerts() const
 {
-    return newestFirst(m_alerts, [this](const Alert &alert) {
+    return newestFirst(alerts(), [this](const Alert &alert) {
         return alert.workspaceId == m_activeWorkspaceID && passes(m_filter, alert);
     });
 }
@@ -80,7 +80,7 @@ QList<Alert> AppStore::filteredAlerts() const
 QList<Topic> AppStore::activeTopics() const
 {
     QList<Topic> active;
-    std::copy_if(m_topics.begin(), m_topics.end(), std::back_inserter(active),
+    std::copy_if(topics().begin(), topics().end(), std::back_inserter(active),
                  [this](const Topic &topic) { return topic.workspaceId == m_activeWorkspaceID; });
     return active;
 }
@@ -102,33 +102,33 @@ std::optional<Alert> AppStore::selectedAlert() const
 {
     if (!m_selectedAlertID)
         return std::nullopt;
-    return firstOf(m_alerts, [this](const Alert &alert) {
+    return firstOf(alerts(), [this](const Alert &alert) {
         return alert.id == *m_selectedAlertID && alert.workspaceId == m_activeWorkspaceID;
     });
 }
 
 std::optional<Alert> AppStore::alertWithID(const QString &id) const
 {
-    return firstOf(m_alerts, [&id](const Alert &alert) { return alert.id == id; });
+    return m_records.find<Alert>(id);
 }
 
 qsizetype AppStore::unreadCount() const
 {
-    return std::count_if(m_alerts.begin(), m_alerts.end(), [this](const Alert &alert) {
+    return std::count_if(alerts().begin(), alerts().end(), [this](const Alert &alert) {
         return !alert.read && alert.workspaceId == m_activeWorkspaceID;
     });
 }
 
 QList<Alert> AppStore::needsReply() const
 {
-    return newestFirst(m_alerts, [this](const Alert &alert) {
+    return newestFirst(alerts(), [this](const Alert &alert) {
         return alert.workspaceId == m_activeWorkspaceID && alert.isWaiting(m_now);
     });
 }
 
 qsizetype AppStore::needsReplyCount() const
 {
-    return std::count_if(m_alerts.begin(), m_alerts.end(), [this](const Alert &alert) {
+    return std::count_if(alerts().begin(), alerts().end(), [this](const Alert &alert) {
         return alert.isWaiting(m_now) && alert.workspaceId == m_activeWorkspaceID;
     });
 }
@@ -145,7 +145,7 @@ QList<Alert> AppStore::todayAlerts(std::optional<Instant> at) const
             muted.insert(topic.name);
         seen.insert(topic.name);
     }
-    return newestFirst(m_alerts, [&](const Alert &alert) {
+    return newestFirst(alerts(), [&](const Alert &alert) {
         return alert.at >= cutoff && alert.workspaceId == m_activeWorkspaceID && !alert.isWaiting(instant) &&
                !muted.contains(alert.topic) && (!m_focusMode || alert.priority >= Priority::high);
     });

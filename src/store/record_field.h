@@ -9,6 +9,7 @@
 #include "model/topic.h"
 #include "model/workspace.h"
 #include "store/consent.h"
+#include "store/record_list.h"
 
 #include <QCoroTask>
 #include <QList>
@@ -21,10 +22,10 @@
 
 namespace pingwell {
 
-class AppStore;
+class Records;
 
 /// The records whose fields the person changes: the store's own, or those of a dashboard about to be merged.
-struct Records
+struct ChangeableRecords
 {
     QList<Workspace> &workspaces;
     QMap<QString, QList<Member>> &members;
@@ -39,9 +40,9 @@ struct RecordField
     /// Different for each field of a thing; the service's own name where it has one.
     QString name = {};
     /// None where the record is gone.
-    std::function<std::optional<JSON>(const Records &)> read = {};
-    std::function<void(const Records &, const JSON &)> write = {};
-    void (AppStore::*changed)() = nullptr;
+    std::function<std::optional<JSON>(const ChangeableRecords &)> read = {};
+    std::function<void(const ChangeableRecords &, const JSON &)> write = {};
+    void (Records::*changed)() = nullptr;
     /// Given the fields by name, with the values to hold.
     std::function<QCoro::Task<Outcome<Consent>>(APIClientPtr, JSONObject)> tell = {};
 };
@@ -93,13 +94,33 @@ inline void takeWireValue(std::optional<Instant> &field, const JSON &value)
 template<typename Find, typename Record, typename Value>
 void bindField(RecordField &field, Find find, Value Record::*member)
 {
-    field.read = [find, member](const Records &records) -> std::optional<JSON> {
+    field.read = [find, member](const ChangeableRecords &records) -> std::optional<JSON> {
         const Record *const record = find(records);
         return record ? std::optional(wireValue(record->*member)) : std::nullopt;
     };
-    field.write = [find, member](const Records &records, const JSON &value) {
+    field.write = [find, member](const ChangeableRecords &records, const JSON &value) {
         if (Record *const record = find(records))
             takeWireValue(record->*member, value);
+    };
+}
+
+/// Makes `field` say whether the record is there, in the list that `find` finds among records, or null.
+template<typename Find, typename Record>
+void bindExistence(RecordField &field, Find find, const Removed<Record> &removed)
+{
+    field.name = existenceField;
+    field.read = [find, key = keyOf(removed.record)](const ChangeableRecords &records) {
+        const QList<Record> *const list = find(records);
+        return std::optional<JSON>(list && placeOf(key, *list) >= 0);
+    };
+    field.write = [find, removed](const ChangeableRecords &records, const JSON &exists) {
+        QList<Record> *const list = find(records);
+        if (!list)
+            return;
+        if (exists == JSON(true))
+            putBackInto(*list, removed);
+        else
+            removeFrom(*list, keyOf(removed.record));
     };
 }
 
