@@ -3,8 +3,6 @@
 #include "api/endpoints.h"
 #include "async/launch.h"
 #include "desktop/preference_keys.h"
-#include "store/mutation_steps.h"
-#include "store/record_field.h"
 
 #include <algorithm>
 

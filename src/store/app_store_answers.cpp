@@ -2,7 +2,6 @@
 
 #include "api/endpoints.h"
 #include "store/answer_rules.h"
-#include "store/mutation_steps.h"
 #include "text/text_cut.h"
 
 namespace pingwell {

@@ -3,8 +3,6 @@
 #include "api/endpoints.h"
 #include "desktop/preference_keys.h"
 #include "store/local_id.h"
-#include "store/mutation_steps.h"
-#include "store/record_field.h"
 #include "text/text_cut.h"
 
 namespace pingwell {

@@ -350,7 +350,7 @@ private slots:
         m_server->close(show(titled(u"expired"_s)), 1);
         m_server->close(show(titled(u"dismissed"_s)), 2);
         NotificationRequest notice = titled(u"notice"_s);
-        notice.content.categoryIdentifier.reset();
+        notice.content.category.reset();
         show(notice);
         settle();
         m_server->holdReplies();
