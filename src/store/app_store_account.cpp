@@ -4,8 +4,6 @@
 #include "async/launch.h"
 #include "desktop/preference_keys.h"
 
-#include <algorithm>
-
 namespace pingwell {
 
 namespace {

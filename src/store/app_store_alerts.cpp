@@ -43,7 +43,7 @@ void AppStore::markAllRead()
     QSet<QString> unread;
     QList<Alert> alerts = this->alerts();
     for (Alert &alert : alerts) {
-        if (alert.workspaceId != m_activeWorkspaceID || alert.read)
+        if (alert.workspaceId != activeWorkspaceID() || alert.read)
             continue;
         unread.insert(alert.id);
         alert.read = true;
@@ -53,7 +53,7 @@ void AppStore::markAllRead()
     m_records.set(alerts);
     m_unreadOverrides.remove(unread);
     m_mutations.start(
-        {.operation = [workspaceID = m_activeWorkspaceID](
+        {.operation = [workspaceID = activeWorkspaceID()](
                           APIClientPtr client) { return consentOf(endpoints::markAllAlertsRead(client, workspaceID)); },
          .rollback =
              [this, unread] {
@@ -70,9 +70,9 @@ void AppStore::deleteAlert(const QString &alertID)
     const auto workspace = alert ? workspaceWithID(alert->workspaceId) : std::nullopt;
     if (!workspace || workspace->role == WorkspaceRole::viewer)
         return;
-    withdrawNotifications({alertID});
+    m_notifications.withdraw({alertID});
     const auto removed = m_records.remove<Alert>(alertID);
-    if (m_selectedAlertID == alertID)
+    if (selectedAlertID() == alertID)
         selectAlert(QString());
     m_unreadOverrides.set(alertID, false);
     m_mutations.start({.operation =
@@ -88,10 +88,10 @@ void AppStore::sendTestAlert()
     if (!canSendTestAlert())
         return;
     if (!m_backend) {
-        m_records.add(localTestAlert(m_activeWorkspaceID, m_now));
+        m_records.add(localTestAlert(activeWorkspaceID(), now()));
         return;
     }
-    m_mutations.start({.operation = [this, workspaceID = m_activeWorkspaceID](APIClientPtr client) {
+    m_mutations.start({.operation = [this, workspaceID = activeWorkspaceID()](APIClientPtr client) {
         return consentOf(endpoints::sendTestAlert(client, workspaceID, testAlertBody()),
                          [this](const Alert &alert) { receiveTestAlert(alert); });
     }});
@@ -103,9 +103,8 @@ void AppStore::receiveTestAlert(Alert alert)
         alert.read = false;
     m_records.replace(alert);
     m_records.add(alert);
-    m_notificationMark.note(alert, serviceNow());
-    if (alert.delivered && m_backend->notifier)
-        m_backend->notifier->deliver(alert, workspaceName(alert.workspaceId), settings().sound, canAnswer(alert));
+    m_notifications.announce(alert, workspaceName(alert.workspaceId), settings().sound, canAnswer(alert),
+                             m_ticker.present());
     showToast(QStringLiteral("Test alert sent."), false);
 }
 

@@ -39,7 +39,8 @@ void AppStore::answerFromNotification(const QString &alertID, const QString &tex
         return;
     const auto alert = alertWithID(alertID);
     if (!alert) {
-        tellRefusalOfGone(alertID, isSignedIn() ? refusal->reason : QStringLiteral("You are signed out."));
+        m_notifications.tellRefusalOfGone(alertID,
+                                          isSignedIn() ? refusal->reason : QStringLiteral("You are signed out."));
         return;
     }
     // The banner is gone with what was typed into it; a window keeps its field.
@@ -54,13 +55,13 @@ std::optional<AnswerRefusal> AppStore::submitAnswer(const QString &alertID, cons
     const auto alert = alertWithID(alertID);
     const auto workspace = alert ? workspaceWithID(alert->workspaceId) : std::nullopt;
     const auto role = workspace ? std::optional(workspace->role) : std::nullopt;
-    if (const auto refusal = refusalOf(alert, role, text, m_now))
+    if (const auto refusal = refusalOf(alert, role, text, now()))
         return refusal;
     Alert answered = *alert;
     answered.answer = alert->validatedAnswer(text);
     answered.read = true;
     // Before the ask ends in the store: its banner, a refusal's too, goes away as a whole, not its buttons alone.
-    withdrawNotifications({alertID});
+    m_notifications.withdraw({alertID});
     m_records.replace(answered);
     removeReplyDraft(alertID);
     m_unreadOverrides.set(alertID, false);
@@ -89,7 +90,7 @@ void AppStore::sendAnswer(const Alert &before, const QString &answer)
 void AppStore::answerRefused(const Alert &before, const QString &message)
 {
     // Every refused change is told by a toast, which is enough where the person looks at the alert.
-    if (m_attention.isOnAlert(before.id))
+    if (m_notifications.attention().isOnAlert(before.id))
         return;
     const auto alert = alertWithID(before.id);
     tellRefusal(alert.value_or(before), {.reason = message, .canAnswerAgain = alert && canAnswer(*alert)});
@@ -99,16 +100,10 @@ void AppStore::answerRefused(const Alert &before, const QString &message)
 /// given up.
 void AppStore::tellRefusal(const Alert &alert, const AnswerRefusal &refusal)
 {
-    if (m_attention.isOnAlert(alert.id))
+    if (m_notifications.attention().isOnAlert(alert.id))
         showToast(refusal.reason, true);
-    else if (m_backend && m_backend->notifier)
-        m_backend->notifier->deliverRefusal(alert, workspaceName(alert.workspaceId), refusal);
-}
-
-void AppStore::tellRefusalOfGone(const QString &alertID, const QString &reason) const
-{
-    if (m_backend && m_backend->notifier)
-        m_backend->notifier->deliverMessage(alertID, QStringLiteral("Your answer didn't go through"), reason);
+    else
+        m_notifications.tellRefusal(alert, workspaceName(alert.workspaceId), refusal);
 }
 
 } // namespace pingwell

@@ -9,7 +9,7 @@ void AppStore::acceptInvitation(const QString &token)
     takeInvitation(token, [this, token](APIClientPtr client) {
         // The workspace joined comes with the next dashboard, as soon as one may be merged.
         return consentOf(endpoints::acceptInvitation(client, token),
-                         [this](const std::optional<QString> &) { m_refreshIsOwed = true; });
+                         [this](const std::optional<QString> &) { m_sync.oweRefresh(); });
     });
 }
 

@@ -50,7 +50,7 @@ bool AppStore::managesActiveTeam() const
 
 std::optional<Member> AppStore::activeMember(const QString &memberID) const
 {
-    QList<Member> active = members().value(m_activeWorkspaceID);
+    QList<Member> active = members().value(activeWorkspaceID());
     const Member *const found = findIn(active, memberID);
     return found ? std::optional(*found) : std::nullopt;
 }
@@ -60,7 +60,7 @@ std::optional<InviteError> AppStore::invite(const QString &email, WorkspaceRole 
     checkMainThread();
     if (!managesActiveTeam())
         return InviteError::notAllowed;
-    QList<Member> all = members().value(m_activeWorkspaceID);
+    QList<Member> all = members().value(activeWorkspaceID());
     if (const auto error = inviteError(email, all))
         return error;
     const Member member{.id = newLocalID(u'm'),
@@ -68,20 +68,20 @@ std::optional<InviteError> AppStore::invite(const QString &email, WorkspaceRole 
                         .email = normalizedEmail(email),
                         .role = role,
                         .status = MemberStatus::invited,
-                        .invitedAt = m_now,
+                        .invitedAt = now(),
                         .isYou = false};
     if (m_client)
         m_provisionalMembers.insert(member.id);
-    m_records.setMembers(m_activeWorkspaceID, all << member);
+    m_records.setMembers(activeWorkspaceID(), all << member);
     m_mutations.start({.operation =
-                           [this, workspaceID = m_activeWorkspaceID, member](APIClientPtr client) {
+                           [this, workspaceID = activeWorkspaceID(), member](APIClientPtr client) {
                                return consentOf(
                                    endpoints::inviteMember(client, workspaceID, member.email, member.role),
                                    [this, workspaceID, id = member.id](const WithMessage<Member> &invited) {
                                        replaceProvisional(workspaceID, id, invited.record);
                                    });
                            },
-                       .rollback = [this, workspaceID = m_activeWorkspaceID,
+                       .rollback = [this, workspaceID = activeWorkspaceID(),
                                     id = member.id] { replaceProvisional(workspaceID, id, std::nullopt); }});
     return std::nullopt;
 }
@@ -110,8 +110,8 @@ void AppStore::changeRole(const QString &memberID, WorkspaceRole role)
     const auto member = activeMember(memberID);
     if (!member || !canChangeRole(*member) || role == WorkspaceRole::owner || role == member->role)
         return;
-    RecordField field = fieldOf(m_activeWorkspaceID, memberID, QStringLiteral("role"), &Member::role);
-    field.tell = [workspaceID = m_activeWorkspaceID, memberID, role](APIClientPtr client, const JSONObject &change) {
+    RecordField field = fieldOf(activeWorkspaceID(), memberID, QStringLiteral("role"), &Member::role);
+    field.tell = [workspaceID = activeWorkspaceID(), memberID, role](APIClientPtr client, const JSONObject &change) {
         WorkspaceRole wanted = role;
         takeWireValue(wanted, change.first());
         return consentOf(endpoints::changeMemberRole(client, workspaceID, memberID, wanted));
@@ -131,9 +131,9 @@ void AppStore::removeMember(const QString &memberID)
     const auto member = activeMember(memberID);
     if (!member || !canRemoveMember(*member))
         return;
-    const qsizetype place = placeOf(memberID, members().value(m_activeWorkspaceID));
-    RecordField field = existenceOf(m_activeWorkspaceID, {*member, place});
-    field.tell = [workspaceID = m_activeWorkspaceID, memberID](APIClientPtr client, const JSONObject &) {
+    const qsizetype place = placeOf(memberID, members().value(activeWorkspaceID()));
+    RecordField field = existenceOf(activeWorkspaceID(), {*member, place});
+    field.tell = [workspaceID = activeWorkspaceID(), memberID](APIClientPtr client, const JSONObject &) {
         return consentOf(endpoints::removeMember(client, workspaceID, memberID));
     };
     m_changes.change(laneOf(memberID), {{field, false}});
@@ -150,11 +150,11 @@ void AppStore::resendInvitation(const QString &memberID)
     const auto member = activeMember(memberID);
     if (!member || !canResendInvitation(*member))
         return;
-    RecordField field = fieldOf(m_activeWorkspaceID, memberID, QStringLiteral("invitedAt"), &Member::invitedAt);
-    field.tell = [workspaceID = m_activeWorkspaceID, memberID](APIClientPtr client, const JSONObject &) {
+    RecordField field = fieldOf(activeWorkspaceID(), memberID, QStringLiteral("invitedAt"), &Member::invitedAt);
+    field.tell = [workspaceID = activeWorkspaceID(), memberID](APIClientPtr client, const JSONObject &) {
         return consentOf(endpoints::resendInvitation(client, workspaceID, memberID));
     };
-    m_changes.change(laneOf(memberID), {{field, wireValue(std::optional(m_now))}});
+    m_changes.change(laneOf(memberID), {{field, wireValue(std::optional(now()))}});
 }
 
 } // namespace pingwell

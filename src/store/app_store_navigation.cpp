@@ -1,13 +1,11 @@
 #include "store/app_store.h"
 
-#include "desktop/preference_keys.h"
-
 namespace pingwell {
 
 void AppStore::setSection(SidebarSection section)
 {
     checkMainThread();
-    set(m_section, section, &AppStore::sectionChanged);
+    m_navigation.setSection(section);
 }
 
 void AppStore::setSectionWord(const QString &word)
@@ -19,38 +17,26 @@ void AppStore::setSectionWord(const QString &word)
 void AppStore::setFilter(const InboxFilter &filter)
 {
     checkMainThread();
-    set(m_filter, filter, &AppStore::filterChanged);
+    m_navigation.setFilter(filter);
 }
 
 void AppStore::selectAlert(const QString &alertID)
 {
     checkMainThread();
-    const std::optional<QString> selected = alertID.isEmpty() ? std::nullopt : std::optional(alertID);
-    set(m_selectedAlertID, selected, &AppStore::selectedAlertIDChanged);
+    m_navigation.selectAlert(alertID);
 }
 
 void AppStore::setIsCreatingWorkspace(bool creating)
 {
     checkMainThread();
-    set(m_isCreatingWorkspace, creating, &AppStore::isCreatingWorkspaceChanged);
+    m_navigation.setIsCreatingWorkspace(creating);
 }
 
 void AppStore::selectWorkspace(const QString &workspaceID)
 {
     checkMainThread();
-    if (workspaceID == m_activeWorkspaceID || !workspaceWithID(workspaceID))
-        return;
-    set(m_activeWorkspaceID, workspaceID, &AppStore::activeWorkspaceIDChanged);
-    clearSelectionAndFilter();
-    if (m_defaults)
-        m_defaults->setString(preference_keys::activeWorkspace, workspaceID);
-}
-
-void AppStore::clearSelectionAndFilter()
-{
-    selectAlert(QString());
-    requestReply(QString());
-    setFilter(InboxFilter::all());
+    if (workspaceID != activeWorkspaceID() && workspaceWithID(workspaceID))
+        m_navigation.enterWorkspace(workspaceID);
 }
 
 void AppStore::revealAlert(const QString &alertID)
@@ -60,45 +46,34 @@ void AppStore::revealAlert(const QString &alertID)
     if (!alert)
         return;
     selectWorkspace(alert->workspaceId);
-    setSection(SidebarSection::inbox);
-    setFilter(InboxFilter::all());
-    selectAlert(alertID);
+    m_navigation.setSection(SidebarSection::inbox);
+    m_navigation.setFilter(InboxFilter::all());
+    m_navigation.selectAlert(alertID);
 }
 
 void AppStore::requestReply(const QString &alertID)
 {
     checkMainThread();
-    set(m_requestedReplyID, alertID, &AppStore::requestedReplyIDChanged);
+    m_navigation.requestReply(alertID);
 }
 
 void AppStore::setFocusMode(bool on)
 {
     checkMainThread();
-    set(m_focusMode, on, &AppStore::focusModeChanged);
+    m_navigation.setFocusMode(on);
 }
 
-void AppStore::setServer(ServerKind server)
+void AppStore::considerNotificationPrompt(NotificationPermission permission)
 {
     checkMainThread();
-    set(m_server, server, &AppStore::serverChanged);
-    if (m_defaults)
-        m_defaults->setString(preference_keys::serverKind, rawValue(server));
-    refreshProvidersSoon();
+    if (m_notifications.areShown() && isSignedIn() && permission != NotificationPermission::allowed)
+        m_navigation.showNotificationPrompt();
 }
 
-void AppStore::setServerWord(const QString &word)
-{
-    if (const auto server = fromRawValue<ServerKind>(word))
-        setServer(*server);
-}
-
-void AppStore::setSelfHostedURL(const QString &text)
+void AppStore::dismissNotificationPrompt()
 {
     checkMainThread();
-    set(m_selfHostedURL, text, &AppStore::selfHostedURLChanged);
-    if (m_defaults)
-        m_defaults->setString(preference_keys::selfHostedURL, text);
-    refreshProvidersSoon();
+    m_navigation.dismissNotificationPrompt();
 }
 
 } // namespace pingwell

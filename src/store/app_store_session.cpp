@@ -42,14 +42,6 @@ QCoro::Task<> forgetDevice(APIClientPtr client, QString deviceID, [[maybe_unused
 
 } // namespace
 
-/// What a session begins and ends with.
-struct AppStore::SessionSteps
-{
-    static void restoreLocalSettings(AppStore &store);
-    static void leave(AppStore &store, const std::optional<QString> &message);
-    static void reset(AppStore &store);
-};
-
 void AppStore::openStoredSession()
 {
     m_session = std::make_unique<StoredSession>(m_backend->tokenStore, m_defaults);
@@ -62,54 +54,44 @@ void AppStore::openStoredSession()
     m_session->onNotErased = [this] {
         const QString message = notErasedMessage(m_session->remembersErasing());
         showToast(message, true);
-        notifyUnlessWatching(keyringNotification, QStringLiteral("Your sign-in is still in the keyring"), message);
+        m_notifications.tellUnlessWatching(keyringNotification, QStringLiteral("Your sign-in is still in the keyring"),
+                                           message);
     };
-}
-
-std::optional<QUrl> AppStore::effectiveBaseURL() const
-{
-    if (m_backend && m_backend->baseURLOverride)
-        return m_backend->baseURLOverride;
-    if (m_server == ServerKind::selfHosted)
-        return APIClient::normalizedBaseURL(m_selfHostedURL);
-    return APIClient::defaultBaseURL();
 }
 
 void AppStore::restoreSession()
 {
-    SessionSteps::restoreLocalSettings(*this);
+    restoreLocalSettings();
     const QUrl chosen = effectiveBaseURL().value_or(APIClient::defaultBaseURL());
     const StoredSession::Restored found = m_session->restore(m_backend->baseURLOverride, chosen);
     if (found.kind == StoredSession::Restored::Kind::session) {
         m_client = std::make_shared<const APIClient>(found.baseURL, found.token, m_backend->transport);
-        set(m_account, std::optional(found.account), &AppStore::accountChanged);
+        setAccount(found.account);
         return;
     }
-    set(m_account, std::optional<Account>(), &AppStore::accountChanged);
+    setAccount(std::nullopt);
     if (const auto message = absenceMessage(found))
-        set(m_signInError, message, &AppStore::signInErrorChanged);
+        m_signIn.setError(message);
 }
 
-void AppStore::SessionSteps::restoreLocalSettings(AppStore &store)
+void AppStore::restoreLocalSettings()
 {
-    if (!store.m_defaults)
+    if (!m_defaults)
         return;
-    if (const auto workspace = store.m_defaults->string(preference_keys::activeWorkspace))
-        store.set(store.m_activeWorkspaceID, *workspace, &AppStore::activeWorkspaceIDChanged);
-    if (const auto quiet = store.m_defaults->boolean(preference_keys::quietHoursEnabled)) {
-        NotificationSettings settings = store.settings();
-        settings.quietHoursEnabled = *quiet;
-        store.m_records.setSettings(settings);
-    }
+    if (const auto workspaceID = m_navigation.rememberedWorkspaceID())
+        m_navigation.showWorkspace(*workspaceID);
+    NotificationSettings local = settings();
+    local.quietHoursEnabled = m_defaults->boolean(preference_keys::quietHoursEnabled).value_or(local.quietHoursEnabled);
+    m_records.setSettings(local);
 }
 
 void AppStore::restoreLateSession()
 {
-    if (m_client || m_isSigningIn)
+    if (m_client || m_signIn.isUnderWay())
         return;
     restoreSession();
     if (m_client)
-        closeSignIn();
+        m_signIn.close();
     startSync();
 }
 
@@ -118,19 +100,13 @@ void AppStore::persistSession(const QString &token, const QUrl &baseURL, const A
     checkMainThread();
     m_session->save(token, baseURL, account);
     m_client = std::make_shared<const APIClient>(baseURL, token, m_backend->transport);
-    set(m_account, std::optional(account), &AppStore::accountChanged);
+    setAccount(account);
     tellIfForgotten();
     if (m_refusedSession.hasEnded())
-        withdrawNotifications({sessionNotification});
+        m_notifications.withdraw({sessionNotification});
     const RefusedSession::Drafts drafts = m_refusedSession.takeDrafts(baseURL, account);
     for (auto draft = drafts.cbegin(); draft != drafts.cend(); ++draft)
         setReplyDraft(draft.value(), draft.key());
-}
-
-void AppStore::saveAccount(const Account &account)
-{
-    if (m_session)
-        m_session->saveAccount(account);
 }
 
 void AppStore::signOut()
@@ -153,15 +129,15 @@ void AppStore::endSession(const std::optional<QString> &message)
     checkMainThread();
     if (m_session)
         m_session->erase();
-    SessionSteps::leave(*this, message);
+    leaveSession(message);
 }
 
 void AppStore::endRefusedSession(const QString &message)
 {
     checkMainThread();
-    m_refusedSession.begin(m_client, m_account.value_or(Account()), message, m_replyDrafts);
+    m_refusedSession.begin(m_client, account().value_or(Account()), message, m_replyDrafts);
     m_session->eraseRefused();
-    SessionSteps::leave(*this, message);
+    leaveSession(message);
     tellRefusedSession();
 }
 
@@ -172,7 +148,7 @@ void AppStore::noteUnsentAnswer(const APIClientPtr &client, const Alert &alert, 
     if (!endsSession && !m_refusedSession.isOf(client)) {
         // Where the person signed out, or in anew, while the answer was on its way, no screen shows the ask any more.
         if (client != m_client)
-            tellRefusalOfGone(alert.id, unsentAnswersText({alert.title}));
+            m_notifications.tellRefusalOfGone(alert.id, unsentAnswersText({alert.title}));
         return;
     }
     m_refusedSession.addUnsentAnswer(client, alert.title);
@@ -187,55 +163,38 @@ void AppStore::noteUnsentAnswer(const APIClientPtr &client, const Alert &alert, 
 void AppStore::tellRefusedSession()
 {
     const QString text = m_refusedSession.text();
-    set(m_signInError, std::optional(text), &AppStore::signInErrorChanged);
-    notifyUnlessWatching(sessionNotification, QStringLiteral("You've been signed out"), text);
+    m_signIn.setError(text);
+    m_notifications.tellUnlessWatching(sessionNotification, QStringLiteral("You've been signed out"), text);
 }
 
 /// Leaves the session that is over: nothing of it is shown or followed any more.
-void AppStore::SessionSteps::leave(AppStore &store, const std::optional<QString> &message)
+void AppStore::leaveSession(const std::optional<QString> &message)
 {
-    store.m_syncTask.request_stop();
-    store.m_syncTask = std::stop_source(std::nostopstate);
-    store.m_client.reset();
-    if (store.m_backend && store.m_backend->notifier)
-        store.m_backend->notifier->removeAll();
-    if (store.m_defaults)
-        store.m_defaults->remove(preference_keys::promptDismissed);
-    reset(store);
-    store.set(store.m_signInError, message, &AppStore::signInErrorChanged);
-    store.refreshProviders();
+    m_client.reset();
+    m_notifications.withdrawAll();
+    // The account first: what is empty behind the sign-in screen is not looked at.
+    setAccount(std::nullopt);
+    resetParts();
+    const QStringList drafted = m_replyDrafts.keys();
+    for (const QString &alertID : drafted)
+        removeReplyDraft(alertID);
+    if (m_backend)
+        restoreLocalSettings();
+    m_signIn.reset(message);
+    m_servers.refreshProviders();
 }
 
-void AppStore::SessionSteps::reset(AppStore &store)
+void AppStore::resetParts()
 {
-    store.m_appliedBody.clear();
-    store.m_refreshIsOwed = false;
-    store.m_invitationsAreOwed = false;
-    // The next session may be one of another server.
-    store.m_serviceClock.forget();
-    store.m_changes.reset();
-    store.m_provisionalMembers.clear();
-    // The account first: what is empty behind the sign-in screen is not looked at.
-    store.set(store.m_account, std::optional<Account>(), &AppStore::accountChanged);
+    m_changes.reset();
+    m_provisionalMembers.clear();
+    m_ticker.forgetService();
     SeedData nothing;
-    nothing.settings = store.m_seed.settings;
-    store.m_records.reset(nothing);
-    store.set(store.m_activeWorkspaceID, QString(), &AppStore::activeWorkspaceIDChanged);
-    store.set(store.m_focusMode, false, &AppStore::focusModeChanged);
-    store.set(store.m_hasLoaded, store.m_backend == nullptr, &AppStore::hasLoadedChanged);
-    store.set(store.m_isSigningIn, false, &AppStore::isSigningInChanged);
-    store.set(store.m_connectionProblem, std::optional<QString>(), &AppStore::connectionProblemChanged);
-    store.set(store.m_leftOut, QString(), &AppStore::leftOutChanged);
-    store.set(store.m_lastSyncedAt, std::optional<Instant>(), &AppStore::lastSyncedAtChanged);
-    store.set(store.m_section, SidebarSection::inbox, &AppStore::sectionChanged);
-    store.set(store.m_isCreatingWorkspace, false, &AppStore::isCreatingWorkspaceChanged);
-    store.set(store.m_showsNotificationPrompt, false, &AppStore::showsNotificationPromptChanged);
-    store.clearSelectionAndFilter();
-    const QStringList drafted = store.m_replyDrafts.keys();
-    for (const QString &alertID : drafted)
-        store.removeReplyDraft(alertID);
-    if (store.m_backend)
-        restoreLocalSettings(store);
+    nothing.settings = m_seed.settings;
+    m_records.reset(nothing);
+    m_merge.reset();
+    m_sync.reset();
+    m_navigation.reset();
 }
 
 } // namespace pingwell

@@ -55,14 +55,14 @@ void AppStore::createTopic(const QString &name)
 {
     checkMainThread();
     const QString topicName = slug(name);
-    if (m_activeWorkspaceID.isEmpty() || !activeWorkspace() || topicName.isEmpty())
+    if (activeWorkspaceID().isEmpty() || !activeWorkspace() || topicName.isEmpty())
         return;
     if (!m_backend) {
         if (!topicNamed(topicName))
-            m_records.add(newDemoTopic(m_activeWorkspaceID, topicName));
+            m_records.add(newDemoTopic(activeWorkspaceID(), topicName));
         return;
     }
-    m_mutations.start({.operation = [this, workspaceID = m_activeWorkspaceID, topicName](APIClientPtr client) {
+    m_mutations.start({.operation = [this, workspaceID = activeWorkspaceID(), topicName](APIClientPtr client) {
         return consentOf(endpoints::createTopic(client, workspaceID, topicName),
                          [this](const Topic &topic) { m_records.add(topic); });
     }});
@@ -95,11 +95,11 @@ void AppStore::deleteTopic(const QString &topicID)
 {
     checkMainThread();
     const auto topic = m_records.find<Topic>(topicID);
-    if (m_activeWorkspaceID.isEmpty() || !activeWorkspace() || !topic)
+    if (activeWorkspaceID().isEmpty() || !activeWorkspace() || !topic)
         return;
     const qsizetype place = placeOf(topicID, topics());
     m_changes.change(laneOf(topicID), {{existenceOf({*topic, place}), false}});
-    if (m_filter == InboxFilter::topic(topic->name))
+    if (filter() == InboxFilter::topic(topic->name))
         setFilter(InboxFilter::all());
 }
 

@@ -63,7 +63,7 @@ void AppStore::createWorkspace(const QString &name)
     if (trimmed.isEmpty())
         return;
     if (!m_backend) {
-        enterNewWorkspace(newDemoWorkspace(firstCharacters(trimmed, longestWorkspaceName)), {newDemoOwner(m_account)});
+        enterNewWorkspace(newDemoWorkspace(firstCharacters(trimmed, longestWorkspaceName)), {newDemoOwner(account())});
         return;
     }
     m_mutations.start({.operation = [this, trimmed](APIClientPtr client) {
@@ -113,10 +113,10 @@ void AppStore::dropWorkspace(const QString &workspaceID)
         if (alert.workspaceId == workspaceID)
             gone << alert.id;
     }
-    withdrawNotifications(gone);
+    m_notifications.withdraw(gone);
     m_records.remove<Workspace>(workspaceID);
     // Meanwhile the person may look at another one; that one stays.
-    if (m_activeWorkspaceID == workspaceID && !workspaces().isEmpty())
+    if (activeWorkspaceID() == workspaceID && !workspaces().isEmpty())
         selectWorkspace(workspaces().first().id);
     m_records.forgetAllOf(workspaceID);
 }

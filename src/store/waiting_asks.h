@@ -24,4 +24,7 @@ private:
     std::optional<Instant> m_nextDeadline;
 };
 
+/// When the time of the next ask that waits at `now` is up; none where none of them has a deadline.
+[[nodiscard]] std::optional<Instant> nextDeadline(const QList<Alert> &alerts, Instant now);
+
 } // namespace pingwell

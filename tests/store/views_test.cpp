@@ -113,13 +113,11 @@ private slots:
         const QSignalSpy ticks(store.get(), &AppStore::nowChanged);
         m_clock->advance(1s);
         QCOMPARE(store->needsReplyCount(), 1);
-        QVERIFY(store->countdownChanged(store->alerts().first(), testStart));
         m_clock->advance(1s);
         QCOMPARE(ticks.size(), 2);
         QCOMPARE(store->needsReplyCount(), 0);
         QCOMPARE(idsOf(store->needsReply()), QString());
         QCOMPARE(idsOf(store->todayAlerts()), u"a"_s);
-        QCOMPARE(AppStore::countdownKey(store->alerts().first(), store->now()), u"timedOut"_s);
         store->answer(u"a"_s, u"Approve"_s);
         QVERIFY(!store->alerts().first().answer);
     }

@@ -1,7 +1,6 @@
-#include "store/app_store.h"
+#include "store/app_state.h"
 
 #include "store/outcome_text.h"
-#include "text/time_format.h"
 
 #include <algorithm>
 #include <vector>
@@ -55,37 +54,37 @@ bool passes(const InboxFilter &filter, const Alert &alert)
 
 } // namespace
 
-std::optional<Workspace> AppStore::activeWorkspace() const
+std::optional<Workspace> AppState::activeWorkspace() const
 {
-    return workspaceWithID(m_activeWorkspaceID);
+    return workspaceWithID(activeWorkspaceID());
 }
 
-std::optional<Workspace> AppStore::workspaceWithID(const QString &id) const
+std::optional<Workspace> AppState::workspaceWithID(const QString &id) const
 {
     return m_records.find<Workspace>(id);
 }
 
-QList<Alert> AppStore::activeAlerts() const
+QList<Alert> AppState::activeAlerts() const
 {
-    return newestFirst(alerts(), [this](const Alert &alert) { return alert.workspaceId == m_activeWorkspaceID; });
+    return newestFirst(alerts(), [this](const Alert &alert) { return alert.workspaceId == activeWorkspaceID(); });
 }
 
-QList<Alert> AppStore::filteredAlerts() const
+QList<Alert> AppState::filteredAlerts() const
 {
     return newestFirst(alerts(), [this](const Alert &alert) {
-        return alert.workspaceId == m_activeWorkspaceID && passes(m_filter, alert);
+        return alert.workspaceId == activeWorkspaceID() && passes(filter(), alert);
     });
 }
 
-QList<Topic> AppStore::activeTopics() const
+QList<Topic> AppState::activeTopics() const
 {
     QList<Topic> active;
     std::copy_if(topics().begin(), topics().end(), std::back_inserter(active),
-                 [this](const Topic &topic) { return topic.workspaceId == m_activeWorkspaceID; });
+                 [this](const Topic &topic) { return topic.workspaceId == activeWorkspaceID(); });
     return active;
 }
 
-QStringList AppStore::activeTopicNames() const
+QStringList AppState::activeTopicNames() const
 {
     QStringList names;
     for (const Topic &topic : activeTopics())
@@ -93,49 +92,49 @@ QStringList AppStore::activeTopicNames() const
     return names;
 }
 
-std::optional<Topic> AppStore::topicNamed(const QString &name) const
+std::optional<Topic> AppState::topicNamed(const QString &name) const
 {
     return firstOf(activeTopics(), [&name](const Topic &topic) { return topic.name == name; });
 }
 
-std::optional<Alert> AppStore::selectedAlert() const
+std::optional<Alert> AppState::selectedAlert() const
 {
-    if (!m_selectedAlertID)
+    if (!selectedAlertID())
         return std::nullopt;
     return firstOf(alerts(), [this](const Alert &alert) {
-        return alert.id == *m_selectedAlertID && alert.workspaceId == m_activeWorkspaceID;
+        return alert.id == *selectedAlertID() && alert.workspaceId == activeWorkspaceID();
     });
 }
 
-std::optional<Alert> AppStore::alertWithID(const QString &id) const
+std::optional<Alert> AppState::alertWithID(const QString &id) const
 {
     return m_records.find<Alert>(id);
 }
 
-qsizetype AppStore::unreadCount() const
+qsizetype AppState::unreadCount() const
 {
     return std::count_if(alerts().begin(), alerts().end(), [this](const Alert &alert) {
-        return !alert.read && alert.workspaceId == m_activeWorkspaceID;
+        return !alert.read && alert.workspaceId == activeWorkspaceID();
     });
 }
 
-QList<Alert> AppStore::needsReply() const
+QList<Alert> AppState::needsReply() const
 {
     return newestFirst(alerts(), [this](const Alert &alert) {
-        return alert.workspaceId == m_activeWorkspaceID && alert.isWaiting(m_now);
+        return alert.workspaceId == activeWorkspaceID() && alert.isWaiting(now());
     });
 }
 
-qsizetype AppStore::needsReplyCount() const
+qsizetype AppState::needsReplyCount() const
 {
     return std::count_if(alerts().begin(), alerts().end(), [this](const Alert &alert) {
-        return alert.isWaiting(m_now) && alert.workspaceId == m_activeWorkspaceID;
+        return alert.isWaiting(now()) && alert.workspaceId == activeWorkspaceID();
     });
 }
 
-QList<Alert> AppStore::todayAlerts(std::optional<Instant> at) const
+QList<Alert> AppState::todayAlerts(std::optional<Instant> at) const
 {
-    const Instant instant = at.value_or(m_now);
+    const Instant instant = at.value_or(now());
     const Instant cutoff = instant - day;
     QSet<QString> seen;
     QSet<QString> muted;
@@ -146,55 +145,40 @@ QList<Alert> AppStore::todayAlerts(std::optional<Instant> at) const
         seen.insert(topic.name);
     }
     return newestFirst(alerts(), [&](const Alert &alert) {
-        return alert.at >= cutoff && alert.workspaceId == m_activeWorkspaceID && !alert.isWaiting(instant) &&
-               !muted.contains(alert.topic) && (!m_focusMode || alert.priority >= Priority::high);
+        return alert.at >= cutoff && alert.workspaceId == activeWorkspaceID() && !alert.isWaiting(instant) &&
+               !muted.contains(alert.topic) && (!focusMode() || alert.priority >= Priority::high);
     });
 }
 
-QString AppStore::serverLabel() const
+QString AppState::serverLabel() const
 {
-    return m_server == ServerKind::cloud ? QStringLiteral("Pingwell Cloud") : QStringLiteral("Self-hosted");
+    return server() == ServerKind::cloud ? QStringLiteral("Pingwell Cloud") : QStringLiteral("Self-hosted");
 }
 
-QStringList AppStore::availableProviderWords() const
+QStringList AppState::availableProviderWords() const
 {
     QStringList words;
-    for (const AuthProvider provider : m_availableProviders)
+    for (const AuthProvider provider : availableProviders())
         words << rawValue(provider);
     return words;
 }
 
-bool AppStore::canAnswer(const Alert &alert) const
+bool AppState::canAnswer(const Alert &alert) const
 {
-    if (!alert.isWaiting(m_now))
+    if (!alert.isWaiting(now()))
         return false;
     const auto workspace = workspaceWithID(alert.workspaceId);
     return workspace && workspace->role != WorkspaceRole::viewer;
 }
 
-bool AppStore::canSendTestAlert() const
+bool AppState::canSendTestAlert() const
 {
-    return !m_activeWorkspaceID.isEmpty() && activeWorkspace().has_value();
+    return !activeWorkspaceID().isEmpty() && activeWorkspace().has_value();
 }
 
-QString AppStore::outcomeText(const Alert &alert) const
+QString AppState::outcomeText(const Alert &alert) const
 {
     return pingwell::outcomeText(alert, workspaceWithID(alert.workspaceId), activeWorkspace());
-}
-
-QString AppStore::countdownKey(const Alert &alert, Instant instant)
-{
-    const auto state = alert.replyState(instant);
-    if (!state || std::holds_alternative<Answered>(*state))
-        return {};
-    if (const auto *waiting = std::get_if<Waiting>(&*state))
-        return countdownText(waiting->remaining);
-    return QStringLiteral("timedOut");
-}
-
-bool AppStore::countdownChanged(const Alert &alert, Instant earlier) const
-{
-    return countdownKey(alert, m_now) != countdownKey(alert, earlier);
 }
 
 } // namespace pingwell
