@@ -34,7 +34,7 @@ QString colorWord(const QColor &color)
 
 bool isRoundMark(const QQuickItem *item)
 {
-    return item->width() > 0 && item->width() < 10 && item->property("radius") == item->width() / 2;
+    return item->property("name") == u"circle.fill"_s;
 }
 
 QStringList drawnIn(QQuickItem *item)

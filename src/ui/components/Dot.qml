@@ -1,13 +1,7 @@
-import QtQuick
+import Pingwell
 
-/** A small round mark; what it says is said in words beside it. */
-Rectangle {
-    id: root
-
-    property int size: 6
-
-    width: root.size
-    height: root.size
-    radius: root.size / 2
-    Accessible.ignored: true
+/** A small round mark. A picture: at scales like 125 % a rectangle this small gets square corners. */
+Symbol {
+    name: "circle.fill"
+    size: 6
 }
