@@ -1,14 +1,32 @@
 #include "store/app_store.h"
 
+#include "desktop/preference_keys.h"
+#include "desktop/transient_preferences.h"
 #include "model/check.h"
 
 #include <QThread>
 
 namespace pingwell {
 
+namespace {
+
+/// Those that were given, or else some for this run alone, in which the person of the demo is signed in if wanted.
+std::shared_ptr<Preferences> remembering(std::shared_ptr<Preferences> given, bool signedIn)
+{
+    if (given)
+        return given;
+    const auto transient = std::make_shared<TransientPreferences>();
+    if (signedIn)
+        transient->setString(preference_keys::sessionProvider, rawValue(AuthProvider::google));
+    return transient;
+}
+
+} // namespace
+
 AppStore::AppStore(SeedData seed, bool signedIn, std::shared_ptr<Preferences> defaults, Instant now,
                    std::shared_ptr<Backend> backend, std::shared_ptr<Clock> clock, QObject *parent)
-    : AppState(seed, defaults, now, std::move(backend), clock, handlersOf(this), parent)
+    : AppState(seed, defaults = remembering(std::move(defaults), signedIn), now, std::move(backend), clock,
+               handlersOf(this), parent)
     , m_seed(std::move(seed))
     , m_defaults(std::move(defaults))
 {
@@ -18,7 +36,7 @@ AppStore::AppStore(SeedData seed, bool signedIn, std::shared_ptr<Preferences> de
         m_notifications.findLeftAsks();
         restoreSession();
     } else {
-        restoreDemo(signedIn);
+        restoreDemo();
     }
 }
 
@@ -77,7 +95,7 @@ void AppStore::tellFailure(const APIError &error)
 
 void AppStore::tellIfForgotten()
 {
-    if (m_toldOfForgetting || !m_defaults)
+    if (m_toldOfForgetting)
         return;
     m_defaults->whenWritten([store = QPointer(this)](bool lasts) {
         if (lasts || !store || std::exchange(store->m_toldOfForgetting, true))

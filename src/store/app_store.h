@@ -169,7 +169,7 @@ private:
 
     // The demo.
     void chooseFirstWorkspace();
-    void restoreDemo(bool signedIn);
+    void restoreDemo();
     void signInToDemo(AuthProvider provider);
 
     // The session.

@@ -39,7 +39,7 @@ void AppStore::updateSettings(const std::function<void(NotificationSettings &)> 
     change(after);
     m_changes.change(QStringLiteral("settings"), keptByTheService(after), true);
     m_records.setSettings(after);
-    if (after.quietHoursEnabled == wereQuiet || !m_defaults)
+    if (after.quietHoursEnabled == wereQuiet)
         return;
     m_defaults->setBoolean(preference_keys::quietHoursEnabled, after.quietHoursEnabled);
     tellIfForgotten();
@@ -76,8 +76,7 @@ QCoro::Task<> AppStore::runDeleteAccount(QPointer<AppStore> store, APIClientPtr 
         store->tellFailure(*outcome.error());
         co_return;
     }
-    if (store->m_defaults)
-        store->m_defaults->remove(preference_keys::device(client->baseURL()));
+    store->m_defaults->remove(preference_keys::device(client->baseURL()));
     store->endSession(outcome.value()->value_or(QStringLiteral("Your account has been deleted.")));
 }
 

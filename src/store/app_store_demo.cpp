@@ -27,13 +27,8 @@ void AppStore::chooseFirstWorkspace()
     m_navigation.showWorkspace(workspaces().isEmpty() ? QString() : workspaces().first().id);
 }
 
-void AppStore::restoreDemo(bool signedIn)
+void AppStore::restoreDemo()
 {
-    if (!m_defaults) {
-        if (signedIn)
-            setAccount(demoAccount(AuthProvider::google));
-        return;
-    }
     const QString word = m_defaults->string(preference_keys::sessionProvider).value_or(QString());
     if (const auto provider = fromRawValue<AuthProvider>(word))
         setAccount(demoAccount(*provider));
@@ -48,8 +43,7 @@ void AppStore::restoreDemo(bool signedIn)
 
 void AppStore::signInToDemo(AuthProvider provider)
 {
-    if (m_defaults)
-        m_defaults->setString(preference_keys::sessionProvider, rawValue(provider));
+    m_defaults->setString(preference_keys::sessionProvider, rawValue(provider));
     m_records.reset(m_seed);
     chooseFirstWorkspace();
     setAccount(demoAccount(provider));

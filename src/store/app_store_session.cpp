@@ -76,8 +76,6 @@ void AppStore::restoreSession()
 
 void AppStore::restoreLocalSettings()
 {
-    if (!m_defaults)
-        return;
     if (const auto workspaceID = m_navigation.rememberedWorkspaceID())
         m_navigation.showWorkspace(*workspaceID);
     NotificationSettings local = settings();
@@ -112,7 +110,7 @@ void AppStore::persistSession(const QString &token, const QUrl &baseURL, const A
 void AppStore::signOut()
 {
     checkMainThread();
-    if (m_client && m_defaults) {
+    if (m_client) {
         const QString key = preference_keys::device(m_client->baseURL());
         if (const auto deviceID = m_defaults->string(key)) {
             m_defaults->remove(key);
@@ -120,8 +118,7 @@ void AppStore::signOut()
         }
     }
     endSession(std::nullopt);
-    if (m_defaults)
-        m_defaults->remove(preference_keys::sessionProvider);
+    m_defaults->remove(preference_keys::sessionProvider);
 }
 
 void AppStore::endSession(const std::optional<QString> &message)

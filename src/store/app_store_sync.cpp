@@ -80,20 +80,17 @@ void AppStore::announceLeftAsks()
 
 QString AppStore::deviceIdentifier() const
 {
-    if (!m_defaults || !m_client)
-        return {};
-    return m_defaults->string(preference_keys::device(m_client->baseURL())).value_or(QString());
+    return m_client ? m_defaults->string(preference_keys::device(m_client->baseURL())).value_or(QString()) : QString();
 }
 
 void AppStore::takeDevice(const std::optional<Device> &device)
 {
     const QString key = preference_keys::device(m_client->baseURL());
-    if (m_defaults && device)
-        m_defaults->setString(key, device->id);
-    else if (m_defaults)
+    if (!device) {
         m_defaults->remove(key);
-    if (!device)
         return;
+    }
+    m_defaults->setString(key, device->id);
     QList<Device> devices = this->devices();
     removeFrom(devices, device->id);
     m_merge.forgetBody();

@@ -158,7 +158,7 @@ void AppStore::changeWorkspace(Value Workspace::*member, const Value &value, con
 void AppStore::rememberTimeout()
 {
     const auto workspace = activeWorkspace();
-    if (m_backend || !m_defaults || !workspace || !workspace->canManage())
+    if (m_backend || !workspace || !workspace->canManage())
         return;
     m_defaults->setNumber(preference_keys::responseTimeoutMinutes(workspace->id),
                           static_cast<double>(workspace->responseTimeoutMinutes));

@@ -52,8 +52,7 @@ void Navigation::enterWorkspace(const QString &workspaceID)
 {
     showWorkspace(workspaceID);
     clearSelectionAndFilter();
-    if (m_preferences)
-        m_preferences->setString(preference_keys::activeWorkspace, workspaceID);
+    m_preferences->setString(preference_keys::activeWorkspace, workspaceID);
 }
 
 void Navigation::showWorkspace(const QString &workspaceID)
@@ -68,7 +67,7 @@ void Navigation::showWorkspace(QString workspaceID, Announcements &announcements
 
 std::optional<QString> Navigation::rememberedWorkspaceID() const
 {
-    return m_preferences ? m_preferences->string(preference_keys::activeWorkspace) : std::nullopt;
+    return m_preferences->string(preference_keys::activeWorkspace);
 }
 
 void Navigation::clearSelectionAndFilter()
@@ -80,7 +79,7 @@ void Navigation::clearSelectionAndFilter()
 
 void Navigation::showNotificationPrompt()
 {
-    if (m_preferences && m_preferences->boolean(preference_keys::promptDismissed).value_or(false))
+    if (m_preferences->boolean(preference_keys::promptDismissed).value_or(false))
         return;
     set(m_showsNotificationPrompt, true, &Navigation::showsNotificationPromptChanged);
 }
@@ -88,14 +87,12 @@ void Navigation::showNotificationPrompt()
 void Navigation::dismissNotificationPrompt()
 {
     set(m_showsNotificationPrompt, false, &Navigation::showsNotificationPromptChanged);
-    if (m_preferences)
-        m_preferences->setBoolean(preference_keys::promptDismissed, true);
+    m_preferences->setBoolean(preference_keys::promptDismissed, true);
 }
 
 void Navigation::reset()
 {
-    if (m_preferences)
-        m_preferences->remove(preference_keys::promptDismissed);
+    m_preferences->remove(preference_keys::promptDismissed);
     showWorkspace(QString());
     setFocusMode(false);
     setSection(SidebarSection::inbox);

@@ -19,7 +19,6 @@ class Navigation : public QObject
     Q_OBJECT
 
 public:
-    /// Without `preferences` nothing is remembered.
     explicit Navigation(std::shared_ptr<Preferences> preferences);
 
     [[nodiscard]] const QString &activeWorkspaceID() const { return m_activeWorkspaceID; }

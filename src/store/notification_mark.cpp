@@ -32,8 +32,6 @@ NotificationMark::NotificationMark(std::shared_ptr<Preferences> preferences)
 
 void NotificationMark::claim(const QString &owner, Instant now)
 {
-    if (!m_preferences)
-        return;
     const auto before = m_preferences->string(preference_keys::lastNotifiedOwner);
     if (!owner.isEmpty() && before != owner) {
         if (before) {
@@ -49,40 +47,36 @@ void NotificationMark::claim(const QString &owner, Instant now)
 
 void NotificationMark::handOver(const QString &from, const QString &to)
 {
-    if (m_preferences && !from.isEmpty() && !to.isEmpty() && from != to &&
+    if (!from.isEmpty() && !to.isEmpty() && from != to &&
         m_preferences->string(preference_keys::lastNotifiedOwner) == from)
         m_preferences->setString(preference_keys::lastNotifiedOwner, to);
 }
 
 QString NotificationMark::owner() const
 {
-    return m_preferences ? m_preferences->string(preference_keys::lastNotifiedOwner).value_or(QString()) : QString();
+    return m_preferences->string(preference_keys::lastNotifiedOwner).value_or(QString());
 }
 
 std::optional<Instant> NotificationMark::after() const
 {
-    const auto milliseconds = m_preferences ? m_preferences->number(preference_keys::lastNotifiedAt) : std::nullopt;
+    const auto milliseconds = m_preferences->number(preference_keys::lastNotifiedAt);
     return milliseconds ? std::optional(instantFromMilliseconds(*milliseconds)) : std::nullopt;
 }
 
 QSet<QString> NotificationMark::ahead() const
 {
-    const auto written = m_preferences ? m_preferences->strings(preference_keys::notifiedAhead) : std::nullopt;
+    const auto written = m_preferences->strings(preference_keys::notifiedAhead);
     return written ? QSet<QString>(written->begin(), written->end()) : QSet<QString>();
 }
 
 void NotificationMark::advance(const QList<Alert> &alerts, Instant now)
 {
-    if (!m_preferences)
-        return;
     moveTo(alerts, now);
     setAhead(laterThan(now, alerts));
 }
 
 void NotificationMark::note(const Alert &alert, Instant now)
 {
-    if (!m_preferences)
-        return;
     moveTo({alert}, now);
     if (alert.at > now)
         setAhead(ahead().values() << alert.id);

@@ -20,7 +20,6 @@ namespace pingwell {
 class NotificationMark
 {
 public:
-    /// Without `preferences` there is never a mark.
     explicit NotificationMark(std::shared_ptr<Preferences> preferences);
 
     /// Makes it the mark of `owner`: one of somebody else is forgotten, one of nobody is taken over, and so is any by

@@ -21,8 +21,6 @@ ServerChoice::ServerChoice(std::shared_ptr<Backend> backend, std::shared_ptr<Pre
     , m_preferences(std::move(preferences))
     , m_clock(std::move(clock))
 {
-    if (!m_preferences)
-        return;
     const QString kind = m_preferences->string(preference_keys::serverKind).value_or(QString());
     m_kind = fromRawValue<ServerKind>(kind).value_or(ServerKind::cloud);
     m_selfHostedURL = m_preferences->string(preference_keys::selfHostedURL).value_or(QString());
@@ -48,8 +46,7 @@ void ServerChoice::setKind(ServerKind kind)
         m_kind = kind;
         emit serverChanged();
     }
-    if (m_preferences)
-        m_preferences->setString(preference_keys::serverKind, rawValue(kind));
+    m_preferences->setString(preference_keys::serverKind, rawValue(kind));
 }
 
 void ServerChoice::setSelfHostedURL(const QString &text)
@@ -58,8 +55,7 @@ void ServerChoice::setSelfHostedURL(const QString &text)
         m_selfHostedURL = text;
         emit selfHostedURLChanged();
     }
-    if (m_preferences)
-        m_preferences->setString(preference_keys::selfHostedURL, text);
+    m_preferences->setString(preference_keys::selfHostedURL, text);
 }
 
 void ServerChoice::refreshProviders()

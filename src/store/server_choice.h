@@ -22,7 +22,7 @@ class ServerChoice : public QObject
     Q_OBJECT
 
 public:
-    /// Without `backend` nobody is asked, without `preferences` nothing is remembered.
+    /// Without `backend` nobody is asked.
     ServerChoice(std::shared_ptr<Backend> backend, std::shared_ptr<Preferences> preferences,
                  std::shared_ptr<Clock> clock);
     ~ServerChoice() override;

@@ -51,7 +51,7 @@ StoredSession::Restored StoredSession::restore(const std::optional<QUrl> &given,
     const bool isBorrowed = given && secret && !secret->origin && isForAnotherServer(*given);
     if (!secret || (isBorrowed && m_wasRefused))
         return restored;
-    if (!given && m_preferences && !m_preferences->isWhole()) {
+    if (!given && !m_preferences->isWhole()) {
         // Which server the token belongs to is lost, and whether it was to be erased.
         erase();
         restored.kind = Kind::unknownServer;
@@ -69,14 +69,14 @@ StoredSession::Restored StoredSession::restore(const std::optional<QUrl> &given,
 
 std::optional<QUrl> StoredSession::storedBaseURL() const
 {
-    const auto stored = m_preferences ? m_preferences->string(preference_keys::sessionBaseURL) : std::nullopt;
+    const auto stored = m_preferences->string(preference_keys::sessionBaseURL);
     const QUrl url = stored ? QUrl(*stored, QUrl::StrictMode) : QUrl();
     return url.isValid() && !url.host().isEmpty() ? std::optional(url) : std::nullopt;
 }
 
 Account StoredSession::storedAccount() const
 {
-    const auto record = m_preferences ? m_preferences->data(preference_keys::sessionAccount) : std::nullopt;
+    const auto record = m_preferences->data(preference_keys::sessionAccount);
     const auto account = record ? decodedAccount(*record) : std::nullopt;
     return account.value_or(placeholderAccount());
 }
@@ -91,14 +91,13 @@ void StoredSession::save(const QString &token, const QUrl &baseURL, const Accoun
 {
     m_isBorrowed = false;
     m_tokens->save(encodedSecret({.token = token, .origin = originOf(baseURL)}));
-    if (m_preferences)
-        m_preferences->setString(preference_keys::sessionBaseURL, baseURL.toString(QUrl::FullyEncoded));
+    m_preferences->setString(preference_keys::sessionBaseURL, baseURL.toString(QUrl::FullyEncoded));
     saveAccount(account);
 }
 
 void StoredSession::saveAccount(const Account &account)
 {
-    if (m_preferences && !m_isBorrowed)
+    if (!m_isBorrowed)
         m_preferences->setData(preference_keys::sessionAccount, encodedAccount(account));
 }
 
@@ -108,8 +107,6 @@ void StoredSession::erase()
     // Before the attempt, so that a program killed during it still owes it.
     setOwesErasing(true);
     m_tokens->clear();
-    if (!m_preferences)
-        return;
     m_preferences->remove(preference_keys::sessionAccount);
     m_preferences->remove(preference_keys::sessionBaseURL);
 }
@@ -125,18 +122,16 @@ void StoredSession::eraseRefused()
 
 bool StoredSession::remembersErasing() const
 {
-    return m_preferences && m_preferences->lasts();
+    return m_preferences->lasts();
 }
 
 bool StoredSession::owesErasing() const
 {
-    return m_preferences && m_preferences->boolean(preference_keys::sessionErasingOwed).value_or(false);
+    return m_preferences->boolean(preference_keys::sessionErasingOwed).value_or(false);
 }
 
 void StoredSession::setOwesErasing(bool owes)
 {
-    if (!m_preferences)
-        return;
     if (owes)
         m_preferences->setBoolean(preference_keys::sessionErasingOwed, true);
     else if (m_preferences->contains(preference_keys::sessionErasingOwed))

@@ -37,7 +37,6 @@ public:
         QString tokenOrigin = {};
     };
 
-    /// `preferences` may be null: then nothing is remembered but the token.
     StoredSession(std::shared_ptr<TokenStore> tokens, std::shared_ptr<Preferences> preferences);
     ~StoredSession();
     Q_DISABLE_COPY_MOVE(StoredSession)

@@ -7,8 +7,6 @@ namespace pingwell {
 UnreadOverrides::UnreadOverrides(std::shared_ptr<Preferences> preferences)
     : m_preferences(std::move(preferences))
 {
-    if (!m_preferences)
-        return;
     const QStringList written = m_preferences->strings(preference_keys::unreadAlerts).value_or(QStringList());
     m_ids = QSet<QString>(written.begin(), written.end());
 }
@@ -50,8 +48,7 @@ void UnreadOverrides::change(const QSet<QString> &ids)
     if (ids == m_ids)
         return;
     m_ids = ids;
-    if (m_preferences)
-        m_preferences->setStrings(preference_keys::unreadAlerts, m_ids.values());
+    m_preferences->setStrings(preference_keys::unreadAlerts, m_ids.values());
 }
 
 void markUnread(QList<Alert> &alerts, const QSet<QString> &ids)

@@ -15,7 +15,7 @@ namespace pingwell {
 class UnreadOverrides
 {
 public:
-    /// Begins with what was written down before; without `preferences` nothing is kept beyond this run.
+    /// Begins with what was written down before.
     explicit UnreadOverrides(std::shared_ptr<Preferences> preferences);
 
     [[nodiscard]] bool contains(const QString &alertID) const { return m_ids.contains(alertID); }
