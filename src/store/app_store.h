@@ -11,7 +11,7 @@ namespace pingwell {
 /// The one state of the program, and what a person can do with it: the screens read it and call its operations; they
 /// never talk to the service. An operation that may not be done is ignored, one that the service refuses is undone and
 /// told as a toast. Everything here runs on the main thread; a call from another one stops the program.
-class AppStore : public AppState
+class AppStore : public pingwell::AppState // The linter of the screens looks the name up as it stands here.
 {
     Q_OBJECT
 

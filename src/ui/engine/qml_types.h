@@ -12,6 +12,14 @@
 
 namespace pingwell {
 
+/// What QML reads of the store.
+struct AppStateForQml
+{
+    Q_GADGET
+    QML_FOREIGN(pingwell::AppState)
+    QML_ANONYMOUS
+};
+
 /// The store as QML knows it; views are given theirs.
 struct AppStoreForQml
 {
