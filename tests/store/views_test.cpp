@@ -162,7 +162,7 @@ private slots:
         m_clock->advance(3400ms);
         store->showToast(u"second"_s, true);
         m_clock->advance(5900ms);
-        QCOMPARE(store->toast()->message, u"second"_s);
+        QCOMPARE(store->toast().value_or(Toast()).message, u"second"_s);
         m_clock->advance(100ms);
         QVERIFY(!store->toast());
         store->showToast(u"third"_s, false);
