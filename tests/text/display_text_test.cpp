@@ -97,7 +97,7 @@ private slots:
         for (const auto &[actions, labels] : pairs)
             QCOMPARE(choiceLabels(actions), labels);
         const QStringList many = choiceLabels(QStringList(400, words.repeated(100)));
-        QVERIFY(many.join(QString()).size() < 400 * 330 && many.at(1).endsWith(u"… (choice 2)"_s));
+        QVERIFY(many.join(QString()).size() < qsizetype(400) * 330 && many.at(1).endsWith(u"… (choice 2)"_s));
     }
 };
 

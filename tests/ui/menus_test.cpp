@@ -80,6 +80,7 @@ private slots:
         for (const auto &[section, row, other, entry] : rows) {
             SectionScreen screen(section);
             screen.appearance().setMotionReduced(false);
+            screen.press(Qt::Key_Tab);
             screen.rightClick(row, {120, 20});
             QVERIFY(screen.shows(row + entry));
             screen.rightClick(other, {400, 20});
