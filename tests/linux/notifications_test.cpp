@@ -331,6 +331,19 @@ private slots:
         m_center->add(change);
         settle();
         QCOMPARE(m_server->shown().size(), known + 1);
+        // Nor where it is dismissed while the change waits for the disk.
+        const auto disk = std::make_shared<MemoryPreferences>();
+        m_center->rememberIn(disk);
+        const uint dismissed = show(u"d"_s);
+        settle();
+        disk->isSlow = true;
+        change.identifier = u"d"_s;
+        m_center->add(change);
+        m_server->close(dismissed, 2);
+        disk->isSlow = false;
+        const auto before = m_server->shown().size();
+        settle();
+        QCOMPARE(m_server->shown().size(), before + 1);
         show(u"a"_s);
         QCOMPARE(m_server->last().replaced, 0u);
         QTRY_VERIFY(m_server->closed().contains(number));
@@ -372,6 +385,18 @@ private slots:
             askedAgain << shown.summary +
                               (shown.replaced != 0 || shown.hints.contains(u"sound-name"_s) ? u"!"_s : QString());
         QCOMPARE(askedAgain.join(u", "), u"second, third, on its way, Ship it?"_s);
+
+        // One that is slow to say who it is; until it does, a kill does not make them forgotten.
+        const auto disk = std::make_shared<MemoryPreferences>();
+        m_center->rememberIn(disk);
+        const auto shownBefore = m_server->shown().size();
+        m_server->vanish();
+        m_server->holdReplies();
+        QVERIFY(m_server->appear());
+        QCOMPARE(QCoro::waitFor(m_center->authorizationStatus()), AuthorizationStatus::other);
+        QCOMPARE(disk->strings(preference_keys::shownNotifications).value_or(QStringList()).size(), 3);
+        m_server->releaseReplies();
+        QTRY_COMPARE(m_server->shown().size(), shownBefore + 3);
     }
 
     void aMissingServerCostsWhatItMissed()

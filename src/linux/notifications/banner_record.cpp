@@ -65,7 +65,9 @@ void BannerRecord::keep(const QList<Banner> &banners, const QString &bus)
             lines.append(written(entry));
     }
     for (const Banner &banner : banners) {
-        if (banner.number != 0 && banner.stage != Banner::Stage::closed)
+        // One that waits for the next server has no number there yet.
+        const bool isAskedAgain = banner.number == 0 && banner.takesAnswers && banner.next && !banner.server.isEmpty();
+        if (isAskedAgain || (banner.number != 0 && banner.stage != Banner::Stage::closed))
             lines.append(written({bus, banner.server, banner.number, banner.requestIdentifier}));
     }
     if (!m_preferences || lines == m_kept)

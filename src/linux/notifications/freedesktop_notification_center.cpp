@@ -7,6 +7,7 @@
 
 #include <QDBusServiceWatcher>
 #include <QProcess>
+#include <QTimer>
 
 #include <limits>
 #include <utility>
@@ -81,10 +82,13 @@ void FreedesktopNotificationCenter::add(const NotificationRequest &request)
         if (std::optional<Banner> givenUp = m_banners.makeRoom())
             close(*givenUp);
     }
+    // What is still to be shown is shown changed: nobody can have dismissed it yet.
+    const bool isStillToCome = known && known->next && !known->next->onlyReplaces;
     Banner &banner = m_banners.obtain(request.identifier);
     banner.isWithdrawn = false;
     banner.takesAnswers = request.content.category.has_value();
     banner.next = request;
+    banner.next->onlyReplaces = request.onlyReplaces && !isStillToCome;
     listen();
     sendOnceNoted();
 }
@@ -174,11 +178,20 @@ QCoro::Task<> FreedesktopNotificationCenter::readServer(QPointer<FreedesktopNoti
     center->m_server = server;
     if (!server) {
         center->m_banners.forgetUnsent();
+        center->askSlowServerAgain();
         co_return;
     }
     center->m_busIdentifier = server->bus;
     center->closeLeftBehind();
     center->sendWaiting();
+}
+
+/// A server may have its name and be too slow to say who it is, as while its desktop starts anew. What is to be asked
+/// again doesn't wait for the next alert.
+void FreedesktopNotificationCenter::askSlowServerAgain()
+{
+    if (!m_owner.value_or(QString()).isEmpty() && m_banners.nextToSend())
+        QTimer::singleShot(longestServerQuestion, this, &FreedesktopNotificationCenter::sendWaiting);
 }
 
 void FreedesktopNotificationCenter::closeLeftBehind()
@@ -214,6 +227,11 @@ void FreedesktopNotificationCenter::send(Banner &banner)
     if (banner.stage != Banner::Stage::shown || banner.server != m_server->owner) {
         banner.number = 0;
         banner.offeredKeys.clear();
+    }
+    // What it was to change has left the screen while it waited.
+    if (request.onlyReplaces && banner.number == 0) {
+        m_banners.forgetNumber(banner.requestIdentifier);
+        return;
     }
     banner.stage = Banner::Stage::shown;
     banner.server = m_server->owner;

@@ -56,6 +56,7 @@ private:
     void send(Banner &banner);
     void noteSent(const NotificationRequest &request, const QDBusMessage &reply);
     void withdraw(const QString &identifier);
+    void askSlowServerAgain();
     void closeLeftBehind();
     void recordSoon();
     void record();
