@@ -5,7 +5,7 @@
 
 namespace pingwell {
 
-/// An alert as it travels. "answeredAt" travels too; nothing shows it.
+/// The wire record of an alert. The service also sends "answeredAt"; it is not read, because no screen shows it.
 struct AlertDTO
 {
     std::string_view id;

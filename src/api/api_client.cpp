@@ -10,14 +10,15 @@ namespace {
 
 bool isWebAddress(const QUrl &url)
 {
-    // QUrl lower-cases the scheme. A name or password in the address would be kept in the preferences in the clear.
+    // QUrl lower-cases the scheme. An address with a user name or password is rejected: the address is stored in the
+    // preferences unencrypted.
     const bool isWeb = url.scheme() == QLatin1StringView("http") || url.scheme() == QLatin1StringView("https");
     return url.isValid() && isWeb && !url.host().isEmpty() && url.userInfo().isEmpty() && !url.hasQuery() &&
            !url.hasFragment();
 }
 
-/// Whether the path still names the same thing at the service: on the way there "." and ".." are resolved and empty
-/// pieces swallowed, however they are encoded.
+/// Whether the path still addresses the same resource when it reaches the service. Servers and proxies resolve "." and
+/// ".." and drop empty segments, even percent-encoded ones.
 bool arrivesAsItIs(const QString &path)
 {
     const QStringList pieces = path.sliced(1).split(u'/');
@@ -70,7 +71,7 @@ QUrl APIClient::makeURL(const QString &path, const QueryItems &queryItems) const
     if (basePath.endsWith(u'/'))
         basePath.chop(1);
     QUrl url = m_baseURL;
-    // What is encoded stays as it is: this mode takes "%25" for an encoded "%", not for three characters.
+    // StrictMode keeps existing escapes: it reads "%25" as an encoded "%", not as three characters.
     url.setPath(basePath + path, QUrl::StrictMode);
     if (!queryItems.isEmpty())
         url.setQuery(encodedQuery(queryItems), QUrl::StrictMode);

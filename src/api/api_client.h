@@ -17,8 +17,8 @@ namespace pingwell {
 /// The parameters of a URL's query, in the order in which they are written.
 using QueryItems = QList<std::pair<QString, QString>>;
 
-/// Talks to one server on behalf of one session; a new one is made when either changes, so that an answer can be told
-/// from one meant for an earlier session by the client it came through. Hold it by `std::shared_ptr`.
+/// Talks to one server for one session. A new client is made whenever the server or the session changes, so that a late
+/// response is recognised as an earlier session's by the client that requested it. Hold it by `std::shared_ptr`.
 class APIClient
 {
 public:
@@ -27,8 +27,9 @@ public:
     /// The managed cloud service's address.
     static QUrl defaultBaseURL();
 
-    /// What a person typed as a server's address, as a base address: "https" unless said otherwise, no trailing slash,
-    /// a path allowed. None unless it is an http or https address with a host and without query and fragment.
+    /// Converts what a person typed as a server's address to a base address: "https" unless the text names a scheme, no
+    /// trailing slash, a path allowed. None unless it is an http or https address with a host and without query and
+    /// fragment.
     static std::optional<QUrl> normalizedBaseURL(const QString &text);
 
     [[nodiscard]] const QUrl &baseURL() const { return m_baseURL; }
@@ -38,8 +39,8 @@ public:
     /// The address of `path`, which begins with "/" and is already percent-encoded, on this server.
     [[nodiscard]] QUrl makeURL(const QString &path, const QueryItems &queryItems = {}) const;
 
-    /// The finished request, with the session's token where there is one. `APIError::badResponse()` for a path with an
-    /// empty piece, "." or "..": the service gave something an identifier that would be another address.
+    /// The complete request, with the session's token if there is one. `APIError::badResponse()` for a path with an
+    /// empty segment, "." or "..": the service sent an identifier that would make the request address another resource.
     [[nodiscard]] Outcome<HTTPRequest> makeRequest(const QByteArray &method, const QString &path,
                                                    const std::optional<JSONObject> &body = std::nullopt) const;
 

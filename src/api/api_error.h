@@ -6,20 +6,20 @@
 
 namespace pingwell {
 
-/// The one error of the service client; its message is worded for the person.
+/// The one error type of the service client. Its message is written for the person.
 class APIError
 {
 public:
     APIError(int status, std::optional<QString> code, QString message);
 
-    /// No answer arrived: no network, name, certificate, or time ran out.
+    /// No response arrived: no network, unknown name, invalid certificate, or time-out.
     static APIError offline();
-    /// The service accepted, but its answer isn't what this program understands.
+    /// The service accepted the request, but this program can't read its response.
     static APIError badResponse();
-    /// The service's answer is larger than this program takes in.
+    /// The service's response is larger than this program accepts.
     static APIError tooLarge();
 
-    /// HTTP status; 0 when no HTTP answer arrived, 500 for an answer that could not be taken in or decoded.
+    /// The HTTP status; 0 when no HTTP response arrived, 500 for a response that was too large or could not be decoded.
     [[nodiscard]] int status() const { return m_status; }
     /// The service's code, or "offline", "bad_response" or "too_large".
     [[nodiscard]] const std::optional<QString> &code() const { return m_code; }
@@ -36,7 +36,7 @@ private:
     QString m_message;
 };
 
-/// What the person reads when no answer arrived and the service could not say why.
+/// The message for the person when no response arrived and the service could not give a reason.
 [[nodiscard]] QString unreachableMessage();
 
 } // namespace pingwell

@@ -19,7 +19,7 @@
 
 namespace pingwell {
 
-/// What became of the lists of a dashboard.
+/// For each list of a dashboard, how many records came and how many were left out.
 struct DashboardCounts
 {
     ListCount alerts;
@@ -31,7 +31,7 @@ struct DashboardCounts
     friend bool operator==(const DashboardCounts &, const DashboardCounts &) = default;
 };
 
-/// Everything the service knows of the person, already in the program's own terms.
+/// Everything the service knows about the person, as model values.
 struct Dashboard
 {
     QList<Workspace> workspaces;
@@ -40,19 +40,19 @@ struct Dashboard
     QList<Topic> topics;
     QList<Alert> alerts;
     QList<Device> devices;
-    /// `quietHoursEnabled` is not the service's to say and stands at its default here.
+    /// `quietHoursEnabled` keeps its default here: it is stored on this machine, and the service does not send it.
     NotificationSettings settings;
     QString plan;
     DashboardCounts counts;
 };
 
-/// An answer to the dashboard request.
+/// The response to the dashboard request.
 struct FetchedDashboard
 {
-    /// None when the body is byte for byte the one the caller already knows.
+    /// None when the body is byte for byte equal to the one the caller passed as known.
     std::optional<Dashboard> dashboard;
     QByteArray body;
-    /// When the service answered, by its own clock and to the second; none when it did not say.
+    /// When the service sent the response, by its own clock and to the second; none when the response has no date.
     std::optional<Instant> date = std::nullopt;
 };
 
@@ -70,7 +70,7 @@ struct CreatedWorkspace
     QList<Member> members;
 };
 
-/// A record with the sentence the service sent along for the person.
+/// A record, and the sentence for the person that the service sent with it.
 template<typename Record>
 struct WithMessage
 {

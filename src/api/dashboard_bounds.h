@@ -8,8 +8,8 @@
 
 namespace pingwell {
 
-// What the program takes in of one answer. Each bound is far above what a person can use and low enough for every
-// screen to stay quick; what lies beyond is left out, and the person is told so.
+// The limits on what the program accepts from one response. Each limit is far above what a person can use and low
+// enough for every screen to stay quick. Records beyond it are left out, and the person is told how many.
 inline constexpr qsizetype maximumAlerts = 10'000;
 inline constexpr qsizetype maximumWorkspaces = 100;
 inline constexpr qsizetype maximumMembers = 2'000;
@@ -17,16 +17,16 @@ inline constexpr qsizetype maximumTopics = 500;
 inline constexpr qsizetype maximumDevices = 50;
 inline constexpr qsizetype maximumInvitations = 50;
 
-/// What decides which alerts are taken in when there are more than `maximumAlerts`.
+/// The facts that decide which alerts are kept when there are more than `maximumAlerts`.
 struct AlertRank
 {
-    /// An ask that nobody has answered and the service has not closed.
+    /// An ask without an answer that the service has not timed out.
     bool isOpen = false;
     Instant at{};
 };
 
-/// Which of the alerts are taken in, by their place, in rising order: open asks first, then the newest; of equal ones
-/// those that come first. All of them where there are no more than `limit`.
+/// The indexes of the alerts to keep, ascending: open asks first, then the newest; among equally old ones those that
+/// come first in the list. All indexes where there are no more than `limit` alerts.
 [[nodiscard]] std::vector<qsizetype> alertsToTake(const std::vector<AlertRank> &ranks, qsizetype limit);
 
 } // namespace pingwell

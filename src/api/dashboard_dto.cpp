@@ -9,14 +9,14 @@ namespace pingwell {
 
 namespace {
 
-/// Whether the ask waits for an answer, as far as that shows without knowing the time.
+/// Whether the ask has neither an answer nor a time-out in the record; its deadline is not compared with the time.
 bool isOpen(const AlertDTO &alert)
 {
     return fromWord<AlertKind>(alert.kind) == AlertKind::ask && !alert.answer && !alert.timedOutAt;
 }
 
-/// The alerts that are taken in, in the order in which they came. They are looked at twice, so that those left out cost
-/// no memory.
+/// The kept alerts in the order in which they came. The list is read twice, first to choose and then to map, so that
+/// the alerts left out use no memory.
 ListCount mapAlerts(const WireList<AlertDTO> &list, QList<Alert> &alerts, WireStrings &strings)
 {
     std::vector<AlertRank> ranks;
@@ -68,7 +68,8 @@ Dashboard DashboardDTO::mapped(WireStrings &strings) const
     counts.members = mapMembers(members, dashboard.members, strings);
     counts.topics = topics.mapTo(dashboard.topics, maximumTopics, strings);
     counts.alerts = mapAlerts(alerts, dashboard.alerts, strings);
-    // The list of devices may be missing as a whole; one that lacks something is no reason to lose the alerts.
+    // The whole list of devices may be missing, and a device that can't be decoded is left out: neither is a reason to
+    // lose the alerts.
     if (devices)
         counts.devices = devices->mapTo<UndecodableRecord>(dashboard.devices, maximumDevices, strings);
     if (settings)

@@ -11,7 +11,7 @@
 
 namespace pingwell {
 
-/// The dashboard as it travels.
+/// The wire record of the dashboard.
 struct DashboardDTO
 {
     WireList<WorkspaceDTO> workspaces;

@@ -6,7 +6,7 @@ namespace pingwell {
 
 namespace {
 
-/// Whether a person can read anything in it.
+/// Whether the text has a character that a person can read.
 bool isReadable(const QString &text)
 {
     const QList<uint> characters = text.toUcs4();
@@ -47,7 +47,7 @@ std::optional<APIError> failureOf(int status, const WireDocument &body)
     if (isSuccess(status) && envelope.success.value_or(true))
         return std::nullopt;
     const QString message = envelope.message.value_or(defaultMessage(status));
-    // A failure that came as a plain 200 is passed on as a bad request.
+    // A failure that arrives with status 200 is reported with status 400.
     const int reported = status == 200 ? 400 : status;
     return APIError(reported, WireStrings::text(envelope.code), message);
 }

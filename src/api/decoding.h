@@ -8,12 +8,12 @@
 
 namespace pingwell {
 
-/// What every response may say about itself.
+/// The fields that any response may have beside its data.
 struct ErrorEnvelope
 {
     std::optional<bool> success;
     std::optional<std::string_view> code;
-    /// A sentence for the person. One in which nothing can be read counts as missing.
+    /// A sentence for the person. A sentence without a readable character counts as missing.
     std::optional<QString> message;
 
     static ErrorEnvelope read(WireObject object);
@@ -21,17 +21,17 @@ struct ErrorEnvelope
 
 [[nodiscard]] bool isSuccess(int status);
 
-/// Why a response with this status and body is no success; none when it is one.
+/// The error in a response with this status and body; none when the response is a success.
 [[nodiscard]] std::optional<APIError> failureOf(int status, const WireDocument &body);
 
 /// The service's sentence in a successful response.
 [[nodiscard]] Outcome<std::optional<QString>> messageOrFailureOf(const HTTPResponse &response);
 
-/// Makes a record of a successful response's body; throws `UndecodableRecord`.
+/// Decodes a successful response's body as a record; throws `UndecodableRecord`.
 template<typename Record>
 using RecordReader = Record (*)(WireObject body, WireStrings &strings);
 
-/// The record in a response; the body is parsed once.
+/// The record in a response. The body is parsed once, for the error and the record.
 template<typename Record>
 Outcome<Record> decoded(const HTTPResponse &response, RecordReader<Record> read)
 {

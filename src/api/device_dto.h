@@ -5,7 +5,7 @@
 
 namespace pingwell {
 
-/// A registered device as it travels.
+/// The wire record of a registered device.
 struct DeviceDTO
 {
     std::string_view id;

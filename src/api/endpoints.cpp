@@ -11,7 +11,8 @@ namespace pingwell::endpoints {
 
 namespace {
 
-/// One piece of a path: only the characters RFC 3986, section 3.3, allows there (pchar) stand for themselves.
+/// Encodes one segment of a path: every character is percent-encoded except those RFC 3986, section 3.3, allows
+/// (pchar).
 QString segment(const QString &identifier)
 {
     return u'/' + QString::fromLatin1(QUrl::toPercentEncoding(identifier, "!$&'()*+,;=:@"));
@@ -56,7 +57,7 @@ QCoro::Task<Outcome<QList<AuthProvider>>> listProviders(APIClientPtr client)
 
 QCoro::Task<Outcome<Session>> exchangeCode(APIClientPtr client, QString code, QString codeVerifier)
 {
-    // A code is exchanged before there is a session; the token of another one has no business here.
+    // The code is exchanged before this session exists, so the request must not carry the token of another session.
     auto signedOut = std::make_shared<const APIClient>(client->baseURL(), std::nullopt, client->transport());
     const JSONObject body{{u"code"_s, code}, {u"code_verifier"_s, codeVerifier}};
     return request(std::move(signedOut), {"POST", u"/auth/native/token"_s, body}, readBare<SessionDTO>);
@@ -199,7 +200,7 @@ QCoro::Task<Outcome<std::optional<QString>>> declineInvitation(APIClientPtr clie
 
 QCoro::Task<Outcome<Device>> registerDevice(APIClientPtr client, QString name, QString version)
 {
-    // The service knows no Linux desktop; this client counts as the kind it stands in for.
+    // The service has no kind for a Linux desktop, so this client registers with the kind it replaces.
     const JSONObject body{{u"name"_s, name}, {u"version"_s, version}, {u"platform"_s, u"macos"}};
     return request(std::move(client), {"POST", u"/devices"_s, body}, readData<DeviceDTO>);
 }

@@ -6,8 +6,8 @@
 
 namespace pingwell {
 
-/// Every operation of the service. Bodies are decoded and mapped off the calling thread, outcomes arrive on it.
-/// Identifiers are put into paths percent-encoded.
+/// Every operation of the service. Bodies are decoded and mapped in the thread pool, and the outcome arrives on the
+/// calling thread. Identifiers are percent-encoded in paths.
 namespace endpoints {
 
 QCoro::Task<Outcome<QList<AuthProvider>>> listProviders(APIClientPtr client);
@@ -17,7 +17,7 @@ QCoro::Task<Outcome<Session>> fetchUserData(APIClientPtr client);
 QCoro::Task<Outcome<NotificationSettings>> saveSettings(APIClientPtr client, JSONObject changes);
 QCoro::Task<Outcome<std::optional<QString>>> deleteAccount(APIClientPtr client);
 
-/// `known` is the body of the last dashboard applied; the same bytes again are not decoded.
+/// `known` is the body of the last dashboard that was merged; an equal body is not decoded again.
 QCoro::Task<Outcome<FetchedDashboard>> fetchDashboard(APIClientPtr client, QByteArray known);
 
 QCoro::Task<Outcome<Alert>> answerAlert(APIClientPtr client, QString workspaceId, QString alertId, QString answer);

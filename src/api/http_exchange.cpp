@@ -11,10 +11,10 @@ namespace pingwell {
 
 namespace {
 
-/// How much of an answer may wait unread; without a bound it piles up without end.
+/// How many bytes of a response Qt may buffer before they are read; without a limit the buffer grows without end.
 constexpr qint64 readBufferBytes = qint64{256} * 1024;
 
-/// Spare room behind a body, in which a parser that reads in blocks needs no copy of it.
+/// Unused capacity after a body. The parser reads in blocks past the end, and would copy a body without it.
 constexpr qint64 spareBytes = 64;
 
 bool isWeb(const QUrl &url)
@@ -44,12 +44,14 @@ QNetworkRequest networkRequest(const HTTPRequest &request, const QUrl &url)
     prepared.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
     prepared.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     prepared.setTransferTimeout(static_cast<int>(std::max<qint64>(1, request.timeout.count())));
-    // Named here, the network layer leaves the unpacking to us: it would do it on this thread.
+    // Qt unpacks bodies on this thread unless the request sets Accept-Encoding itself, so the request sets it and the
+    // body is unpacked in the thread pool.
     prepared.setRawHeader("Accept-Encoding", "gzip");
     return prepared;
 }
 
-/// The one form in which servers may write it today (IMF-fixdate, RFC 9110, 5.6.7); none for any other.
+/// Parses a `Date` header in the one form that servers may send today (IMF-fixdate, RFC 9110, 5.6.7); none for any
+/// other form.
 std::optional<Instant> dateOf(const QNetworkReply &reply)
 {
     const QString text = QString::fromLatin1(reply.rawHeader("Date"));
@@ -104,7 +106,7 @@ void HTTPExchange::send()
     } else if (m_request.body) {
         m_reply = m_connections->sendCustomRequest(prepared, m_request.method, *m_request.body);
     } else {
-        // Without a body there is no content to be of a type, but a length that servers insist on (RFC 9110, 8.6).
+        // Without a body there is no Content-Type to send, but some servers require a Content-Length (RFC 9110, 8.6).
         prepared.setRawHeader("Content-Length", "0");
         m_reply = m_connections->sendCustomRequest(prepared, m_request.method, static_cast<QIODevice *>(nullptr));
     }
@@ -175,7 +177,8 @@ int HTTPExchange::status() const
 bool HTTPExchange::hasArrived() const
 {
     const QNetworkReply::NetworkError error = m_reply->error();
-    // Errors from here on only repeat a status of 400 and above; with a lower status they mean a broken body.
+    // Error codes from here on only repeat a status of 400 and above. With a lower status they mean that the body was
+    // cut short or damaged.
     return error == QNetworkReply::NoError || (error >= QNetworkReply::ContentAccessDenied && status() >= 400);
 }
 
@@ -190,7 +193,8 @@ std::optional<QUrl> HTTPExchange::redirection() const
     return resolved;
 }
 
-/// The server was silent for too long. Only that cancels a reply that is still listened to.
+/// Handles Qt's cancellation of the reply, which only happens when the server was silent for too long: a reply that we
+/// cancel is disconnected first.
 void HTTPExchange::giveUp()
 {
     emit timedOut();
@@ -214,7 +218,7 @@ void HTTPExchange::dropReply()
 {
     if (!m_reply)
         return;
-    // Aborting emits the end at once, from inside the call.
+    // `abort` emits `finished` before it returns, so the reply is disconnected first.
     m_reply->disconnect(this);
     if (m_reply->isRunning())
         m_reply->abort();

@@ -12,14 +12,14 @@
 
 namespace pingwell {
 
-/// One request on its way over the network, through its redirects, to its answer. Deletes itself once it has ended;
-/// when it is deleted before, no answer arrived.
+/// One HTTP request from the first byte sent to its response, redirects included. Deletes itself when it has ended. If
+/// it is deleted earlier, the response is `APIError::offline()`.
 class HTTPExchange final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The connections live as long as an exchange uses them.
+    /// The network access manager, which lives as long as an exchange uses it.
     using Connections = std::shared_ptr<QNetworkAccessManager>;
 
     HTTPExchange(Connections connections, HTTPRequest request, TransportLimits limits, QObject *parent);
@@ -27,11 +27,11 @@ public:
 
     [[nodiscard]] PendingResponse response() const { return m_response; }
     void start();
-    /// Sends a GET anew over those connections; any other request stays where it is. The deadline stands.
+    /// Repeats a GET over those connections; any other request stays on its old ones. The deadline does not change.
     void moveTo(const Connections &connections);
 
 signals:
-    /// The server said nothing for too long.
+    /// The server sent nothing for longer than the request allows.
     void timedOut();
 
 private:

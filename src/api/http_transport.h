@@ -14,7 +14,7 @@
 
 namespace pingwell {
 
-/// A finished HTTP request.
+/// A complete HTTP request.
 struct HTTPRequest
 {
     QByteArray method;
@@ -25,30 +25,32 @@ struct HTTPRequest
     std::chrono::milliseconds timeout{20'000};
 };
 
-/// What came back: the status, 0 when the answer was not HTTP, and the body's bytes.
+/// The response: its status, which is 0 when the response was not HTTP, and its body.
 struct HTTPResponse
 {
     int status = 0;
     QByteArray body;
     /// When the server sent it, by its own clock and to the second (`Date`, RFC 9110, 6.6.1).
     std::optional<Instant> date = std::nullopt;
-    /// How the body is packed, as RFC 9110, 8.4 has it; empty when it isn't, as every one that a transport hands out.
+    /// The body's Content-Encoding (RFC 9110, 8.4). Empty when the body is not packed, and in every response that a
+    /// transport returns.
     QByteArray contentEncoding = {};
 };
 
-/// Performs requests; the seam behind which tests and demo code put an in-memory service. Main thread.
+/// Performs HTTP requests. Tests and the demo replace it with a service in memory. Main thread.
 class HTTPTransport
 {
 public:
     virtual ~HTTPTransport() = default;
 
-    /// The answer, whatever its status. `APIError::offline()` when none arrived, and `APIError::tooLarge()` when it is
-    /// more than may be taken in.
+    /// Resumes with the response, whatever its status; with `APIError::offline()` when none arrived, and with
+    /// `APIError::tooLarge()` when the response is larger than the transport accepts.
     virtual QCoro::Task<Outcome<HTTPResponse>> perform(HTTPRequest request) = 0;
 
-    /// Called after the computer slept or came to another network: connections kept from before may be dead without
-    /// showing it. Later requests use new ones, and so does every GET under way, which is sent anew. Other requests
-    /// under way wait on, because the service may have had them. Without kept connections there is nothing to do.
+    /// Called after the computer slept or changed its network: connections that were kept open may be dead without
+    /// reporting an error. Later requests use new connections, and every GET under way is repeated over them. Other
+    /// requests under way keep waiting, because the service may already have received them. A transport that keeps no
+    /// connections does nothing.
     virtual void dropConnections() {}
 };
 

@@ -5,7 +5,7 @@
 
 namespace pingwell {
 
-/// An invitation to the signed-in person as it travels.
+/// The wire record of an invitation to the signed-in person.
 struct InvitationDTO
 {
     std::string_view token;

@@ -20,7 +20,8 @@ struct ToQtJSON
 
 QByteArray JSON::encoded() const
 {
-    // Qt writes whole documents only: as the one element of an array, without the brackets.
+    // Qt writes only whole documents, so the value is written as the one element of an array and the brackets are
+    // removed.
     const QByteArray list = QJsonDocument(QJsonArray{std::visit(ToQtJSON{}, m_value)}).toJson(QJsonDocument::Compact);
     return list.sliced(1, list.size() - 2);
 }

@@ -4,13 +4,13 @@
 
 namespace pingwell {
 
-/// How many records of a list came, and how many of them the program left out.
+/// How many records of a list arrived, and how many of them the program left out.
 struct ListCount
 {
     qint64 sent = 0;
-    /// Not understood.
+    /// Records that could not be decoded.
     qint64 unfit = 0;
-    /// More than the program takes in.
+    /// Records beyond the program's limit.
     qint64 beyond = 0;
 
     friend bool operator==(const ListCount &, const ListCount &) = default;

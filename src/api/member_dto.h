@@ -5,7 +5,7 @@
 
 namespace pingwell {
 
-/// A member of a workspace as it travels.
+/// The wire record of a workspace's member.
 struct MemberDTO
 {
     std::string_view id;

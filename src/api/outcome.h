@@ -7,13 +7,13 @@
 
 namespace pingwell {
 
-/// Success that has nothing more to say. A type of its own: QCoro takes a monostate for no result at all.
+/// The value of a success without data. It is a type of its own because QCoro treats `std::monostate` as "no result".
 struct Done
 {
 };
 
-/// How something that was asked for has ended: with a value or, instead, with the error to tell the person. Failures
-/// travel as such values from the transport to the store; none is thrown across a coroutine. Any thread.
+/// The end of an operation: a value, or the error to show to the person. Failures are returned as such values from the
+/// transport up to the store; no coroutine throws one. Any thread.
 template<typename Value>
 class [[nodiscard]] Outcome
 {

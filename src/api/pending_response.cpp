@@ -58,7 +58,8 @@ Outcome<HTTPResponse> PendingResponse::await_resume()
 
 void PendingResponse::resumeLater(const std::shared_ptr<State> &state)
 {
-    // The application is the receiver, not the transport: a coroutine that waits outlives the transport that dies.
+    // The application object receives the call, not the transport: the waiting coroutine outlives a destroyed
+    // transport.
     QMetaObject::invokeMethod(
         QCoreApplication::instance(), [state] { state->awaiting.resume(); }, Qt::QueuedConnection);
 }

@@ -8,21 +8,21 @@
 
 namespace pingwell {
 
-/// The answer to a request that is under way. Whoever performs the request finishes it; the one coroutine that awaits
-/// it resumes from the event loop, never from inside `finish`. Copies are the same answer. Main thread.
+/// The future response to a request under way. The transport finishes it; the one coroutine that awaits it resumes from
+/// the event loop, never from inside `finish`. Copies share one response. Main thread.
 class PendingResponse
 {
 public:
     PendingResponse();
 
-    /// Sets the answer, or with none that none arrived. Only the first call counts.
+    /// Sets the response; none means that no response arrived. Only the first call counts.
     void finish(std::optional<HTTPResponse> response);
-    /// Ends the wait with an error instead. Only the first call of either kind counts.
+    /// Ends the wait with an error. Only the first call of `finish` or `fail` counts.
     void fail(const APIError &error);
 
     [[nodiscard]] bool await_ready() const { return false; }
     void await_suspend(std::coroutine_handle<> awaiting);
-    /// The answer or why there is none.
+    /// The response, or the error in its place.
     [[nodiscard]] Outcome<HTTPResponse> await_resume();
 
 private:
@@ -33,7 +33,7 @@ private:
     std::shared_ptr<State> m_state;
 };
 
-/// Waits for the answer.
+/// Waits for the response.
 QCoro::Task<Outcome<HTTPResponse>> responseOf(PendingResponse pending);
 
 } // namespace pingwell

@@ -7,7 +7,7 @@
 
 namespace pingwell {
 
-/// What one operation asks of the service.
+/// The request of one operation.
 struct ServiceCall
 {
     QByteArray method;
@@ -24,7 +24,7 @@ Mapped<DTO> readBare(WireObject body, WireStrings &strings)
     return DTO::read(body).mapped(strings);
 }
 
-/// Of `DataEnvelope`.
+/// Decodes the payload of a `DataEnvelope`.
 template<typename DTO>
 Mapped<DTO> readData(WireObject body, WireStrings &strings)
 {
@@ -40,7 +40,7 @@ QList<Mapped<DTO>> readDataList(WireObject body, WireStrings &strings)
     return records;
 }
 
-/// Of `MessageDataEnvelope`.
+/// Decodes the payload of a `MessageDataEnvelope`.
 template<typename DTO>
 WithMessage<Mapped<DTO>> readMessageData(WireObject body, WireStrings &strings)
 {
@@ -50,8 +50,8 @@ WithMessage<Mapped<DTO>> readMessageData(WireObject body, WireStrings &strings)
     return result;
 }
 
-/// Has the client's transport perform the call; here alone it is decided that an answer which is not HTTP is none,
-/// which is `APIError::offline()`.
+/// Performs the call with the client's transport. The only place that treats a response which is not HTTP as no
+/// response (`APIError::offline()`).
 QCoro::Task<Outcome<HTTPResponse>> responseTo(APIClientPtr client, ServiceCall call);
 
 /// Decodes the response in the thread pool.
@@ -63,7 +63,7 @@ QCoro::Task<Outcome<Record>> decodedInBackground(HTTPResponse response, RecordRe
     co_return outcome;
 }
 
-/// Performs the call for the record in its response.
+/// Performs the call and returns the record in its response.
 template<typename Record>
 QCoro::Task<Outcome<Record>> request(APIClientPtr client, ServiceCall call, RecordReader<Record> read)
 {
@@ -74,10 +74,10 @@ QCoro::Task<Outcome<Record>> request(APIClientPtr client, ServiceCall call, Reco
     co_return record;
 }
 
-/// Performs the call for the sentence that the service answers with, if it does.
+/// Performs the call and returns the sentence in the service's response, if there is one.
 QCoro::Task<Outcome<std::optional<QString>>> requestMessage(APIClientPtr client, ServiceCall call);
 
-/// Performs the call and only tells failure from success.
+/// Performs the call and returns only whether it succeeded.
 QCoro::Task<Outcome<Done>> requestNothing(APIClientPtr client, ServiceCall call);
 
 } // namespace pingwell

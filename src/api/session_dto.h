@@ -5,7 +5,7 @@
 
 namespace pingwell {
 
-/// What the person's plan comprises, as it travels; only its display name is shown.
+/// The wire record of the person's plan; only its display name is shown.
 struct EntitlementsDTO
 {
     std::optional<std::string_view> name;
@@ -13,11 +13,11 @@ struct EntitlementsDTO
     static EntitlementsDTO read(WireObject object);
 };
 
-/// The plan's display name, with what it is called when the service doesn't say.
+/// The plan's display name, or the default name where the service sends none.
 [[nodiscard]] QString planName(const std::optional<EntitlementsDTO> &entitlements,
                                std::optional<std::string_view> otherwise = std::nullopt);
 
-/// The signed-in person as it travels.
+/// The wire record of the signed-in person.
 struct UserDTO
 {
     std::optional<std::string_view> name;
@@ -29,7 +29,7 @@ struct UserDTO
     [[nodiscard]] Account mapped(const std::optional<EntitlementsDTO> &entitlements) const;
 };
 
-/// A session as it travels.
+/// The wire record of a session.
 struct SessionDTO
 {
     std::optional<std::string_view> token;
@@ -40,13 +40,13 @@ struct SessionDTO
     [[nodiscard]] Session mapped(WireStrings &strings) const;
 };
 
-/// The sign-in providers a server offers, as they travel.
+/// The wire record of the sign-in providers that a server offers.
 struct ProvidersDTO
 {
     WireTexts providers;
 
     static ProvidersDTO read(WireObject object);
-    /// Those this program knows, each once, in the enumeration's order.
+    /// The providers that this program knows, each once, in the enumeration's order.
     [[nodiscard]] QList<AuthProvider> mapped(WireStrings &strings) const;
 };
 

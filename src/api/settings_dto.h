@@ -5,7 +5,7 @@
 
 namespace pingwell {
 
-/// The notification settings as they travel.
+/// The wire record of the notification settings.
 struct SettingsDTO
 {
     std::optional<std::string_view> quietFrom;
@@ -14,7 +14,7 @@ struct SettingsDTO
     std::optional<bool> sound;
 
     static SettingsDTO read(WireObject object);
-    /// What is missing stands at its default.
+    /// Settings that are missing take their default.
     [[nodiscard]] NotificationSettings mapped(WireStrings &strings) const;
 };
 

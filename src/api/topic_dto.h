@@ -5,7 +5,7 @@
 
 namespace pingwell {
 
-/// A topic as it travels.
+/// The wire record of a topic.
 struct TopicDTO
 {
     std::string_view id;

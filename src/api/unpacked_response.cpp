@@ -9,16 +9,16 @@ namespace pingwell {
 namespace {
 
 constexpr qsizetype stepBytes = qsizetype{256} * 1024;
-/// Both forms, told apart by their first bytes.
+/// zlib's option that accepts gzip and deflate and recognises them by their first bytes.
 constexpr int gzipOrDeflate = 15 + 32;
 
-/// An unpacking under way; frees what the library holds for it.
+/// One run of zlib's inflate; the destructor frees zlib's memory.
 class Inflation
 {
 public:
     explicit Inflation(const QByteArray &packed)
     {
-        // The library reads the bytes and never writes them. A body is far below 4 GiB.
+        // zlib reads these bytes and never writes them, despite its signature. A body is far below 4 GiB.
         m_stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(packed.constData()));
         m_stream.avail_in = static_cast<uInt>(packed.size());
         m_state = inflateInit2(&m_stream, gzipOrDeflate);
@@ -29,7 +29,7 @@ public:
     [[nodiscard]] bool goesOn() const { return m_state == Z_OK; }
     [[nodiscard]] bool isComplete() const { return m_state == Z_STREAM_END; }
 
-    /// Adds the next bytes to `body`. Input that ends too early is an error to the library, too.
+    /// Unpacks the next bytes into `body`. zlib reports input that ends too early as an error, too.
     void step(QByteArray &body)
     {
         const qsizetype before = body.size();

@@ -8,7 +8,7 @@ namespace pingwell {
 
 namespace {
 
-/// Waits for the response and has its body unpacked.
+/// Waits for the response and unpacks its body in the thread pool.
 QCoro::Task<Outcome<HTTPResponse>> unpackedResponseOf(PendingResponse pending, qint64 limit)
 {
     Outcome<HTTPResponse> response = co_await responseOf(pending);

@@ -10,36 +10,36 @@
 
 namespace pingwell {
 
-/// What a server may take of this program.
+/// How much memory and time one request may use.
 struct TransportLimits
 {
-    /// The largest body, unpacked.
+    /// The largest unpacked body, in bytes.
     qint64 bodyBytes = 64 * 1024 * 1024;
-    /// From the request to the last byte, redirects included.
+    /// From sending the request to the last byte of the response, redirects included.
     std::chrono::milliseconds deadline{60'000};
 };
 
-/// HTTP/1.1 over the network. Keeps nothing between requests but connections: no cookies, cache or credentials. Only a
-/// GET follows redirects, three at most, and only within the origin of the request (RFC 6454), so that no header of it
-/// reaches another server; every other redirect is the answer. Certificates are always checked. A transport that is
-/// destroyed ends its requests as offline; destroy it while the application and its event loop still live. When a
-/// server was silent for too long, its kept connections are dropped. Bodies packed with gzip are unpacked in the thread
-/// pool.
+/// HTTP/1.1 over the network. Keeps nothing between requests except connections: no cookies, cache or credentials. Only
+/// a GET follows redirects, three at most, and only within the origin of the request (RFC 6454), so that none of its
+/// headers reaches another server. Every other redirect is returned as the response. Certificates are always checked.
+/// Destroying a transport ends its requests with `APIError::offline()`; destroy it while the application object and its
+/// event loop still exist. When a server was silent for too long, its kept connections are dropped. Packed bodies are
+/// unpacked in the thread pool.
 class URLSessionTransport final : public HTTPTransport
 {
 public:
     explicit URLSessionTransport(TransportLimits limits = TransportLimits());
     ~URLSessionTransport() override;
 
-    /// The one of this process, made on first use. Those who use it own it; the last of them takes it along, which has
-    /// to happen before the application object goes.
+    /// The transport that this process shares, created on first use. Its users own it, and the last of them destroys
+    /// it, which has to happen before the application object is destroyed.
     static std::shared_ptr<URLSessionTransport> shared();
 
     QCoro::Task<Outcome<HTTPResponse>> perform(HTTPRequest request) override;
     void dropConnections() override;
 
 private:
-    /// Of later requests. Those under way keep the ones that they began with.
+    /// Used by later requests. Requests under way keep the connections they began with.
     void takeNewConnections();
 
     TransportLimits m_limits;

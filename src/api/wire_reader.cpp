@@ -10,16 +10,17 @@ namespace pingwell {
 
 namespace {
 
-/// A body may have so many values, and one more for every so many bytes. An alert takes ten bytes a value.
+/// A body may have `fewValues` values, and one more for each `fewestBytesPerValue` bytes. An alert has about one value
+/// per ten bytes.
 constexpr qsizetype fewValues = 1'000'000;
 constexpr qsizetype fewestBytesPerValue = 10;
 
-/// Longer texts hardly repeat.
+/// Longer texts are not shared: they hardly ever repeat.
 constexpr std::size_t longestSharedText = 64;
 
-/// Whether there are more values in the body than the parser may be given. It takes up to 24 bytes for each, however
-/// short the value is: a body of nothing but digits and commas would cost twelve times its size. Every value but the
-/// first follows one of these characters; some of them stand in texts and count for nothing.
+/// Whether the body has more values than the parser may be given. The parser uses up to 24 bytes for each value,
+/// however short: a body of nothing but digits and commas would use twelve times its size. Every value except the first
+/// follows one of the counted characters; those inside texts are counted, too, which only makes the estimate higher.
 bool isTooDense(const QByteArray &json)
 {
     const qsizetype most = fewValues + json.size() / fewestBytesPerValue;
@@ -36,7 +37,7 @@ bool isRepairable(simdjson::error_code error)
 
 bool hasPadding(QByteArray &json)
 {
-    // The parser reads in blocks and may look that far past the end; the spare room of the array is ours to read.
+    // The parser reads in blocks, up to this many bytes past the end; the array's spare capacity may be read.
     return json.data_ptr().freeSpaceAtEnd() >= qsizetype{simdjson::SIMDJSON_PADDING};
 }
 
@@ -68,7 +69,7 @@ std::optional<std::int64_t> WireObject::integer(std::string_view key)
     std::int64_t integer = 0;
     if (element->get(integer) == simdjson::SUCCESS)
         return integer;
-    // "30.0" and "3e1" are integers too; 2^63 is the first number beyond the range.
+    // "30.0" and "3e1" are integers, too; 2^63 is the first number beyond the range.
     double number = 0;
     if (element->get(number) != simdjson::SUCCESS || std::trunc(number) != number || std::abs(number) >= 0x1p63)
         return std::nullopt;

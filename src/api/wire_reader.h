@@ -20,21 +20,22 @@
 
 namespace pingwell {
 
-/// The longest identifier of a record, in bytes. It becomes part of an address and of many names on a screen.
+/// The longest identifier of a record, in bytes. Identifiers become part of addresses and of many object names on a
+/// screen.
 inline constexpr std::size_t maximumIdentifierBytes = 4096;
 
-/// A record lacks something it can't do without. Never leaves the decoding of one body.
+/// A required key of a record is absent or null. Caught inside the decoding of one body.
 class UndecodableRecord : public std::exception
 {
 };
 
-/// A record has everything it can't do without, but something of it is of a kind that no record can have. A list leaves
-/// that one record out.
+/// A record has its required keys, but one of them has a value that no record can have. A list leaves out that one
+/// record.
 class UnfitRecord final : public UndecodableRecord
 {
 };
 
-/// The value, which the record can't do without.
+/// The value; throws `UndecodableRecord` when it is absent.
 template<typename Value>
 Value required(std::optional<Value> value)
 {
@@ -46,7 +47,7 @@ Value required(std::optional<Value> value)
 template<typename Record>
 class WireList;
 
-/// A list of texts. An element that is something other than text is left out.
+/// A list of texts. Elements that are not text are left out.
 class WireTexts
 {
 public:
@@ -55,7 +56,7 @@ public:
     {
     }
 
-    /// Hands every text to `take`.
+    /// Calls `take` with every text.
     template<typename Take>
     void forEach(Take take) const
     {
@@ -70,8 +71,8 @@ private:
     simdjson::dom::array m_array;
 };
 
-/// One JSON object, read by key. A key that is absent, null or of another type than asked for gives none. Quickest when
-/// asked in the order in which the service writes. Texts are views into the document, which must outlive them.
+/// One JSON object, read by key. A key that is absent, null or of another type returns none. Reading is quickest in the
+/// order in which the service writes the keys. Texts are views into the document, which must outlive them.
 class WireObject
 {
 public:
@@ -83,35 +84,35 @@ public:
 
     std::optional<std::string_view> string(std::string_view key);
     std::optional<bool> flag(std::string_view key);
-    /// None for a number with a fraction or beyond 64 bits.
+    /// None for a number with a fraction or outside 64 bits.
     std::optional<std::int64_t> integer(std::string_view key);
-    /// From milliseconds since 1970; a number beyond the range of dates is the first or last date.
+    /// Milliseconds since 1970; a number outside the range of dates becomes the first or last date.
     std::optional<Instant> instant(std::string_view key);
     std::optional<WireTexts> texts(std::string_view key);
     std::optional<WireObject> object(std::string_view key);
 
-    // Of what a record can't do without. Each throws `UndecodableRecord` for a key that is absent or null, and
-    // `UnfitRecord` for one that holds something else.
+    // Required keys. Each function throws `UndecodableRecord` for a key that is absent or null, and `UnfitRecord` for a
+    // value of another type.
     std::string_view requiredString(std::string_view key);
-    /// Of at most `maximumIdentifierBytes`.
+    /// At most `maximumIdentifierBytes` long.
     std::string_view requiredIdentifier(std::string_view key);
     Instant requiredInstant(std::string_view key);
 
-    /// None too when the record is not decodable.
+    /// Also none when the record can't be decoded.
     template<typename Record>
     std::optional<Record> record(std::string_view key);
-    /// The records are read when the list is mapped.
+    /// The records are decoded when the list is mapped.
     template<typename Record>
     std::optional<WireList<Record>> list(std::string_view key);
 
 private:
     std::optional<simdjson::dom::element> find(std::string_view key);
     std::optional<simdjson::dom::array> array(std::string_view key);
-    /// Ends the reading of a record whose required key gives no value.
+    /// Throws the exception for a required key without a usable value.
     [[noreturn]] void refuse(std::string_view key);
 
     simdjson::dom::object m_object;
-    /// Where the next key is expected.
+    /// Where the search for the next key starts.
     simdjson::dom::object::iterator m_next;
 };
 
@@ -123,8 +124,8 @@ public:
     WireDocument(const WireDocument &) = delete;
     WireDocument &operator=(const WireDocument &) = delete;
 
-    /// The body as an object; none when it is no JSON (RFC 8259), another kind of value, or made of so many values that
-    /// reading them would take many times the memory of the body.
+    /// The body as an object; none when the body is not JSON (RFC 8259), is another kind of value, or has so many
+    /// values that parsing it would use many times the memory of the body.
     [[nodiscard]] const std::optional<WireObject> &root() const { return m_root; }
 
 private:
@@ -134,8 +135,8 @@ private:
     std::optional<WireObject> m_root;
 };
 
-/// Makes the texts of one body's records. Those that come again and again (a workspace's id, an app, a topic, an
-/// action) share their memory. Must not outlive the document.
+/// Creates the strings of one body's records. Strings that repeat (a workspace's id, an app, a topic, an action) share
+/// their memory. Must not outlive the document.
 class WireStrings
 {
 public:
@@ -153,11 +154,11 @@ private:
         QString text;
     };
 
-    /// One place for every hash: a newcomer takes the place of what was there, and only some sharing is lost.
+    /// One slot per hash. A new string replaces the one in its slot; the only cost is less sharing.
     std::array<Known, 512> m_known;
 };
 
-/// The case whose word is exactly `word`; none for any other.
+/// The enumerator whose word is exactly `word`; none for any other word.
 template<typename Enumeration>
 std::optional<Enumeration> fromWord(std::optional<std::string_view> word)
 {
@@ -170,7 +171,7 @@ std::optional<Enumeration> fromWord(std::optional<std::string_view> word)
     return std::nullopt;
 }
 
-/// A list of records. They are read one at a time: ten thousand at once would only fill memory that has to be paid for.
+/// A list of records. They are decoded one at a time: ten thousand decoded at once would only occupy memory.
 template<typename Record>
 class WireList
 {
@@ -180,8 +181,8 @@ public:
     {
     }
 
-    /// Hands every record to `take`, leaving out the unfit ones, and counts both. Throws `UndecodableRecord` for one
-    /// that lacks a key; with `LeftOut` given as that type, such a record is left out as well.
+    /// Calls `take` with every record, leaves out the unfit ones, and counts both. Throws `UndecodableRecord` for a
+    /// record that lacks a required key; with `UndecodableRecord` given as `LeftOut`, such a record is left out, too.
     template<typename LeftOut = UnfitRecord, typename Take>
     ListCount forEach(Take take) const
     {
@@ -200,7 +201,7 @@ public:
         return count;
     }
 
-    /// The first `limit` records in the program's own terms, added to `records`. Throws as `forEach` does.
+    /// Appends the first `limit` records, mapped to model values, to `records`. Throws as `forEach` does.
     template<typename LeftOut = UnfitRecord, typename Mapped>
     ListCount mapTo(QList<Mapped> &records, qsizetype limit, WireStrings &strings) const
     {

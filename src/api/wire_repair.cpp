@@ -60,7 +60,7 @@ bool isNumber(QByteArrayView token)
     return at == token.size();
 }
 
-/// How long the UTF-8 sequence is that begins with this byte; 1 where none begins with it.
+/// The length of the UTF-8 sequence that begins with this byte; 1 for a byte that begins none.
 qsizetype sequenceLength(char first)
 {
     const auto byte = static_cast<unsigned char>(first);
@@ -81,13 +81,13 @@ bool isControl(char c)
     return static_cast<unsigned char>(c) < 0x20;
 }
 
-/// Whether the character stands for itself in a string.
+/// Whether the character needs no escape in a string.
 bool isPlain(char c)
 {
     return static_cast<unsigned char>(c) < 0x80 && !isControl(c) && c != '"' && c != '\\';
 }
 
-/// A raw control character as it may stand in a string.
+/// The replacement of a raw control character: an escape for line breaks and tabs, else U+FFFD.
 QByteArrayView escaped(char control)
 {
     switch (control) {
@@ -101,7 +101,7 @@ QByteArrayView escaped(char control)
     return replacement;
 }
 
-/// The code unit that the escape at the beginning of `text` stands for; none when there is none.
+/// The UTF-16 code unit of the escape at the beginning of `text`; none when `text` begins with no such escape.
 std::optional<char16_t> escapedUnit(QByteArrayView text)
 {
     if (text.size() < escapeLength || !text.startsWith("\\u"))
@@ -182,7 +182,7 @@ private:
         }
     }
 
-    /// What begins with a byte beyond ASCII.
+    /// Copies one sequence that begins with a byte above 127.
     void takeSequence()
     {
         qsizetype length = 1;
@@ -199,7 +199,8 @@ private:
     {
         const std::optional<char16_t> unit = escapedUnit(m_rest);
         if (!unit) {
-            // Together with the character it escapes, which may be a quotation mark; what needs repair is none.
+            // Copies the escape together with the character after it, which may be a quotation mark. It needs no
+            // repair.
             const bool escapes = m_rest.size() > 1 && (isPlain(m_rest[1]) || m_rest[1] == '"' || m_rest[1] == '\\');
             keep(escapes ? 2 : 1);
             return;
@@ -215,7 +216,7 @@ private:
             replace(escapeLength, "\\ufffd");
     }
 
-    /// Only the parser itself knows which numbers are too much for it.
+    /// Whether the parser accepts the number. Only the parser knows which numbers are out of its range.
     bool isTaken(QByteArrayView token)
     {
         return m_parser.parse(token.data(), static_cast<std::size_t>(token.size())).error() == simdjson::SUCCESS;

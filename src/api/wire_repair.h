@@ -4,12 +4,11 @@
 
 namespace pingwell {
 
-/// A copy of `json` in which what the parser refuses, but an agent may well send, stands in a form it takes. Half a
-/// surrogate pair, left where an agent cut a text in the middle of an emoji, and bytes of a text that are no UTF-8
-/// become the replacement character; so do raw control characters in a text, except line breaks and tabs, which are
-/// escaped. A number beyond 64 bits becomes one that is out of every range as well. So one odd alert can't hide all the
-/// others. What is no JSON otherwise stays none. Empty when the copy would be larger than `json` by more than a
-/// megabyte: a body so broken is no text with an odd byte.
+/// A copy of `json` that the parser accepts. It repairs faults that an agent's text can cause, so that one odd alert
+/// can't hide all the others. The replacement character stands for half a surrogate pair (an agent cut a text inside an
+/// emoji), for bytes that are not UTF-8, and for raw control characters; raw line breaks and tabs are escaped instead.
+/// A number outside 64 bits becomes one that is outside every other range, too. Other syntax errors stay. Empty when
+/// the copy would be more than a megabyte larger than `json`: a body that broken is not a text with an odd byte.
 [[nodiscard]] QByteArray withReadableTokens(const QByteArray &json);
 
 } // namespace pingwell

@@ -22,7 +22,7 @@ Workspace WorkspaceDTO::mapped(WireStrings &strings) const
     workspace.id = strings.shared(id);
     workspace.name = WireStrings::text(name);
     workspace.kind = fromWord<WorkspaceKind>(kind).value_or(WorkspaceKind::personal);
-    // An unknown role in one's own workspace allows the least; an unknown one of a colleague's is just a member's.
+    // An unknown role of the person's own gets the fewest rights; an unknown role of a colleague is shown as member.
     workspace.role = fromWord<WorkspaceRole>(role).value_or(WorkspaceRole::viewer);
     workspace.responseTimeoutMinutes = responseTimeoutMinutes.value_or(30);
     workspace.timeoutAction = fromWord<TimeoutAction>(timeoutAction).value_or(TimeoutAction::expire);

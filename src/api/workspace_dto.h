@@ -7,7 +7,7 @@
 
 namespace pingwell {
 
-/// A workspace as it travels.
+/// The wire record of a workspace.
 struct WorkspaceDTO
 {
     std::string_view id;
@@ -21,7 +21,7 @@ struct WorkspaceDTO
     [[nodiscard]] Workspace mapped(WireStrings &strings) const;
 };
 
-/// The answer to the creation of a workspace.
+/// The wire record of the response to creating a workspace.
 struct CreatedWorkspaceDTO
 {
     WorkspaceDTO workspace;

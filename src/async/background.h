@@ -15,9 +15,9 @@
 
 namespace pingwell {
 
-/// A piece of work on its way to the thread pool, and its result on the way back. Neither is copied: a future would
-/// hand out copies of the result, and share with it what is only meant to be moved on. Each side touches them in its
-/// turn, which `m_turn` hands over; whichever is the last to hold the object destroys it.
+/// One call of `work` in the thread pool, and its result. Work and result are moved, never copied; a `QFuture<Result>`
+/// would copy the result. `m_turn` says which thread may touch them: the pool until the work is done, then the caller.
+/// The last shared pointer, on whichever thread, destroys the object.
 template<typename Work>
 class BackgroundWork final : public QRunnable
 {
@@ -30,7 +30,8 @@ public:
         setAutoDelete(false);
     }
 
-    /// Once, on the thread that wants the work done. The future ends when the result may be taken.
+    /// Starts the work. Called once, on the thread that wants the result. `take` may be called when the future has
+    /// finished.
     static QFuture<void> start(const std::shared_ptr<BackgroundWork> &self)
     {
         QFuture<void> done = self->m_done.future();
@@ -41,7 +42,7 @@ public:
         return done;
     }
 
-    /// Once, on the thread that started it, when the future has ended.
+    /// Moves the result out. Called once, on the thread that called `start`, after the future has finished.
     Result take()
     {
         check(m_turn.load(std::memory_order_acquire) == Turn::owner, "a result is taken before it is there");
@@ -68,7 +69,7 @@ private:
 };
 
 /// Runs `work` in the thread pool and resumes the caller on its own thread with the result. `work` must not throw and
-/// owns everything it touches.
+/// must own everything it uses.
 template<typename Work>
 QCoro::Task<std::invoke_result_t<Work>> inBackground(Work work)
 {
@@ -78,7 +79,7 @@ QCoro::Task<std::invoke_result_t<Work>> inBackground(Work work)
     co_return background->take();
 }
 
-/// Lets `value` be destroyed in the thread pool: freeing ten thousand records takes longer than a frame may.
+/// Destroys `value` in the thread pool: freeing ten thousand records takes longer than one frame.
 template<typename Value>
 void destroyInBackground(Value value)
 {

@@ -9,20 +9,21 @@
 
 namespace pingwell {
 
-/// The time and the waiting for it; tests hand in one that stands still until they move it. Main thread.
+/// The time, and waiting for it. Tests use a clock that stands still until they advance it. Main thread.
 class Clock
 {
 public:
     virtual ~Clock() = default;
 
-    /// The computer's clock: anybody may set it, and it may be wrong.
+    /// The computer's wall clock. It may be wrong, and anybody may set it.
     [[nodiscard]] virtual Instant now() const = 0;
 
-    /// The time since some fixed moment before the start of the program. Nobody can set it, and it counts the
-    /// computer's sleep.
+    /// Monotonic time since a fixed moment before the program's start. Nobody can set it, and it goes on while the
+    /// computer sleeps.
     [[nodiscard]] virtual Seconds uptime() const = 0;
 
-    /// Resumes after `duration` of monotonic time, or as soon as `stop` is requested; the caller asks the token which.
+    /// Resumes after `duration` of monotonic time, or as soon as `stop` is requested; the caller checks the stop token
+    /// to see which.
     virtual QCoro::Task<> sleep(std::chrono::milliseconds duration, std::stop_token stop) = 0;
 };
 

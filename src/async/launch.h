@@ -4,8 +4,8 @@
 
 namespace pingwell {
 
-/// Lets `task` run on by itself. A dropped QCoro task would swallow an exception; this one writes it to standard error,
-/// named by `what`, because an error that nobody awaits is a mistake of ours.
+/// Starts `task` without a caller that awaits it. QCoro would swallow an exception of such a task; this function writes
+/// it to standard error with the name `what`, because an uncaught exception is a bug of ours.
 void launch(const char *what, QCoro::Task<> task);
 
 } // namespace pingwell

@@ -21,7 +21,7 @@ Sleep::Sleep(std::chrono::milliseconds duration, std::stop_token stop)
     m_state->duration = duration;
     m_state->stop = std::move(stop);
     m_state->timer.setSingleShot(true);
-    // Nothing here is finer than a second; coarse timers share their wake-ups.
+    // No pause needs a precision finer than a second, and coarse timers share wake-ups.
     m_state->timer.setTimerType(Qt::CoarseTimer);
 }
 

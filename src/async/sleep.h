@@ -7,9 +7,9 @@
 
 namespace pingwell {
 
-/// Awaitable pause on the event loop of the awaiting thread that a stop request ends early. QCoro's own sleep can't be
-/// cancelled. The stop must be requested on the awaiting thread; the coroutine then resumes from the event loop, never
-/// from inside the request. Copies are the same pause: QCoro copies what it awaits.
+/// An awaitable pause on the event loop of the awaiting thread, which a stop request ends early. QCoro's own sleep
+/// can't be cancelled. The stop must be requested on the awaiting thread; the coroutine then resumes from the event
+/// loop, never from inside the request. Copies share one pause, because QCoro copies what it awaits.
 class Sleep
 {
 public:

@@ -4,7 +4,7 @@
 
 namespace pingwell {
 
-/// The computer's own time.
+/// The computer's clock.
 class SystemClock final : public Clock
 {
 public:
