@@ -9,7 +9,7 @@ namespace pingwell {
 inline const QString signInCallbackURL = QStringLiteral("pingwell://auth/callback");
 inline const QString signInCallbackScheme = QStringLiteral("pingwell");
 
-/// What the browser came back with: a one-time code, or the reason for none.
+/// The result in the browser's redirect: a one-time code, or an error.
 struct CallbackResult
 {
     enum class Kind { code, error };
@@ -23,10 +23,10 @@ struct CallbackResult
     friend bool operator==(const CallbackResult &, const CallbackResult &) = default;
 };
 
-/// Reads a callback's query; scheme, host and path are the caller's to check.
+/// Reads the query of a callback URL. The caller checks scheme, host and path.
 [[nodiscard]] CallbackResult parseCallback(const QUrl &url);
 
-/// What the person is told for a callback's error.
+/// The message for the person about a callback's error.
 [[nodiscard]] QString signInErrorMessage(const QString &reason);
 
 } // namespace pingwell

@@ -18,7 +18,7 @@ constexpr auto longestWaitAtLoad = 500ms;
 constexpr auto longestWaitAtExit = 2s;
 constexpr auto longestRetryInterval = 10min;
 
-/// The text of a stored token; none for an empty one and for bytes that are not UTF-8.
+/// The token in the keychain item's data; none for an empty one and for bytes that are not UTF-8.
 std::optional<QString> tokenFrom(const QByteArray &data)
 {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
@@ -28,7 +28,7 @@ std::optional<QString> tokenFrom(const QByteArray &data)
     return token;
 }
 
-/// Whether the person may be asked to open a locked keychain.
+/// Whether this change may ask the person to open a locked keychain.
 enum class Asking { allowed, forbidden };
 
 bool isOutOfReach(KeychainStatus status)
@@ -38,8 +38,8 @@ bool isOutOfReach(KeychainStatus status)
 
 } // namespace
 
-/// The token and the thread that speaks to the keychain. Both sides hold it, so that a thread stuck in a call can be
-/// left behind.
+/// The token, and the loop of the thread that calls the keychain. The store and the thread share the ownership, so that
+/// a thread stuck in a keychain call can be detached.
 class KeychainTokenStore::Worker
 {
 public:
@@ -57,23 +57,24 @@ public:
     // Main thread.
     std::optional<QString> load();
     void keep(std::optional<QString> token, Asking asking);
-    /// Writes what is still to be written; false when that takes too long.
+    /// Writes the changes that are left; false when that takes too long.
     bool finish();
 
-    /// The thread's whole life.
+    /// Runs on the store's thread until `finish`.
     void run();
 
 private:
     using Callback = std::function<void()> TokenStore::*;
 
-    /// Waits until it is known whether the token is to be looked up. Nothing is asked for one that was cleared by then:
-    /// cancelling a question that is on the screen can end the keyring's service.
+    /// Waits until the first operation decides whether to look the token up. A token that was saved or cleared by then
+    /// is not looked up: cancelling an unlock dialog can end the keyring's service.
     bool isToLookUp();
     void lookUp();
     KeychainStatus readToken();
-    /// Waits for something to write; false when the thread is to end.
+    /// Waits for a change to write; false when the thread has to end.
     bool waitForWork(std::unique_lock<std::mutex> &lock);
-    /// An attempt to write a change. Where the person may be asked, they open a locked keychain, and hear of a failure.
+    /// Tries to write a change. With `Asking::allowed`, the person is asked to open a locked keychain, and a failure is
+    /// reported.
     void write(const std::optional<QString> &token, quint64 revision, Asking asking);
     KeychainStatus tryWrite(const std::optional<QString> &token);
     void noteOutcome(KeychainStatus status, quint64 revision);
@@ -81,10 +82,10 @@ private:
 
     std::mutex m_mutex;
     std::condition_variable m_changed;
-    // Guarded by the mutex.
+    // Guarded by m_mutex.
     KeychainTokenStore *m_store;
     std::optional<QString> m_token;
-    // Counts what was kept since the start; 0 means that the look-up still decides.
+    // The number of saves and clears since the start; 0 means that the look-up still decides which token there is.
     quint64 m_revision = 0;
     quint64 m_writtenRevision = 0;
     Asking m_asking = Asking::forbidden;
@@ -93,11 +94,11 @@ private:
     bool m_missed = false;
     bool m_stopping = false;
     bool m_finished = false;
-    // Until the next attempt to write what the keychain did not take; none when it holds what was kept last.
+    // The time until the next attempt to write a change that failed; none when the keychain holds the latest change.
     std::optional<std::chrono::milliseconds> m_retryWait;
     std::optional<std::chrono::steady_clock::time_point> m_loadDeadline;
 
-    // Set once, or safe by themselves.
+    // Constant, or safe to use from any thread.
     const std::shared_ptr<Keychain> m_keychain;
     const QString m_service;
     const QString m_account;
@@ -129,7 +130,7 @@ void KeychainTokenStore::Worker::keep(std::optional<QString> token, Asking askin
         ++m_revision;
     }
     m_changed.notify_all();
-    // What the look-up would find no longer counts; the person need not open the keychain for it.
+    // A look-up under way is obsolete now, so the person need not open the keychain for it.
     m_lookUpStop.request_stop();
 }
 
@@ -150,10 +151,10 @@ void KeychainTokenStore::Worker::run()
         lookUp();
     std::unique_lock lock(m_mutex);
     while (waitForWork(lock)) {
-        // Only the latest counts: a token saved and cleared meanwhile need not touch the keychain in between.
+        // Only the latest change is written; a token that was saved and cleared in between never reaches the keychain.
         const std::optional<QString> token = m_token;
         const quint64 revision = m_revision;
-        // They are asked once for each change.
+        // The person is asked once for each change.
         const Asking asking = std::exchange(m_asking, Asking::forbidden);
         lock.unlock();
         write(token, revision, asking);
@@ -185,7 +186,7 @@ void KeychainTokenStore::Worker::lookUp()
 {
     const std::stop_token stop = m_lookUpStop.get_token();
     KeychainStatus status = readToken();
-    // A keychain that was still starting may turn out to be locked: two rounds.
+    // Two rounds, because a keychain that was still starting may turn out to be locked.
     for (int round = 0; round < 2 && isOutOfReach(status) && !stop.stop_requested(); ++round) {
         if (m_keychain->unlock(stop) != KeychainStatus::success)
             return;
@@ -193,14 +194,14 @@ void KeychainTokenStore::Worker::lookUp()
     }
 }
 
-/// Asks the keychain and takes its answer in.
+/// Looks the token up in the keychain and stores the result.
 KeychainStatus KeychainTokenStore::Worker::readToken()
 {
     const KeychainItem item = m_keychain->copyMatching(m_service, m_account);
     {
         const std::lock_guard lock(m_mutex);
         m_answered = true;
-        // A token kept meanwhile, or cleared, is newer than what the keychain held.
+        // A token that was saved or cleared during the look-up is newer than the one in the keychain.
         if (item.status == KeychainStatus::success && m_revision == 0)
             m_token = tokenFrom(item.data);
         if (m_token && m_missed)
@@ -227,7 +228,7 @@ void KeychainTokenStore::Worker::write(const std::optional<QString> &token, quin
         post(token ? &TokenStore::onNotKept : &TokenStore::onNotCleared, revision);
 }
 
-/// Decides when the change is tried again, if ever. The mutex is held.
+/// Decides when the change is tried again, if at all. Called with m_mutex locked.
 void KeychainTokenStore::Worker::noteOutcome(KeychainStatus status, quint64 revision)
 {
     if (!isOutOfReach(status)) {
@@ -247,7 +248,8 @@ KeychainStatus KeychainTokenStore::Worker::tryWrite(const std::optional<QString>
     return m_keychain->remove(m_service, m_account);
 }
 
-/// Calls back on the main thread unless something newer was kept by then. The mutex is held.
+/// Schedules the callback on the main thread. It is skipped when a newer change was made by then. Called with m_mutex
+/// locked.
 void KeychainTokenStore::Worker::post(Callback callback, quint64 revision)
 {
     if (!m_store || revision != m_revision)

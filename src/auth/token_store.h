@@ -8,9 +8,9 @@
 
 namespace pingwell {
 
-/// Keeps the session's bearer token. Its operations report no failure to their caller: a token that can't be read means
-/// signed out, one that can't be written is kept for this run, one that can't be cleared is none in this run. What
-/// became of a change is told through the functions below. Main thread; none of the operations waits for the person.
+/// Stores the session's bearer token. The operations return no errors. A token that can't be read counts as signed out;
+/// a token that can't be written is kept until the program ends; a token that can't be cleared is not used any more in
+/// this run. The callbacks below report the result of a change. Main thread; no operation waits for the person.
 class TokenStore
 {
 public:
@@ -19,19 +19,19 @@ public:
     [[nodiscard]] virtual std::optional<QString> load() = 0;
     virtual void save(const QString &token) = 0;
     virtual void clear() = 0;
-    /// Clears what an earlier run could not clear. The person is not asked to open the keyring for it, and
-    /// `onNotCleared` is not called: they were told in that run.
+    /// Clears a token that an earlier run could not clear. The person is not asked to open the keyring for it, and
+    /// `onNotCleared` is not called: that run has already told them.
     virtual void clearLeftover() = 0;
 
-    /// Called on the main thread when a token that was out of reach at `load`, behind a locked or late keyring, can be
-    /// loaded after all.
+    /// Called on the main thread when a token that `load` could not reach, because the keyring was locked or not
+    /// running yet, can be loaded.
     std::function<void()> onBecameReadable;
-    /// Called on the main thread when a saved token will be forgotten at exit.
+    /// Called on the main thread when a saved token could not be stored and will be forgotten at exit.
     std::function<void()> onNotKept;
-    /// Called on the main thread when a cleared token is still where it was kept. Clearing is tried again until it
-    /// succeeds or the program ends.
+    /// Called on the main thread when a cleared token could not be removed from the keyring. Clearing is tried again
+    /// until it succeeds or the program ends.
     std::function<void()> onNotCleared;
-    /// Called on the main thread when what was last saved or cleared will be found so by the next run.
+    /// Called on the main thread when the latest change is stored, so that the next run will find it.
     std::function<void()> onWritten;
 };
 

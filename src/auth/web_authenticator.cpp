@@ -15,7 +15,7 @@ namespace pingwell {
 
 namespace {
 
-// How many redirects may wait while one is looked at; a page that sends more wants to be in the way.
+// How many redirects may wait while one is checked; a page that sends more is trying to block the sign-in.
 constexpr qsizetype mostWaiting = 32;
 
 bool isCallback(const QUrl &url, const QString &scheme)
@@ -31,7 +31,7 @@ APIError cannotOpen()
 
 } // namespace
 
-/// One sign-in in the browser: the redirects that came and the one who waits for them.
+/// One sign-in in the browser: the redirects that have arrived, and the coroutine that waits for them.
 class WebAuthenticator::Attempt
 {
 public:
@@ -59,7 +59,7 @@ public:
         wake();
     }
 
-    /// The oldest redirect that nobody took yet; none when the attempt is over.
+    /// Removes the oldest redirect and returns it; none when the attempt is over.
     std::optional<QUrl> take()
     {
         if (m_redirects.isEmpty())
@@ -93,7 +93,7 @@ private:
 
 namespace {
 
-/// Awaits what is shared with others; QCoro copies its awaitables.
+/// Awaits a shared attempt; QCoro copies what it awaits.
 template<typename Awaited>
 struct Shared
 {
@@ -140,7 +140,7 @@ QCoro::Task<WebAuthenticator::Return> WebAuthenticator::nextCallback()
     co_return redirect;
 }
 
-/// The attempt's, not the authenticator's: that may be gone when it resumes.
+/// A coroutine of the attempt, not of the authenticator, which may be destroyed before the coroutine resumes.
 QCoro::Task<WebAuthenticator::Return> WebAuthenticator::next(std::shared_ptr<Attempt> attempt)
 {
     Shared<Attempt> redirects{attempt};

@@ -15,31 +15,31 @@
 namespace pingwell {
 
 /// Signs the person in through the system's browser: opens a page there and waits for its redirect to the program's own
-/// scheme (RFC 8252). Any page can open such an address, so a redirect does not end an attempt: who made it decides
-/// whether it was the right one, and ends it by `cancel` or asks for the next. A browser tells nobody that its tab was
-/// closed, so an attempt also ends by a new one, or after ten minutes. Main thread.
+/// scheme (RFC 8252). Any page can open an address of that scheme, so a redirect does not end an attempt: the caller
+/// checks the redirect, then calls `cancel` or waits for the next one. No browser reports that its tab was closed, so
+/// an attempt also ends when a new one begins, or after ten minutes. Main thread.
 class WebAuthenticator
 {
 public:
     /// How long an attempt lasts.
     static constexpr std::chrono::minutes patience{10};
 
-    /// `openURL` hands a page to the browser and says whether one took it.
+    /// `openURL` opens a page in the browser and returns whether a browser took it.
     WebAuthenticator(std::function<bool(const QUrl &)> openURL, std::shared_ptr<Clock> clock);
     ~WebAuthenticator();
 
-    /// What the browser brings back. None when the attempt ended without: the person gave the sign-in up, or let it
-    /// lie, and there is nothing to say.
+    /// The redirect. None when the attempt ended without one: the person cancelled it or let it expire, and no message
+    /// is needed.
     using Return = std::optional<QUrl>;
 
     /// Begins an attempt and resumes with its first redirect; with an error when no browser could be opened.
     QCoro::Task<Outcome<Return>> authenticate(QUrl url, QString callbackScheme);
 
-    /// Resumes with the next redirect of the attempt, which may have come already, or may be over.
+    /// Resumes with the attempt's next redirect, which may already have arrived; with none when the attempt is over.
     QCoro::Task<Return> nextCallback();
 
-    /// Takes a URL the desktop handed to the program, and says whether an attempt waits for such a redirect. Any other
-    /// URL is ignored; so is a redirect that was delivered twice.
+    /// Handles a URL that the desktop passed to the program; returns whether an attempt waits for such a redirect.
+    /// Other URLs and repeated redirects are ignored.
     bool handleCallback(const QUrl &url);
 
     /// Ends the attempt under way, if any.
