@@ -12,7 +12,7 @@ struct Account
     QString name;
     QString email;
     AuthProvider provider = AuthProvider::google;
-    /// The plan's display name.
+    /// The plan's name as it is shown.
     QString plan;
 
     friend bool operator==(const Account &, const Account &) = default;

@@ -46,7 +46,7 @@ std::optional<std::int64_t> Alert::responseWindowMinutes() const
     if (!expiresAt)
         return std::nullopt;
     const double minutes = std::round((*expiresAt - at).count() / 60.0);
-    // 2^63 is the first double beyond the range; -2^63 itself still fits.
+    // 2^63 is the first double outside the range; -2^63 itself is inside.
     constexpr double beyond = 9'223'372'036'854'775'808.0;
     check(std::isfinite(minutes) && minutes >= -beyond && minutes < beyond,
           "the response window is not a number of minutes");

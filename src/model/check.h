@@ -2,8 +2,8 @@
 
 namespace pingwell {
 
-/// Stops the program with `message` on standard error. For broken assumptions of our own, in release builds too;
-/// nothing that comes from the network, the keyring, the bus or a file may lead here.
+/// Stops the program with `message` on standard error, in release builds too. For bugs of ours only: data from the
+/// network, the keyring, the bus or a file must never lead to this call.
 [[noreturn]] void fatal(const char *message);
 
 /// Stops the program with `message` unless `assumption` holds.

@@ -7,7 +7,7 @@
 
 namespace pingwell {
 
-/// A device of the person's on which a client is registered.
+/// A device on which the person has registered a client.
 struct Device
 {
     QString id;

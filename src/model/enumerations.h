@@ -6,35 +6,35 @@
 
 namespace pingwell {
 
-/// How much an alert asks for attention; ordered, silent being the least.
+/// The priority of an alert, ascending; silent is the lowest.
 enum class Priority { silent, normal, high, critical };
 
-/// Whether an alert only tells something or waits for an answer.
+/// Whether an alert is a notice, which only informs, or an ask, which waits for an answer.
 enum class AlertKind { notify, ask };
 
-/// How an ask is answered: by one of its actions, or by free text.
+/// How an ask is answered: by choosing one of its actions, or by text.
 enum class AnswerType { choice, text };
 
 /// What the service does when nobody answers an ask in time: expire it, continue with its first option, or
 /// escalate it to the workspace's admins.
 enum class TimeoutAction { expire, default_, escalate };
 
-/// What the person may do in a workspace, from the most to the least.
+/// The person's role in a workspace, from the most rights to the fewest.
 enum class WorkspaceRole { owner, admin, member, viewer };
 
-/// A workspace of one's own, or one shared with others.
+/// A personal workspace, or a team's.
 enum class WorkspaceKind { personal, team };
 
-/// Whether a member has joined or only been invited.
+/// Whether a member has joined the workspace or is only invited.
 enum class MemberStatus { active, invited };
 
-/// The system a registered device runs.
+/// The operating system of a registered device.
 enum class DevicePlatform { android, macos, windows, ios, linux_, web };
 
-/// Who vouches for the person at sign-in.
+/// The identity provider of a sign-in.
 enum class AuthProvider { google, github };
 
-/// The managed cloud service, or a server of the person's own.
+/// The managed cloud service, or a self-hosted server.
 enum class ServerKind { cloud, selfHosted };
 
 /// The sections of the main window, in sidebar order.

@@ -4,19 +4,19 @@
 
 namespace pingwell {
 
-/// What this program is called where names must be unique: on the session bus, in the names of its desktop entry, its
-/// preferences and its keyring item (Desktop Entry Specification, file naming). It never changes: what a person's
-/// desktop remembers of the program hangs on it.
+/// The program's identifier wherever names must be unique: its name on the session bus, its desktop entry, its
+/// preferences and its keyring item (Desktop Entry Specification, file naming). It never changes, because the desktop
+/// stores the person's choices for the program under it.
 inline constexpr QLatin1StringView programID("com.pingwell.mac");
 
 /// The file name of the program's desktop entry.
 inline constexpr QLatin1StringView desktopEntryFile("com.pingwell.mac.desktop");
 
-/// The program's place on a bus it serves (Desktop Entry Specification, D-Bus activation).
+/// The program's object path on the session bus (Desktop Entry Specification, D-Bus activation).
 inline constexpr QLatin1StringView programBusPath("/com/pingwell/mac");
 
-/// Suites of the two modes of automated tests: beside the person's program they have a name and preferences of their
-/// own.
+/// Suites of the two modes of automated tests. A test has its own bus name and preferences, so that it can run beside
+/// the person's program.
 inline constexpr QLatin1StringView uiTestID("com.pingwell.mac.uitest");
 inline constexpr QLatin1StringView liveUITestID("com.pingwell.mac.uitest-live");
 

@@ -6,10 +6,10 @@ namespace pingwell {
 
 using Seconds = std::chrono::duration<double>;
 
-/// An absolute point in time; fractions of a millisecond survive.
+/// An absolute point in time, with fractions of a millisecond.
 using Instant = std::chrono::sys_time<Seconds>;
 
-/// The instant that lies `milliseconds` after 1970-01-01T00:00:00Z, as instants travel on the wire.
+/// The instant `milliseconds` after 1970-01-01T00:00:00Z. The service sends instants in this form.
 constexpr Instant instantFromMilliseconds(double milliseconds)
 {
     return Instant(Seconds(milliseconds / 1000.0));

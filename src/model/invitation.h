@@ -12,7 +12,7 @@ namespace pingwell {
 /// An invitation addressed to the signed-in person.
 struct Invitation
 {
-    /// Names the invitation when it is accepted or declined.
+    /// The id to accept or decline the invitation with.
     QString token;
     QString workspaceName;
     WorkspaceRole role = WorkspaceRole::member;

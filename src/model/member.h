@@ -9,7 +9,7 @@
 
 namespace pingwell {
 
-/// A person in a workspace, or one invited to it.
+/// A person who belongs to a workspace or is invited to it.
 struct Member
 {
     QString id;
@@ -18,7 +18,7 @@ struct Member
     WorkspaceRole role = WorkspaceRole::member;
     MemberStatus status = MemberStatus::active;
     std::optional<Instant> invitedAt;
-    /// The row is the signed-in person.
+    /// Whether the member is the signed-in person.
     bool isYou = false;
 
     friend bool operator==(const Member &, const Member &) = default;

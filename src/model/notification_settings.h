@@ -7,12 +7,12 @@ namespace pingwell {
 /// When and how the person is notified.
 struct NotificationSettings
 {
-    /// Kept on this machine; the service does not know it.
+    /// Stored on this machine; the service does not know it.
     bool quietHoursEnabled = false;
     /// Times of day, "HH:mm" on the 24-hour clock.
     QString quietFrom = QStringLiteral("22:00");
     QString quietTo = QStringLiteral("07:00");
-    /// The daily digest e-mail.
+    /// Whether the person gets a daily e-mail with a summary.
     bool digest = true;
     bool sound = true;
 

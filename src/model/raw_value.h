@@ -9,7 +9,7 @@
 
 namespace pingwell {
 
-/// One case of an enumeration and the word it has on the wire and in the preferences.
+/// One enumerator, and its word in the service's JSON and in the preferences.
 template<typename Enumeration>
 struct RawValue
 {
@@ -17,11 +17,11 @@ struct RawValue
     QLatin1StringView word;
 };
 
-/// The cases of an enumeration in declaration order; specialised beside each enumeration.
+/// The enumerators and their words in declaration order; specialised beside each enumeration.
 template<typename Enumeration>
 inline constexpr std::array<RawValue<Enumeration>, 0> rawValues{};
 
-/// The word of a case.
+/// The word of an enumerator.
 template<typename Enumeration>
 constexpr QLatin1StringView rawValue(Enumeration value)
 {
@@ -32,7 +32,7 @@ constexpr QLatin1StringView rawValue(Enumeration value)
     return {};
 }
 
-/// The case whose word is exactly `word`; none for any other text.
+/// The enumerator whose word is exactly `word`; none for any other text.
 template<typename Enumeration>
 std::optional<Enumeration> fromRawValue(QStringView word)
 {
@@ -43,7 +43,7 @@ std::optional<Enumeration> fromRawValue(QStringView word)
     return std::nullopt;
 }
 
-/// All cases in declaration order.
+/// All enumerators in declaration order.
 template<typename Enumeration>
 constexpr auto allCases()
 {

@@ -10,13 +10,13 @@ namespace pingwell {
 /// An ask that can still be answered.
 struct Waiting
 {
-    /// Seconds left; positive infinity when the ask has no deadline.
+    /// Seconds until the deadline; positive infinity when the ask has no deadline.
     double remaining = 0;
 
     friend bool operator==(const Waiting &, const Waiting &) = default;
 };
 
-/// An ask that has its answer.
+/// An ask that was answered.
 struct Answered
 {
     QString text;
@@ -24,7 +24,7 @@ struct Answered
     friend bool operator==(const Answered &, const Answered &) = default;
 };
 
-/// An ask whose time ran out before an answer came.
+/// An ask whose deadline passed before an answer arrived.
 struct TimedOut
 {
     friend bool operator==(const TimedOut &, const TimedOut &) = default;

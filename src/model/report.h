@@ -4,8 +4,8 @@
 
 namespace pingwell {
 
-/// Writes one line of diagnosis to standard output, at once: "[topic] line". Nothing that a person or a server said
-/// goes into it. Any thread.
+/// Writes one diagnostic line to standard output and flushes it: "[topic] line". Callers must not pass texts that a
+/// person or a server wrote. Any thread.
 void report(const char *topic, const QString &line);
 
 } // namespace pingwell

@@ -5,7 +5,7 @@
 
 namespace pingwell {
 
-/// A message shown for a few seconds. Two toasts with the same text are still two.
+/// A message shown for a few seconds. Two toasts with the same text are different toasts.
 struct Toast
 {
     QString message;

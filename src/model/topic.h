@@ -9,17 +9,17 @@
 
 namespace pingwell {
 
-/// A named stream of alerts within a workspace.
+/// A named category of a workspace's alerts.
 struct Topic
 {
     QString id;
     QString workspaceId;
     QString name;
-    /// Alerts below it are not surfaced.
+    /// Alerts of a lower priority are not shown.
     Priority minPriority = Priority::normal;
     bool quietHours = false;
     bool muted = false;
-    /// None: the workspace's.
+    /// None where the workspace's value applies.
     std::optional<std::int64_t> responseTimeoutMinutes;
 
     friend bool operator==(const Topic &, const Topic &) = default;

@@ -11,7 +11,7 @@ namespace pingwell {
 /// Whether a workspace of that kind may use the action: only a team has admins to escalate to.
 [[nodiscard]] bool isAllowed(TimeoutAction action, WorkspaceKind kind);
 
-/// A place alerts are posted to, with the signed-in person's role in it.
+/// A place to which agents post alerts, with the signed-in person's role in it.
 struct Workspace
 {
     QString id;
@@ -27,7 +27,7 @@ struct Workspace
     /// Whether the person may change the workspace and its members.
     [[nodiscard]] bool canManage() const { return role == WorkspaceRole::owner || role == WorkspaceRole::admin; }
 
-    /// The stored action, except that escalating means expiring where there is nobody to escalate to.
+    /// The stored action; in a workspace without admins, escalating is replaced by expiring.
     [[nodiscard]] TimeoutAction effectiveTimeoutAction() const;
 };
 
