@@ -32,7 +32,7 @@ QHash<QString, int> looksOf(const QStringList &labels)
 
 QStringList choiceLabels(const QStringList &actions)
 {
-    // Together no more than layout can take, however many there are.
+    // All labels together stay within what text layout can handle, however many there are.
     const qsizetype longest = std::max(displayLineLength, fullDisplayLength / std::max<qsizetype>(actions.size(), 1));
     QStringList labels;
     labels.reserve(actions.size());
@@ -50,7 +50,7 @@ QStringList choiceLabels(const QStringList &actions)
     }
     if (looksOf(told).size() == told.size())
         return told;
-    // One of them is worded like another one with its number. With a number each, no two can look the same.
+    // One label equals another label with its number. With a number on every label, all of them differ.
     for (qsizetype position = 0; position < labels.size(); ++position)
         told[position] = withNumber(labels.at(position), position);
     return told;

@@ -5,9 +5,9 @@
 
 namespace pingwell {
 
-/// How the answers that an ask offers read, in order and equally many: each whole, on one line, up to 64,000 units
-/// together or 300 each. A person can tell any two of them apart: those that look the same carry their number, and one
-/// of which nothing can be seen is called by it ("Choice 2").
+/// The labels of an ask's choices, in order, one for each choice. Each is whole and on one line, up to 64,000 units for
+/// all together or 300 each. No two labels look the same: choices that look the same get their number, and a choice
+/// without a visible character is named after its number ("Choice 2").
 [[nodiscard]] QStringList choiceLabels(const QStringList &actions);
 
 } // namespace pingwell

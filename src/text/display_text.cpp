@@ -12,9 +12,9 @@ constexpr char16_t firstStrongIsolate = u'\u2068';
 constexpr char16_t popIsolate = u'\u2069';
 constexpr char16_t ellipsis = u'\u2026';
 constexpr qsizetype longestNewlineRun = 3;
-/// Unseen, and as wide as a letter.
+/// Blank characters that are as wide as a letter.
 constexpr char16_t wideBlanks[]{u'\u2800', u'\u3164', u'\uFFA0'};
-/// A text that begins with more than this that cannot be seen is not read further.
+/// A text that begins with more invisible units than this is not searched further.
 constexpr qsizetype longestUnseenRun = fullDisplayLength;
 constexpr qsizetype searchedUnitsPerShownUnit = 16;
 
@@ -23,7 +23,7 @@ bool isControl(char16_t unit)
     return (unit < 0x20 && unit != u'\n' && unit != u'\t') || (unit >= 0x7F && unit <= 0x9F);
 }
 
-/// Marks that change the order of what is read, or that cannot be seen at all.
+/// Invisible characters, and characters that change the direction of the text.
 bool isInvisible(char16_t unit)
 {
     return (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069) || unit == 0x200B ||
@@ -38,7 +38,7 @@ struct CharacterRange
     char32_t last;
 };
 
-/// What leaves no mark on the screen besides white space and control characters: Unicode's Default_Ignorable_Code_Point
+/// The characters besides white space and control characters that draw nothing: Unicode's Default_Ignorable_Code_Point
 /// (DerivedCoreProperties.txt), the empty Braille cell, and the marks of annotations and objects.
 constexpr CharacterRange unseen[]{
     {0x00AD, 0x00AD}, {0x034F, 0x034F}, {0x061C, 0x061C}, {0x115F, 0x1160},   {0x17B4, 0x17B5},   {0x180B, 0x180F},
@@ -54,7 +54,7 @@ bool isUnseen(char32_t character)
     });
 }
 
-/// The character that begins at `at`, and how many units it has.
+/// The character that begins at `at`, and its length in units.
 std::pair<char32_t, qsizetype> characterAt(const QString &text, qsizetype at)
 {
     if (text.at(at).isHighSurrogate() && at + 1 < text.size() && text.at(at + 1).isLowSurrogate())
@@ -62,7 +62,7 @@ std::pair<char32_t, qsizetype> characterAt(const QString &text, qsizetype at)
     return {text.at(at).unicode(), 1};
 }
 
-/// Where the first character stands that can be seen; the length of `text` where there is none.
+/// The position of the first visible character; the length of `text` where there is none.
 qsizetype firstSeen(const QString &text)
 {
     for (qsizetype at = 0; at < std::min(text.size(), longestUnseenRun);) {
@@ -79,14 +79,14 @@ bool isSpace(char16_t unit)
     return unit == u' ' || unit == u'\n' || unit == u'\t' || (unit > 0x7F && QChar(unit).isSpace());
 }
 
-/// Whether a line may not be broken before `unit`: it continues the character before it.
+/// Whether a line must not be broken before `unit`, because `unit` belongs to the character before it.
 bool continuesCharacter(char16_t unit, char16_t previous)
 {
     return QChar::isLowSurrogate(unit) || unit == zeroWidthJoiner || previous == zeroWidthJoiner ||
            QChar(unit).isMark();
 }
 
-/// Whether `raw` can be shown as it is; most texts can, and then nothing is copied.
+/// Whether `raw` can be shown unchanged. Most texts can, and are not copied.
 bool isClean(const QString &raw)
 {
     qsizetype run = 0;
@@ -101,7 +101,7 @@ bool isClean(const QString &raw)
     return true;
 }
 
-/// `text` cut to `length` units, never through a surrogate pair.
+/// `text` cut to `length` units, never inside a surrogate pair.
 QString cut(const QString &text, qsizetype length)
 {
     if (length > 0 && text.at(length - 1).isHighSurrogate())
@@ -134,7 +134,7 @@ private:
             m_run = 0;
             return;
         }
-        // Somebody who joins characters without end gets one broken all the same, though not inside a surrogate pair.
+        // An endless chain of joined characters is broken, too, but never inside a surrogate pair.
         const bool mayBreak =
             !continuesCharacter(unit, m_previous) || (m_run >= 2 * longestUnbrokenRun && !QChar::isLowSurrogate(unit));
         if (m_run >= longestUnbrokenRun && mayBreak) {
@@ -162,7 +162,7 @@ bool readsRightToLeft(const QString &text)
 
 DisplayText displayText(const QString &raw, qsizetype maximumLength)
 {
-    // Millions of invisible characters would hold the screen up and show nothing.
+    // The search is bounded: millions of invisible characters would block the screen and show nothing.
     if (const qsizetype longest = searchedUnitsPerShownUnit * maximumLength; raw.size() > longest)
         return {displayText(raw.left(longest), maximumLength).text, true};
     if (firstSeen(raw) == raw.size())
@@ -180,7 +180,8 @@ DisplayText displayText(const QString &raw, qsizetype maximumLength)
 
 QString displayLine(const QString &raw, qsizetype maximumLength)
 {
-    // Twice the room, for the white space that goes. What comes before the first visible character takes none.
+    // Twice the length, because white space is removed afterwards. Invisible characters at the beginning are skipped
+    // and not counted.
     const qsizetype start = firstSeen(raw);
     QString text = displayText(start == 0 ? raw : raw.sliced(start), 2 * maximumLength).text;
     for (const char16_t blank : wideBlanks)

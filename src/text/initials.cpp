@@ -7,7 +7,7 @@ namespace pingwell {
 
 namespace {
 
-/// What the eye takes for the first letter: an accent written separately belongs to it.
+/// The first letter with the accents that are encoded as separate characters after it.
 QString firstLetter(const QString &word)
 {
     QTextBoundaryFinder letters(QTextBoundaryFinder::Grapheme, word);

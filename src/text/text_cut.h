@@ -4,12 +4,12 @@
 
 namespace pingwell {
 
-// Texts cut to a length; what a person sees as one character is never split (Unicode UAX #29).
+// Functions that cut a text to a length. They never split what a person sees as one character (Unicode UAX #29).
 
-/// The first `count` of the text's characters, as a person counts them.
+/// The first `count` characters of the text, as a person counts them.
 [[nodiscard]] QString firstCharacters(const QString &text, qsizetype count);
 
-/// The text without the characters at its end that reach beyond `units` UTF-16 units.
+/// The text without the characters that extend beyond `units` UTF-16 units.
 [[nodiscard]] QString withinUnits(const QString &text, qsizetype units);
 
 } // namespace pingwell

@@ -6,8 +6,7 @@ namespace pingwell {
 
 namespace {
 
-/// `value` truncated towards zero, as decimal text. The double prints whole numbers of any size, so that no input can
-/// overflow an integer.
+/// `value` truncated towards zero, as decimal text. Printing the double avoids an integer overflow for huge values.
 QString wholeText(double value)
 {
     return QString::number(std::trunc(value), 'f', 0);
@@ -44,7 +43,7 @@ QString durationText(std::int64_t minutes)
 QString shortAge(Instant at, Instant now)
 {
     const double interval = (now - at).count();
-    // Written so that a value that is not a number also reads as now.
+    // The comparison is written so that NaN reads as "now", too.
     if (!(interval >= 60))
         return QStringLiteral("now");
     if (interval < 3600)
