@@ -4,7 +4,7 @@
 
 namespace pingwell {
 
-/// How the desktop wants programs to look. Main thread.
+/// The desktop's preferences for how programs look. Main thread.
 class Appearance : public QObject
 {
     Q_OBJECT

@@ -7,37 +7,37 @@
 
 namespace pingwell {
 
-/// How an operation on the keychain ended.
+/// The result of an operation on the keychain.
 enum class KeychainStatus {
     success,
-    /// The keychain answered that there is no such item.
+    /// The keychain answered, and it has no such item.
     itemNotFound,
-    /// The item exists, or may exist, behind a lock.
+    /// The item exists, or may exist, but it is locked.
     locked,
-    /// There is no keychain to ask, or not yet, or it refused.
+    /// There is no keychain, it is not running yet, or it refused the call.
     unavailable,
 };
 
-/// What a look-up found; `data` is empty unless the status is success.
+/// The result of a look-up; `data` is empty unless the status is success.
 struct KeychainItem
 {
     KeychainStatus status = KeychainStatus::unavailable;
     QByteArray data;
 };
 
-/// Generic-password items of the system's secret store, each named by its service and account. The calls block, but
-/// none except `unlock` waits for the person; one thread at a time, never the main one.
+/// Generic-password items of the system's secret store, each named by its service and account. Every call blocks, but
+/// only `unlock` waits for the person. One thread at a time, never the main thread.
 class Keychain
 {
 public:
     virtual ~Keychain() = default;
 
     virtual KeychainItem copyMatching(const QString &service, const QString &account) = 0;
-    /// Adds the item, or replaces its data.
+    /// Adds the item or replaces its data.
     virtual KeychainStatus store(const QString &service, const QString &account, const QByteArray &data) = 0;
     virtual KeychainStatus remove(const QString &service, const QString &account) = 0;
-    /// Asks the person to open the keychain where it is locked, or waits until one that is still starting answers;
-    /// returns when it is open, when the person refused, or soon after `stop`.
+    /// Asks the person to unlock a locked keychain, or waits until a keychain that is still starting answers. Returns
+    /// when it is unlocked, when the person refused, or soon after `stop`.
     virtual KeychainStatus unlock(std::stop_token stop) = 0;
 };
 

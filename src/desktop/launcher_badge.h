@@ -10,7 +10,7 @@ class LauncherBadge
 public:
     virtual ~LauncherBadge() = default;
 
-    /// Shows `count`; 0 or less takes the badge away. Costs nothing where no launcher shows badges.
+    /// Shows `count`; 0 or less removes the badge. Does nothing where no launcher shows badges.
     virtual void setCount(qsizetype count) = 0;
 };
 

@@ -30,7 +30,8 @@ void offerLaunchAtLoginOnce(const std::shared_ptr<LoginItem> &item, Preferences 
     if (preferences.boolean(offeredKey).value_or(false) || !item->isProgramInstalled())
         return;
     preferences.setBoolean(offeredKey, true);
-    // Not before: who was killed in between would offer it again to a person who has switched it off by then.
+    // Only when the offer is on the disk: after a kill in between, the next start would switch it on again, although
+    // the person may have switched it off.
     preferences.whenWritten([item](bool) { setLaunchAtLogin(*item, true); });
 }
 

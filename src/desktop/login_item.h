@@ -9,36 +9,36 @@
 
 namespace pingwell {
 
-/// What the desktop would do with the program at the next log-in.
+/// Whether the desktop starts the program at the next log-in.
 enum class LoginItemStatus { notRegistered, enabled, requiresApproval, notFound };
 
-/// The desktop's way to start this program when the person logs in. Main thread.
+/// How the desktop starts this program when the person logs in. Main thread.
 class LoginItem
 {
 public:
     virtual ~LoginItem() = default;
 
-    /// Both return what went wrong, in words; none when all went well.
+    /// Both return an error message; none on success.
     [[nodiscard]] virtual std::optional<QString> registerProgram() = 0;
     [[nodiscard]] virtual std::optional<QString> unregisterProgram() = 0;
 
     [[nodiscard]] virtual LoginItemStatus status() const = 0;
 
-    /// Opens the place where the person consents, on a desktop that asks for consent.
+    /// Opens the place where the person agrees to it, on a desktop that requires their agreement.
     virtual void openSettings() {}
 
-    /// Whether the program runs from where programs are installed, not from a download or a build folder.
+    /// Whether the program runs from an installed location, not from a download or a build folder.
     [[nodiscard]] virtual bool isProgramInstalled() const = 0;
 };
 
-/// Switches starting at log-in and returns whether it is on now; a failure is written to standard output.
+/// Switches start at log-in on or off and returns whether it is on now; a failure is written to standard output.
 bool setLaunchAtLogin(LoginItem &item, bool enabled);
 
-/// Asked of the desktop each time: the person may have changed it there.
+/// Reads the state from the desktop on each call, because the person may have changed it there.
 [[nodiscard]] bool isLaunchAtLoginEnabled(const LoginItem &item);
 
-/// Switches starting at log-in on, once in the life of an installation; a program that is not installed keeps the offer
-/// for the day it is.
+/// Switches start at log-in on, once for each installation. A program that is not installed does nothing, so that the
+/// installed one can still do it.
 void offerLaunchAtLoginOnce(const std::shared_ptr<LoginItem> &item, Preferences &preferences);
 
 } // namespace pingwell

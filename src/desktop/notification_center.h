@@ -8,19 +8,19 @@
 
 namespace pingwell {
 
-/// What the desktop says about showing this program's notifications.
+/// Whether the desktop shows this program's notifications.
 enum class AuthorizationStatus {
     notDetermined,
     denied,
     authorized,
     provisional,
     ephemeral,
-    /// The desktop could not be asked.
+    /// The desktop did not answer.
     other
 };
 
-/// A desktop's notification service. Main thread; nothing but the tasks ever waits for the service, and a service that
-/// is missing or slow costs only what it was asked to show meanwhile.
+/// A desktop's notification service. Main thread. Only the tasks wait for the service; when it is missing or slow,
+/// nothing is lost except the notifications added meanwhile.
 class NotificationCenter
 {
 public:
@@ -28,10 +28,9 @@ public:
 
     virtual ~NotificationCenter() = default;
 
-    /// Asks the desktop, every time.
+    /// Reads the status from the desktop on each call.
     virtual QCoro::Task<AuthorizationStatus> authorizationStatus() = 0;
-    /// Asks the person to allow notifications, with sounds and badges, where the desktop has such a question. May
-    /// throw.
+    /// Asks the person to allow notifications, sounds and badges, where the desktop has such a dialog. May throw.
     virtual QCoro::Task<> requestAuthorization() = 0;
 
     [[nodiscard]] virtual bool canOpenSettings() const = 0;
@@ -39,14 +38,14 @@ public:
     virtual void openSettings() = 0;
 
     virtual void add(const NotificationRequest &request) = 0;
-    /// Takes back notifications, shown or on their way.
+    /// Removes notifications, shown or still being sent.
     virtual void remove(const QStringList &identifiers) = 0;
     virtual void removeAll() = 0;
-    /// The requests whose notifications an earlier run left behind, which are taken back unasked; until each is removed
-    /// or added anew, over any number of runs.
+    /// The identifiers of the notifications that an earlier run left on the screen. The centre removes those
+    /// notifications by itself; each identifier stays listed, also in later runs, until it is removed or added again.
     [[nodiscard]] virtual QStringList leftBehind() const = 0;
 
-    /// Who hears of responses; empty for nobody.
+    /// The function that receives responses; an empty one drops them.
     virtual void setResponseHandler(ResponseHandler handler) = 0;
 };
 

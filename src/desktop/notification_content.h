@@ -10,12 +10,12 @@ namespace pingwell {
 
 /// The person clicked the notification itself.
 inline const QString defaultActionIdentifier = QStringLiteral("default");
-/// The person answers by text.
+/// The person answered by text.
 inline const QString replyActionIdentifier = QStringLiteral("reply");
-/// Followed by the zero-based index of the choice the person pressed.
+/// A prefix, followed by the zero-based index of the choice that the person pressed.
 inline const QString answerActionPrefix = QStringLiteral("answer.");
 
-/// The text field behind an action.
+/// The text field of an action.
 struct NotificationTextInput
 {
     QString buttonTitle;
@@ -24,7 +24,7 @@ struct NotificationTextInput
     friend bool operator==(const NotificationTextInput &, const NotificationTextInput &) = default;
 };
 
-/// One thing to do with a notification.
+/// One action that a notification offers.
 struct NotificationAction
 {
     QString identifier;
@@ -34,7 +34,7 @@ struct NotificationAction
     friend bool operator==(const NotificationAction &, const NotificationAction &) = default;
 };
 
-/// What can be done with a notification. Two notifications that offer the same have the same category.
+/// The actions of a notification. Notifications with the same actions have the same category.
 struct NotificationCategory
 {
     QString identifier;
@@ -43,7 +43,7 @@ struct NotificationCategory
     friend bool operator==(const NotificationCategory &, const NotificationCategory &) = default;
 };
 
-/// What comes back with the person's response.
+/// Data that comes back with the person's response.
 struct NotificationPayload
 {
     QString alertId;
@@ -53,41 +53,41 @@ struct NotificationPayload
     friend bool operator==(const NotificationPayload &, const NotificationPayload &) = default;
 };
 
-/// What a notification says and how loudly. Texts are as the agents wrote them: whoever draws them cleans them.
+/// What a notification says, and how urgently. Texts are the agents' own; the code that draws them cleans them.
 struct NotificationContent
 {
     QString title;
     QString subtitle;
     QString body;
-    /// Notifications of the same thread belong together.
+    /// Notifications of one thread are grouped.
     QString threadIdentifier;
     NotificationPayload payload;
     bool sound = false;
-    /// Matters now, even to a person who does not want to be disturbed.
+    /// Shown even while the person does not want to be disturbed.
     bool timeSensitive = false;
-    /// None where there is nothing to do but to read it.
+    /// None for a notification that offers no action.
     std::optional<NotificationCategory> category;
 
     friend bool operator==(const NotificationContent &, const NotificationContent &) = default;
 };
 
-/// One notification to show; a later one of the same identifier replaces it.
+/// One notification to show. It replaces an earlier one with the same identifier.
 struct NotificationRequest
 {
     QString identifier;
     NotificationContent content;
-    /// Only changes what is still on the screen: what the person has dismissed does not come back.
+    /// Only replaces a notification that is still on the screen: one that the person dismissed does not come back.
     bool onlyReplaces = false;
 
     friend bool operator==(const NotificationRequest &, const NotificationRequest &) = default;
 };
 
-/// What the person did with a notification. That it disappeared is not a response.
+/// The person's action on a notification. A notification that disappears is not a response.
 struct NotificationResponse
 {
     NotificationPayload payload;
     QString actionIdentifier;
-    /// The typed text; none where the action came without a field.
+    /// The typed text; none for an action without a field.
     std::optional<QString> text;
     /// Lets a window take the focus (xdg-activation); empty where the desktop sent none.
     QString activationToken;

@@ -9,9 +9,10 @@
 
 namespace pingwell {
 
-/// What the program remembers between runs: a map from keys to typed values. A value read as another type than it was
-/// written in counts as absent. A change holds at once and is written behind it; one that can't be written is reported
-/// on standard output, holds for this run and is tried again. Main thread, where nothing is said.
+/// Values that the program remembers between runs: a map from keys to typed values. Reading a value as a type other
+/// than the one it was written with returns none. A change takes effect in memory at once and is written to the disk
+/// later. A change that can't be written is reported on standard output, stays in effect for this run and is written
+/// with the next attempt. Main thread, unless a function says otherwise.
 class Preferences
 {
 public:
@@ -30,18 +31,19 @@ public:
     virtual void setNumber(const QString &key, double value) = 0;
     virtual void setStrings(const QString &key, const QStringList &value) = 0;
     virtual void remove(const QString &key) = 0;
-    /// Forgets every key of the domain.
+    /// Removes every key of the domain.
     virtual void removeAll() = 0;
 
-    /// Whether all that earlier runs kept could be read.
+    /// Whether everything that earlier runs stored could be read.
     [[nodiscard]] virtual bool isWhole() const = 0;
-    /// Whether all whose writing has been tried will still be there in the next run.
+    /// Whether the last attempt to write succeeded, so that the next run will find every change it included.
     [[nodiscard]] virtual bool lasts() const = 0;
-    /// Waits, at most 2 s, until all that was changed has been written or could not be. Any thread; what must not wait
-    /// for the disk uses `whenWritten`.
+    /// Waits, at most 2 s, until every change so far has been written or its writing has failed. Any thread. Code that
+    /// must not wait for the disk uses `whenWritten`.
     virtual void flush() = 0;
-    /// Calls `then` once all that was changed so far has been written, or could not be, and says whether it lasts:
-    /// before it returns where nothing is left to write, else from the event loop, and never once this is gone.
+    /// Calls `then` when every change so far has been written or its writing has failed; `lasts` says which. Calls it
+    /// before returning when nothing is left to write, else from the event loop, and never after this object is
+    /// destroyed.
     virtual void whenWritten(std::function<void(bool lasts)> then) = 0;
 };
 

@@ -6,33 +6,33 @@
 
 namespace pingwell {
 
-/// Makes one running program serve every start. Main thread.
+/// Makes the first process of the program serve every later start. Main thread.
 class SingleInstance : public QObject
 {
     Q_OBJECT
 
 public:
     enum class Role {
-        /// This process is the program.
+        /// This process is the first one and runs the program.
         primary,
-        /// Another process is; it has been told what this start was for.
+        /// Another process runs the program and has received what this start asks for.
         handedOver,
     };
 
     using QObject::QObject;
 
-    /// Claims the role of the program, or hands `urls` (or just the wish to be seen, where there are none) to the
-    /// process that has it. Returns within a quarter of a second where another one has it, also when that one is busy.
+    /// Becomes the process that runs the program, or hands `urls` (or, without any, the request to show its window) to
+    /// the process that already does. A hand-over returns within a quarter of a second, even when that process is busy.
     /// Needs no graphical application object.
     virtual Role claim(const QList<QUrl> &urls) = 0;
-    /// Begins to pass on what later starts are for; nothing of it was lost since the claim. Needs the application
+    /// Begins to emit the signals below, starting with what later starts sent since `claim`. Needs the application
     /// object that runs the program.
     virtual void serve() {}
 
 signals:
-    /// The program was started again without a URL; `activationToken` lets the window come to the front.
+    /// A later start had no URL; `activationToken` lets the window come to the front.
     void activated(const QByteArray &activationToken);
-    /// The program was started again to open `urls`.
+    /// A later start asked to open `urls`.
     void opened(const QList<QUrl> &urls, const QByteArray &activationToken);
 };
 

@@ -7,7 +7,7 @@
 
 namespace pingwell {
 
-/// The program's place in the desktop's status area. Main thread.
+/// The program's icon in the desktop's status area. Main thread.
 class StatusItem : public QObject
 {
     Q_OBJECT
@@ -15,16 +15,17 @@ class StatusItem : public QObject
 public:
     using QObject::QObject;
 
-    /// Whether the desktop has a status area now; it may come and go.
+    /// Whether the desktop has a status area now. This can change while the program runs.
     [[nodiscard]] virtual bool isAvailable() const = 0;
 
-    /// What the item shows from now on, also when the status area only appears later. `label` is the tooltip and what a
-    /// screen reader says; a `description` stands in the tooltip below it.
+    /// Sets what the item shows; it is kept for a status area that appears later. `label` is the tooltip's title and
+    /// the text for screen readers; `description` is the tooltip's text below it.
     virtual void setContent(const QIcon &icon, const QString &label, const QString &description) = 0;
 
 signals:
     void availabilityChanged(bool available);
-    /// The item was clicked; `position` is the pointer's place on the screen, null where the desktop does not tell.
+    /// The item was clicked. `position` is the pointer's position on the screen, null where the desktop does not report
+    /// it.
     void activated(QPoint position);
     void panelRequested();
     void windowRequested();

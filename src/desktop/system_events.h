@@ -4,7 +4,7 @@
 
 namespace pingwell {
 
-/// What happens to the computer that makes the program look at the service at once. Main thread.
+/// Events of the computer after which the program asks the service for news at once. Main thread.
 class SystemEvents : public QObject
 {
     Q_OBJECT
@@ -13,9 +13,9 @@ public:
     using QObject::QObject;
 
 signals:
-    /// The computer woke from sleep.
+    /// The computer woke up.
     void wokeUp();
-    /// There is a network again after there was none.
+    /// A network is available again after there was none.
     void networkReturned();
 };
 

@@ -8,8 +8,8 @@
 
 namespace pingwell {
 
-/// Preferences of a run that is to leave nothing behind, a demo's: they live as long as the object. Nobody is promised
-/// a next run that knows them, so nothing of it counts as lost.
+/// Preferences in memory, for a run that must leave nothing behind, such as the demo. They are lost with the object;
+/// `lasts` still returns true, because nobody expects to find them again.
 class TransientPreferences : public Preferences
 {
 public:
