@@ -15,7 +15,7 @@ struct Topic
     QString id;
     QString workspaceId;
     QString name;
-    /// Alerts of a lower priority are not shown.
+    /// The service marks alerts of a lower priority as not delivered.
     Priority minPriority = Priority::normal;
     bool quietHours = false;
     bool muted = false;
