@@ -61,7 +61,7 @@ NotificationContent refusalContent(const Alert &alert, const std::optional<QStri
                                    const AnswerRefusal &refusal)
 {
     NotificationContent content = contentOf(alert, workspaceName, false);
-    // First, where a short banner can't cut it off.
+    // At the beginning, where a banner with little room does not cut it off.
     content.body = QStringLiteral("Your answer didn't go through. ") + refusal.reason + u'\n' + alert.body;
     if (!refusal.canAnswerAgain)
         content.category.reset();

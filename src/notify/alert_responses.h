@@ -4,18 +4,18 @@
 
 namespace pingwell {
 
-/// Where the person's reactions to notifications end up. Main thread.
+/// Receives the person's responses to notifications. Main thread.
 class AlertResponses
 {
 public:
     virtual ~AlertResponses() = default;
 
-    /// The person answered the alert from its notification.
+    /// The person answered the alert in its notification.
     virtual void answer(const QString &alertId, const QString &text) = 0;
 
-    /// The person wants to see the alert: select it and bring the main window forward, with the reply field focused if
-    /// `focusReply`. Without an id it is the window alone. `activationToken` lets the window take the focus
-    /// (xdg-activation); empty where there is none.
+    /// The person wants to see the alert: select it and bring the main window to the front, with the focus in the reply
+    /// field if `focusReply`. Without an id, only bring the window to the front. `activationToken` lets the window take
+    /// the focus (xdg-activation); empty where there is none.
     virtual void open(const QString &alertId, bool focusReply, const QString &activationToken) = 0;
 };
 

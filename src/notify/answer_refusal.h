@@ -4,12 +4,12 @@
 
 namespace pingwell {
 
-/// That an answer was not accepted, as the person is told.
+/// The message for the person that an answer was not accepted.
 struct AnswerRefusal
 {
-    /// Why, in whole sentences.
+    /// The reason, in whole sentences.
     QString reason;
-    /// The question still waits for an answer that this person may give.
+    /// Whether the ask still waits and this person may answer it.
     bool canAnswerAgain = false;
 
     friend bool operator==(const AnswerRefusal &, const AnswerRefusal &) = default;

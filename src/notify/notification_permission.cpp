@@ -32,7 +32,7 @@ QCoro::Task<NotificationPermission> requestPermission(std::shared_ptr<Notificati
     try {
         co_await center->requestAuthorization();
     } catch (const std::exception &) {
-        // The permission read next says all there is to say.
+        // A failure needs no report: the permission is read again below, and is all that the caller needs.
     }
     const NotificationPermission permission = co_await currentPermission(center);
     co_return permission;

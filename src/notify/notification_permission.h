@@ -9,16 +9,16 @@
 
 namespace pingwell {
 
-/// What the desktop's status means to the person.
+/// The permission that the desktop's status amounts to.
 [[nodiscard]] NotificationPermission permissionFrom(AuthorizationStatus status);
 
-/// Whether notifications are shown now; never remembered, the person may change it at any time.
+/// Reads from the desktop whether it shows notifications. Never cached, because the person may change it at any time.
 QCoro::Task<NotificationPermission> currentPermission(std::shared_ptr<NotificationCenter> center);
 
-/// Asks the person and resumes with what holds then, whatever became of the question.
+/// Asks the person for permission, then resumes with the permission that the desktop reports, even if asking failed.
 QCoro::Task<NotificationPermission> requestPermission(std::shared_ptr<NotificationCenter> center);
 
-/// Opens the desktop's notification settings where there are some.
+/// Opens the desktop's notification settings; does nothing where there are none.
 void openNotificationSettings(NotificationCenter &center);
 
 } // namespace pingwell

@@ -8,7 +8,7 @@ namespace pingwell {
 
 namespace {
 
-/// The choice behind an "answer.<index>" action; none when there is no such choice.
+/// The choice that an "answer.<index>" action stands for; none when the index is invalid.
 std::optional<QString> chosenAnswer(const NotificationResponse &response)
 {
     if (!response.actionIdentifier.startsWith(answerActionPrefix))

@@ -10,8 +10,8 @@
 
 namespace pingwell {
 
-/// Turns alerts into notifications of the desktop and what the person does with them into answers. One lives as long
-/// as the program. Main thread.
+/// Shows alerts as notifications of the desktop, and passes the person's responses on as answers. One object exists for
+/// the life of the program. Main thread.
 class UserNotifier final : public AlertNotifying
 {
 public:
@@ -19,7 +19,7 @@ public:
     ~UserNotifier() override;
     Q_DISABLE_COPY_MOVE(UserNotifier)
 
-    /// Who takes the responses; they are dropped while there is nobody.
+    /// Sets the receiver of the responses; without one they are dropped.
     void setResponses(std::weak_ptr<AlertResponses> responses);
 
     void deliver(const Alert &alert, const std::optional<QString> &workspaceName, bool sound, bool canAnswer) override;
@@ -36,7 +36,7 @@ private:
 
     std::shared_ptr<NotificationCenter> m_center;
     std::weak_ptr<AlertResponses> m_responses;
-    /// What tells of a refusal, by the alert's id; it may have been dismissed since.
+    /// The notifications that report a refusal, by the alert's id. The person may have dismissed them since.
     QMap<QString, NotificationContent> m_refusals;
 };
 
