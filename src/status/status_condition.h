@@ -6,26 +6,26 @@
 
 namespace pingwell {
 
-/// Whether what the status area counts can be relied on.
+/// Whether the status item's number is up to date.
 enum class StatusCondition {
     following,
-    /// Nobody is signed in: nothing arrives.
+    /// Nobody is signed in, so no alerts arrive.
     signedOut,
-    /// The service has not been heard properly for more than `toleratedSilence`.
+    /// The service has not answered correctly for longer than `toleratedSilence`.
     offline,
 };
 
-/// One sentence for the tooltip; empty while there is nothing to say.
+/// One sentence for the tooltip; empty while all is well.
 [[nodiscard]] QString statusDescription(StatusCondition condition);
 
-/// Follows a store's condition. A connection that fails now and then is none of the person's worries, so that it has to
-/// fail for a while first.
+/// Watches the store for that condition. A short failure of the connection is not reported: it has to last for
+/// `toleratedSilence`.
 class StatusConditionWatch
 {
 public:
     static constexpr Seconds toleratedSilence{60};
 
-    /// The condition now. To be asked at every change of the account, of the connection and of the time.
+    /// The condition now. The caller asks again whenever the account, the connection or the time changes.
     [[nodiscard]] StatusCondition look(const AppStore &store);
 
 private:

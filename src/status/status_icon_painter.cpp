@@ -11,10 +11,10 @@ namespace pingwell {
 
 namespace {
 
-/// Everything is drawn on a square of so many units.
+/// The icon is drawn in a square with sides of this many units.
 constexpr double grid = 24;
 
-/// Between the luminances of light and dark panels: at least 3:1 against white and against near-black.
+/// A grey between light and dark: its contrast is at least 3:1 against white and against near-black status areas.
 constexpr QColor bellColor(0x80, 0x86, 0x92);
 constexpr QColor groundColor(0xd6, 0x3a, 0x2f);
 constexpr QColor numberColor(0xff, 0xff, 0xff);
@@ -26,7 +26,7 @@ constexpr double digitHeight = 10 * digitScale;
 constexpr double digitWidth = 6 * digitScale;
 constexpr double digitGap = 1.3;
 
-/// The bell makes room for the number by going into the other corner.
+/// Beside a number the bell is smaller and moves to the opposite corner.
 constexpr double bellScaleBesideNumber = 0.88;
 
 QPainterPath makeBell()
@@ -46,14 +46,14 @@ QPainterPath makeBell()
     return path.united(crown).united(clapper);
 }
 
-/// Joined once: that costs more than drawing it in all sizes.
+/// United only once, because uniting the paths costs more than drawing every size.
 const QPainterPath &bell()
 {
     static const QPainterPath path = makeBell();
     return path;
 }
 
-/// What fits beside the bell; the exact number is in the label.
+/// The number as it fits beside the bell; the label has the exact number.
 QString shortNumber(qsizetype count)
 {
     return count > 9 ? QStringLiteral("9+") : QString::number(count);
@@ -64,7 +64,7 @@ double widthOf(const QString &text)
     return double(text.size()) * (digitWidth + digitGap) - digitGap;
 }
 
-/// The number's ground, in the lower right corner.
+/// The filled shape behind the number, in the lower right corner.
 QRectF groundFor(const QString &text)
 {
     const double width = std::max(groundHeight, widthOf(text) + 2 * groundPadding);
@@ -74,7 +74,7 @@ QRectF groundFor(const QString &text)
 void drawNumber(QPainter &painter, const QString &text)
 {
     const QRectF ground = groundFor(text);
-    // The gap around the ground keeps bell and number apart at the smallest sizes.
+    // A transparent gap keeps the bell and the number apart at the smallest sizes.
     painter.setPen(Qt::NoPen);
     painter.setBrush(groundColor);
     painter.setCompositionMode(QPainter::CompositionMode_Clear);
@@ -92,7 +92,7 @@ void drawNumber(QPainter &painter, const QString &text)
     }
 }
 
-/// A line from corner to corner, in a gap of its own.
+/// A diagonal line with a transparent gap around it.
 void drawSlash(QPainter &painter)
 {
     const QLineF slash(4, 3, 20, 21);
@@ -114,7 +114,7 @@ void drawBell(QPainter &painter, StatusCondition condition)
         drawSlash(painter);
 }
 
-/// The bell makes room for the number.
+/// Draws the bell smaller and moved, to leave room for the number.
 void drawAside(QPainter &painter, StatusCondition condition)
 {
     painter.save();

@@ -7,13 +7,13 @@
 
 namespace pingwell {
 
-/// The status area's icon for a number of waiting asks: a bell and, while something waits, the number on a filled
-/// ground, up to 9 and then "9+". While nobody is signed in the bell is an outline, and while the service is out of
-/// reach a line crosses it. It is read on light and dark panels alike, since no desktop says which its panel is. Holds
-/// pixmaps for the sizes panels ask for, 16 to 64 pixels.
+/// The status item's icon for a number of waiting asks: a bell, and while asks wait, their number on a filled shape, up
+/// to 9 and then "9+". The bell is an outline while nobody is signed in, and has a line across it while the service
+/// can't be reached. The colours are readable on light and dark status areas, because no desktop reports which one it
+/// has. Holds pixmaps of 16 to 64 pixels, the sizes that status areas request.
 [[nodiscard]] QIcon statusIcon(qsizetype count, StatusCondition condition);
 
-/// One of its pixmaps, `size` pixels wide and high.
+/// The icon's pixmap that is `size` pixels wide and high.
 [[nodiscard]] QPixmap statusPixmap(qsizetype count, StatusCondition condition, int size);
 
 } // namespace pingwell
