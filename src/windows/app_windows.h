@@ -14,12 +14,12 @@ class AppWindows : public QObject
 public:
     using QObject::QObject;
 
-    /// Shows the main window, or brings it forward. `activationToken` is what the desktop gave for that wish (XDG
-    /// Activation); empty where there is none.
+    /// Shows the main window, or brings it to the front. `activationToken` comes from the desktop with the person's
+    /// request (XDG Activation); empty where there is none.
     virtual void showMain(const QByteArray &activationToken) = 0;
-    /// Shows the panel, near `position` where the desktop lets a program choose.
+    /// Shows the panel, near `position` where the desktop lets programs place windows.
     virtual void showPanel(QPoint position) = 0;
-    /// The status item was clicked: shows the panel, or hides it.
+    /// Handles a click on the status item: shows the panel, or hides it.
     virtual void togglePanel(QPoint position) = 0;
 
 signals:

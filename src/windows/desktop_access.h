@@ -7,7 +7,7 @@
 
 namespace pingwell {
 
-/// What the windows show and change of the desktop itself. Each is null where the program leaves it alone.
+/// The settings of the desktop that the windows show and change. Each is null in a mode that must not change it.
 struct DesktopAccess
 {
     std::unique_ptr<NotificationAccess> notifications = nullptr;

@@ -11,13 +11,13 @@ namespace pingwell {
 namespace {
 
 constexpr QSize defaultSize(1080, 680);
-// The sidebar, the list and an alert beside each other, nothing squeezed.
+// Wide enough for the sidebar, the list and an alert side by side.
 constexpr QSize smallestSize(880, 560);
 const QString frameKey = QStringLiteral("pingwell.window.frame");
 const QString sidebarWidthKey = QStringLiteral("pingwell.window.sidebarWidth");
 constexpr const char *sidebarWidthProperty = "sidebarWidth";
 
-/// 0 when none is remembered; the screen keeps any other one within its limits.
+/// The remembered width; 0 when none is remembered. The screen limits any other value itself.
 int rememberedSidebarWidth(const Preferences *preferences)
 {
     const double width = preferences ? preferences->number(sidebarWidthKey).value_or(0) : 0;
@@ -67,7 +67,7 @@ void MainWindow::restoreFrame()
 
 void MainWindow::saveFrame()
 {
-    // A maximised or full-screen window's size is the desktop's, not the person's.
+    // The size of a maximised or full-screen window is chosen by the desktop, so it is not remembered.
     if (m_preferences && windowStates() == Qt::WindowNoState)
         m_preferences->setString(frameKey, windowFrameText(geometry()));
 }

@@ -10,15 +10,16 @@
 
 namespace pingwell {
 
-/// The main window: sign-in, loading or everything. Comes back where and as large as it was left, its sidebar as wide,
-/// where the desktop lets a program choose and there are preferences to remember it in.
+/// The main window: the sign-in screen, the loading screen or the whole program. Where the desktop lets programs place
+/// windows, and there are preferences to remember them in, it opens with the position, size and sidebar width it had
+/// last.
 class MainWindow final : public QQuickView
 {
     Q_OBJECT
 
 public:
-    /// `store` and what `desktop` holds outlive the window. With `popoverPreview` it shows the panel's content too, so
-    /// that tests can reach that in an ordinary window.
+    /// `store` and the objects in `desktop` outlive the window. With `popoverPreview` the window also shows the panel's
+    /// content, so that tests can reach it in an ordinary window.
     MainWindow(QQmlEngine *engine, AppStore *store, const DesktopAccess &desktop, bool popoverPreview,
                std::shared_ptr<Preferences> preferences);
     ~MainWindow() override;

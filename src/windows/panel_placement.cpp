@@ -6,7 +6,7 @@ namespace pingwell {
 
 namespace {
 
-/// Between the panel and the pointer, and between the panel and the screen's edges.
+/// The distance between the panel and the pointer, and between the panel and the screen's edges.
 constexpr int gap = 8;
 
 int within(int wanted, int low, int high)

@@ -6,9 +6,9 @@
 
 namespace pingwell {
 
-/// The top left corner of a panel of `size` that belongs to a click at `pointer`: centred over or under it, on the side
-/// where there is room, and wholly within `available`, the part of the screen that no bar covers. A panel larger than
-/// that shows its top left.
+/// The top left corner of a panel of `size` for a click at `pointer`: centred above or below the pointer, on the side
+/// with more room, and inside `available`, the part of the screen that no bar covers. Of a panel larger than that the
+/// top left is visible.
 [[nodiscard]] QPoint panelPosition(QPoint pointer, const QRect &available, QSize size);
 
 } // namespace pingwell

@@ -5,28 +5,28 @@
 
 namespace pingwell {
 
-/// Decides when the panel shows and hides; a window does what it says. Knows no window and no clock of its own, so that
-/// the rules can be tested without either.
+/// The rules for showing and hiding the panel; the window carries out what they return. It uses neither a window nor a
+/// clock of its own, so that tests need neither.
 class PanelVisibility
 {
 public:
     using TimePoint = std::chrono::steady_clock::time_point;
 
-    /// The click that takes the focus from the panel arrives after the focus is gone; within this time it means
-    /// "close", not "open again".
+    /// A click on the status item takes the focus from the panel before the click itself arrives. Within this time
+    /// after the panel was hidden, the click means "close", not "open again".
     static constexpr std::chrono::milliseconds reopenGuard{250};
 
     [[nodiscard]] bool isVisible() const { return m_visible; }
 
-    /// A click on the status item: whether the panel is to be visible from now on.
+    /// Handles a click on the status item; returns whether the panel has to be visible from now on.
     [[nodiscard]] bool clicked(TimePoint now);
 
     void shown();
     void hidden();
-    /// The panel has the focus.
+    /// Notes that the panel has the focus.
     void activated();
-    /// The panel lost the focus: whether it is to hide. A panel that never had the focus stays (some desktops give it
-    /// late), and so does one in which an unsent reply is being written.
+    /// Notes that the panel lost the focus; returns whether it has to hide. A panel that never had the focus stays,
+    /// because some desktops give it late. So does a panel with an unsent reply.
     [[nodiscard]] bool deactivated(TimePoint now, bool hasUnsentReply);
 
 private:

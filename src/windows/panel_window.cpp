@@ -20,7 +20,7 @@ namespace {
 
 constexpr int panelWidth = 340;
 
-/// On Wayland the compositor places every window, and tiling ones tile what looks like a tool.
+/// A Wayland compositor places every window itself, and tiling compositors tile windows of the type Tool.
 bool placesOwnWindows()
 {
     return !QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
@@ -38,7 +38,7 @@ const QScreen *screenAt(QPoint position, const QScreen *otherwise)
     return screen ? screen : otherwise;
 }
 
-/// Lets `item` and all in it take their sizes now instead of at the first frame.
+/// Computes the size of `item` and its children now instead of before the first frame.
 void layOut(QQuickItem *item)
 {
     const QList<QQuickItem *> children = item->childItems();
@@ -67,14 +67,14 @@ PanelWindow::PanelWindow(QQmlEngine *engine, AppStore *store)
 {
     setTitle(QStringLiteral("Pingwell"));
     setFlags(panelFlags());
-    // The corners are round.
+    // Transparent outside the round corners.
     setColor(Qt::transparent);
     setResizeMode(QQuickView::SizeRootObjectToView);
     setInitialProperties({{QStringLiteral("store"), QVariant::fromValue(store)}});
     setSource(screenSource(QStringLiteral("PopoverView")));
     connect(rootObject(), SIGNAL(openMainRequested()), this, SIGNAL(openMainRequested()));
     connect(rootObject(), SIGNAL(quitRequested()), this, SIGNAL(quitRequested()));
-    // On the next turn: one change of what is shown changes the height more than once.
+    // Queued, because one change of the content changes the height more than once.
     connect(rootObject(), SIGNAL(implicitHeightChanged()), this, SLOT(fit()), Qt::QueuedConnection);
     connect(rootObject(), SIGNAL(isInUseChanged()), this, SLOT(fit()), Qt::QueuedConnection);
     connect(this, &QWindow::activeChanged, this, &PanelWindow::noteActive);
@@ -122,15 +122,15 @@ void PanelWindow::noteActive()
         hide();
 }
 
-/// Follows what it shows, but not while the person is about to press something in it: growing and shrinking move what
-/// stands at its end, and all of it where it stands over the status item.
+/// Adapts the height to the content, but not while the person may be about to press something: a new height moves the
+/// buttons at the panel's end, or all of them where the panel stands above the status item.
 void PanelWindow::fit()
 {
     if (m_visibility.isVisible() && !rootObject()->property("isInUse").toBool())
         place();
 }
 
-/// As high as what it shows, where the screen has the room.
+/// Gives the panel the height of its content, or of the screen if that is less.
 void PanelWindow::place()
 {
     const QRect available = screenAt(m_position, screen())->availableGeometry();
@@ -141,7 +141,7 @@ void PanelWindow::place()
     resize(size);
     if (placesOwnWindows()) {
         setPosition(panelPosition(m_position, available, size));
-        // An X server without a compositor paints what is transparent black.
+        // An X server without a compositor paints transparent pixels black.
         setMask(roundedRegion(size, rootObject()->property("radius").toReal()));
     }
 }

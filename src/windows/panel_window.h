@@ -7,8 +7,8 @@
 
 namespace pingwell {
 
-/// The panel at the status item: a frameless window of fixed width, as high as what it shows. It closes on Escape, when
-/// the status item is clicked again, and when it loses the focus, unless a reply is being written in it.
+/// The panel at the status item: a frameless window of fixed width that is as high as its content. It closes on Escape,
+/// on another click on the status item, and when it loses the focus, unless it has an unsent reply.
 class PanelWindow final : public QQuickView
 {
     Q_OBJECT
@@ -17,14 +17,14 @@ public:
     PanelWindow(QQmlEngine *engine, AppStore *store);
     ~PanelWindow() override;
 
-    /// Shows it near `position`, or near the pointer where that is null; where the desktop places windows itself, it
-    /// does.
+    /// Shows the panel near `position`, or near the pointer where `position` is null. Where the desktop places windows
+    /// itself, the position has no effect.
     void open(QPoint position);
-    /// The status item was clicked.
+    /// Handles a click on the status item.
     void toggle(QPoint position);
 
 signals:
-    /// The person wants to see the main window.
+    /// The person asked for the main window.
     void openMainRequested();
     void quitRequested();
 
@@ -42,7 +42,7 @@ private:
 
     AppStore *m_store;
     PanelVisibility m_visibility;
-    /// Where it was asked for.
+    /// The position that `open` was given.
     QPoint m_position;
 };
 

@@ -15,9 +15,9 @@ namespace pingwell {
 
 namespace {
 
-/// Everything shown works on the software renderer, which costs a fraction of the memory and start-up time of an OpenGL
-/// context and draws the same on every machine. A person who set another backend has a reason. Qt takes the choice only
-/// once.
+/// The software renderer can draw every screen, needs a fraction of the memory and start-up time of an OpenGL context,
+/// and draws the same on every machine. A backend that the person chose in the environment is kept. Qt reads this
+/// setting only once.
 void chooseRenderer()
 {
     if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND"))
@@ -52,7 +52,7 @@ QmlWindows::QmlWindows(AppStore *store, bool popoverPreview, std::shared_ptr<Pre
         {.isOnWindow = [this] { return hasFocus(m_mainWindow.get()) || hasFocus(m_panelWindow.get()); },
          .isOnAlert = [this](const QString &alertID) { return isAlertInFocus(alertID); }});
     connect(&m_letGo, &QTimer::timeout, this, &QmlWindows::letGo);
-    // The start touches much that is never needed again, too.
+    // The start of the program also uses memory that is not needed again.
     m_letGo.start();
 }
 
@@ -76,7 +76,7 @@ void QmlWindows::showPanel(QPoint position)
 
 void QmlWindows::togglePanel(QPoint position)
 {
-    // The panel takes its height from what it shows, before it is shown.
+    // The panel's content sets its height before the panel is shown.
     m_store->setWatched(true);
     panelWindow()->toggle(position);
     noteVisibility();
@@ -137,7 +137,7 @@ bool QmlWindows::isAlertInFocus(const QString &alertID) const
 
 void QmlWindows::destroyWindows()
 {
-    // Hidden first: a window that is hidden by its destruction can't remember its place any more.
+    // The window is hidden first: one that is hidden by its own destruction can no longer save its position.
     if (m_mainWindow)
         m_mainWindow->hide();
     m_panelWindow.reset();

@@ -18,14 +18,14 @@ class MainWindow;
 class PanelWindow;
 class UiEngine;
 
-/// The windows, drawn by Qt Quick. Nothing of it exists until one is first wanted, and all of it goes away some time
-/// after the last one was closed: most of the day the program is a number in the status area.
+/// The windows, drawn by Qt Quick. The engine and the windows are created when the first window is opened, and
+/// destroyed some time after the last one was closed: most of the day the program is only a status item.
 class QmlWindows final : public AppWindows
 {
     Q_OBJECT
 
 public:
-    /// How long closed windows are kept for being opened again at once.
+    /// How long closed windows are kept, so that they open again at once.
     static constexpr std::chrono::milliseconds keepClosed{30'000};
 
     /// `preferences` may be null; `store` outlives the windows.

@@ -9,7 +9,7 @@ void raiseWindow(QWindow &window, const QByteArray &activationToken)
     else
         window.show();
     window.raise();
-    // Qt takes the token from here, and only when the window is already mapped.
+    // Qt reads the token from this environment variable, and only when the window is already mapped.
     if (!activationToken.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", activationToken);
     window.requestActivate();

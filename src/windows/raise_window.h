@@ -6,7 +6,7 @@
 namespace pingwell {
 
 /// Shows `window` and asks the desktop to give it the focus. `activationToken` proves to a Wayland compositor that the
-/// person wished it (XDG Activation); empty where there is none.
+/// person requested it (XDG Activation); empty where there is none.
 void raiseWindow(QWindow &window, const QByteArray &activationToken);
 
 } // namespace pingwell

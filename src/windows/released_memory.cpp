@@ -13,14 +13,14 @@ namespace pingwell {
 
 namespace {
 
-/// A stretch of this process's addresses.
+/// A range of this process's addresses.
 struct Mapping
 {
     quintptr start = 0;
     quintptr end = 0;
 };
 
-/// Reads "start-end" where `line` describes a mapping of a program file that nobody may write to.
+/// Parses "start-end" if `line` describes a mapping of a program file that is not writable.
 Mapping programFileMapping(const QByteArray &line)
 {
     // start-end permissions offset device inode path
@@ -32,8 +32,8 @@ Mapping programFileMapping(const QByteArray &line)
     return {range.left(dash).toULongLong(nullptr, 16), range.mid(dash + 1).toULongLong(nullptr, 16)};
 }
 
-/// The read-only mappings of program files without a page of their own: letting go of them loses nothing. Relocated
-/// data is read-only too, but the process's own.
+/// The read-only mappings of program files that contain no changed page, so that the kernel can load every page from
+/// the file again. Relocated data is read-only, too, but it was changed in memory.
 QList<Mapping> cleanFileMappings()
 {
     QFile maps(QStringLiteral("/proc/self/smaps"));
@@ -61,7 +61,7 @@ void releaseUnusedMemory()
     malloc_trim(0);
 #endif
     for (const Mapping &mapping : cleanFileMappings()) {
-        // NOLINTNEXTLINE(performance-no-int-to-ptr): the kernel tells addresses as text.
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): the kernel reports addresses as text.
         madvise(reinterpret_cast<void *>(mapping.start), mapping.end - mapping.start, MADV_DONTNEED);
     }
 }

@@ -2,9 +2,9 @@
 
 namespace pingwell {
 
-/// Hands back to the system what the program no longer needs after its windows are gone: free heap, and the pages of
-/// program files that only showing windows touches. Those are as they are on disk, so the system brings back what is
-/// used again. Linux with glibc; elsewhere nothing happens. Takes some milliseconds.
+/// Returns memory to the system that the program does not need after its windows are destroyed: free heap, and pages of
+/// program files that only the windows use. The kernel loads such a page from its file again when it is used. Linux
+/// with glibc; elsewhere it does nothing. Takes some milliseconds.
 void releaseUnusedMemory();
 
 } // namespace pingwell

@@ -5,7 +5,7 @@
 
 namespace pingwell {
 
-/// Where the screen with this QML name lies in the program.
+/// The resource URL of the screen with this QML name.
 [[nodiscard]] inline QUrl screenSource(const QString &name)
 {
     return QUrl(QStringLiteral("qrc:/qt/qml/Pingwell/%1.qml").arg(name));

@@ -19,7 +19,7 @@ std::optional<QRect> windowFrameFromText(const QString &text)
     std::array<int, 4> numbers{};
     for (std::size_t index = 0; index < numbers.size(); ++index) {
         bool isNumber = false;
-        // Far beyond any screen, and safe to add.
+        // Far beyond any screen, and small enough to add without overflow.
         constexpr int limit = 1'000'000;
         numbers[index] = words.at(qsizetype(index)).toInt(&isNumber);
         if (!isNumber || numbers[index] > limit || numbers[index] < -limit)
