@@ -9,12 +9,12 @@
 
 namespace pingwell {
 
-/// What to print and be done, when the arguments ask for the version ("--version") or for help ("--help", "-h"); none
-/// when the program is to start. Every other argument is somebody else's or none at all, and is passed over.
+/// The text to print before ending, when the arguments ask for the version ("--version") or for help ("--help", "-h");
+/// none when the program has to start. Every other argument is ignored: Qt or another function may use it.
 [[nodiscard]] std::optional<QString> terminalAnswer(const QStringList &arguments, const QString &version);
 
-/// What to print when this start was handed to the running program although it asked for something which that one does
-/// not do; none when it does all that was asked.
+/// The text to print when this start was handed over to the running program although it asked for something that a
+/// running program does not do; none when the running program does all of it.
 [[nodiscard]] std::optional<QString> handOverNote(const LaunchOptions &options);
 
 } // namespace pingwell

@@ -56,14 +56,15 @@ StoreParts makeStoreParts(const std::shared_ptr<Clock> &clock, const std::shared
     };
 }
 
-/// Whether this is the person's own program, which notifies and starts at log-in; a test or a demo does neither.
+/// Whether this is the person's own program, which shows notifications and may start at log-in. A test or a demo does
+/// neither.
 bool isOwnProgram(const LaunchOptions &options)
 {
     return options.isLive() && !options.isLiveUITest;
 }
 
-/// What the person's own program makes sure of at every start: that it starts at log-in, if it was never asked not to,
-/// and that the browser finds it.
+/// Performed at each start of the person's own program: switches start at log-in on if it was never offered, and
+/// registers the program for its URL scheme, so that the browser can return to it.
 void settleIn(Preferences &preferences, const std::shared_ptr<LoginItem> &loginItem)
 {
     offerLaunchAtLoginOnce(loginItem, preferences);
@@ -81,7 +82,7 @@ std::unique_ptr<SingleInstance> makeSingleInstance(const LaunchOptions &options)
     using Kind = BusSingleInstance::Kind;
     if (BusSingleInstance::isPossible())
         return std::make_unique<BusSingleInstance>(isOwnProgram(options) ? Kind::own : Kind::liveTest);
-    // A live test has no place to keep from the person's own program.
+    // A live test does not exclude other starts where there is no session bus.
     if (!isOwnProgram(options))
         return nullptr;
     return std::make_unique<SocketSingleInstance>(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
@@ -99,7 +100,7 @@ QList<QUrl> ownURLs(const QStringList &arguments)
 
 std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstance *singleInstance)
 {
-    // The status item takes its place while the rest is being made.
+    // Made first: the status item registers with the desktop while the other parts are made.
     AppParts parts;
     constexpr qsizetype nothingWaits = 0;
     parts.statusItem = std::make_unique<StatusNotifierItem>(statusIcon(nothingWaits, StatusCondition::following),
@@ -134,7 +135,7 @@ std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstanc
     if (notifier) {
         parts.responses = std::make_shared<NotificationResponses>(parts.store.get(), parts.windows.get());
         notifier->setResponses(parts.responses);
-        // Files and tools; the status item comes first.
+        // Postponed, because it reads files and runs tools; the status item has to appear first.
         QTimer::singleShot(0, QCoreApplication::instance(),
                            [preferences, loginItem] { settleIn(*preferences, loginItem); });
     }

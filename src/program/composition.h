@@ -8,17 +8,17 @@
 
 #include <memory>
 
-/// Where the program's interfaces meet what this system has for them; nothing else names an implementation.
+/// Connects the program's interfaces to this system's implementations. No other file names an implementation.
 namespace pingwell {
 
-/// The role of this start among those of the person's session; null in the modes that run beside others. Needs an
+/// Decides whether this process or an earlier one runs the program; null in the modes that run beside others. Needs an
 /// application object, but none with a display.
 [[nodiscard]] std::unique_ptr<SingleInstance> makeSingleInstance(const LaunchOptions &options);
 
-/// The program's own URLs among the arguments, by which the desktop answers a sign-in.
+/// The arguments that are URLs of the program's own scheme; the desktop passes the redirect of a sign-in in one.
 [[nodiscard]] QList<QUrl> ownURLs(const QStringList &arguments);
 
-/// The whole program. `singleInstance` outlives it and may be null.
+/// Makes the whole program. `singleInstance` outlives it and may be null.
 [[nodiscard]] std::unique_ptr<PingwellApp> makeApp(const LaunchOptions &options, SingleInstance *singleInstance);
 
 } // namespace pingwell

@@ -34,8 +34,8 @@ ExitGuard::ExitGuard(const AppStore &store, Preferences *preferences)
 {
     guarded = &store;
     guardedPreferences = preferences;
-    // Exit handlers run in reverse order of their registration. Registered once the first dashboard is there, this one
-    // runs before those that take down the network and the thread pool.
+    // Exit handlers run in reverse order of their registration. The network and the thread pool have registered theirs
+    // by the time of the first dashboard, so that this handler runs before theirs.
     QObject::connect(&store, &AppStore::hasLoadedChanged, &store,
                      [] { [[maybe_unused]] static const bool registered = std::atexit(finishWithoutLoop) == 0; });
 }

@@ -4,10 +4,10 @@
 
 namespace pingwell {
 
-/// Lets what is under way arrive, and what is to be remembered be written, when the process is ended by `exit` from
-/// inside the event loop: that is how Qt's X11 plugin ends it when the X server has gone. Then the loop can't be
-/// entered again, because it would read the broken connection; the network has a thread of its own, and its words for
-/// this thread are taken without the loop. One in a process, on the main thread.
+/// Waits for requests under way and writes the preferences when `exit` is called inside the event loop: Qt's X11 plugin
+/// does so when the X server is gone. The event loop can't be used then, because it would read the broken connection.
+/// The network runs on a thread of its own; the guard delivers its posted events to this thread without the loop. One
+/// in a process, main thread.
 class ExitGuard
 {
 public:

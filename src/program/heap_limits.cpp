@@ -1,6 +1,6 @@
 #include "program/heap_limits.h"
 
-// Defined only once a header of the library was read.
+// __GLIBC__ is defined only after a header of the library was included.
 #include <cstdlib>
 
 #ifdef __GLIBC__
@@ -18,7 +18,7 @@ constexpr int mostHeaps = 2;
 
 void limitHeap()
 {
-    // Once set, it no longer grows with the largest block that was ever freed.
+    // A fixed threshold: by default it grows to the size of the largest block that was ever freed.
     mallopt(M_MMAP_THRESHOLD, largeBlock);
     mallopt(M_TRIM_THRESHOLD, largeBlock);
     mallopt(M_ARENA_MAX, mostHeaps);

@@ -2,9 +2,9 @@
 
 namespace pingwell {
 
-/// Makes large blocks go back to the system as soon as they are freed, and keeps threads from each hoarding a heap of
-/// their own: bodies of a megabyte come and go, and what they leave must not add up over a day. Before the first
-/// thread starts. With glibc; elsewhere nothing happens.
+/// Makes glibc return large blocks to the system as soon as they are freed, and limits the number of per-thread heaps.
+/// Bodies of a megabyte are allocated and freed all day, and without the limits the process would grow. Call it before
+/// the first thread starts. Without glibc it does nothing.
 void limitHeap();
 
 } // namespace pingwell

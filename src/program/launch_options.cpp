@@ -8,7 +8,7 @@ namespace pingwell {
 
 namespace {
 
-/// Set, to whatever value, by a test runner that hosts the process.
+/// Set, to any value, by a test runner that hosts the process.
 const QString testRunnerVariable = QStringLiteral("XCTestConfigurationFilePath");
 
 std::optional<QString> valueAfter(const QString &flag, const QStringList &arguments)

@@ -14,7 +14,7 @@ using namespace pingwell;
 
 namespace {
 
-/// The same list as the application object's, before there is one.
+/// The arguments as the application object would return them, for use before one exists.
 QStringList argumentsOf(int argc, char **argv)
 {
     QStringList arguments;
@@ -23,9 +23,9 @@ QStringList argumentsOf(int argc, char **argv)
     return arguments;
 }
 
-/// Claims the program's place in the session before there is anything to show: a start that only hands over must be
-/// done in no time, and the graphical application object would take the activation token out of the environment.
-/// False when another process has the place and has been told.
+/// Decides whether this process runs the program, before there is any window: a start that only hands over has to be
+/// quick, and the graphical application object would remove the activation token from the environment. False when the
+/// start was handed over to another process.
 bool claimPlace(int &argc, char **argv, std::unique_ptr<SingleInstance> &instance)
 {
     const QCoreApplication application(argc, argv);
@@ -37,7 +37,7 @@ bool claimPlace(int &argc, char **argv, std::unique_ptr<SingleInstance> &instanc
     return false;
 }
 
-/// Lets an automated test look into the windows; the person's own program shows itself to nobody.
+/// Lets an automated test read the windows; the person's own program offers no such access.
 std::unique_ptr<UITestBridge> makeBridge(const LaunchOptions &options)
 {
     if (!options.isAutomated())
@@ -55,7 +55,7 @@ int run(int &argc, char **argv, SingleInstance *instance)
     QApplication::setApplicationDisplayName(QStringLiteral("Pingwell"));
     QApplication::setApplicationVersion(QStringLiteral(PINGWELL_VERSION));
     QApplication::setDesktopFileName(programID);
-    // The program lives in the status area; windows come and go.
+    // The program stays in the status area after the last window was closed.
     QApplication::setQuitOnLastWindowClosed(false);
 
     const LaunchOptions &options = LaunchOptions::current();
@@ -65,13 +65,13 @@ int run(int &argc, char **argv, SingleInstance *instance)
     const std::unique_ptr<UITestBridge> bridge = makeBridge(options);
     const QuitSignals quitSignals;
     QObject::connect(&quitSignals, &QuitSignals::quitRequested, app.get(), &PingwellApp::quit);
-    // At log-out a session manager ends the program once it has agreed.
+    // At log-out a session manager ends the program as soon as this signal returns.
     QObject::connect(&application, &QGuiApplication::commitDataRequest, app.get(), &PingwellApp::finishWork);
     app->start();
     const int status = QApplication::exec();
     app->finishWork();
     app.reset();
-    // What still slept was told to stop; this lets it see that and end.
+    // Pending sleeps were told to stop; this lets their coroutines resume and end.
     QCoreApplication::processEvents();
     return status;
 }

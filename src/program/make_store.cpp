@@ -13,7 +13,7 @@ namespace {
 const QString uiTestSuite = uiTestID;
 const QString liveUITestSuite = liveUITestID;
 
-/// A suite for one run of a test, without what the last one left.
+/// The preferences of a test, emptied of an earlier run's values.
 std::shared_ptr<Preferences> emptied(const QString &suite, const StoreParts &parts)
 {
     std::shared_ptr<Preferences> preferences = parts.openSuite(suite);
@@ -33,7 +33,8 @@ std::shared_ptr<TokenStore> makeTokenStore(const LaunchOptions &options,
 {
     if (options.sessionToken)
         return std::make_shared<MemoryTokenStore>(options.sessionToken);
-    // That a token is to go is on the disk before the keyring is asked: a program killed while it asks still owes it.
+    // Before the keyring is asked to erase a token, the preferences' note of it has to be on the disk: after a kill in
+    // between, the next start still knows that the token must be erased.
     const auto flush = [weak = std::weak_ptr(preferences)] {
         if (const auto kept = weak.lock())
             kept->flush();
@@ -84,7 +85,7 @@ std::shared_ptr<Preferences> openPreferences(const LaunchOptions &options, const
 std::unique_ptr<AppStore> makeStore(const LaunchOptions &options, const std::shared_ptr<Preferences> &preferences,
                                     const StoreParts &parts)
 {
-    // With this the store believes in an earlier sign-in.
+    // Makes the store see an earlier sign-in.
     if (options.isUITest && !options.signedOut)
         preferences->setString(preference_keys::sessionProvider, rawValue(AuthProvider::google));
     std::unique_ptr<AppStore> store =

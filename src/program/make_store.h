@@ -11,16 +11,16 @@
 
 namespace pingwell {
 
-/// The pieces of the system a store may be built on; each is only opened in the modes that use it.
+/// The parts of the system that a store uses; each is opened only in the modes that use it.
 struct StoreParts
 {
-    /// The person's own preferences; never null, at worst they are forgotten at exit.
+    /// The person's own preferences. Never null; if they can't be written they last until the program ends.
     std::function<std::shared_ptr<Preferences>()> openStandardPreferences;
     /// A test's preferences by their name; null when they can't be opened.
     std::function<std::shared_ptr<Preferences>(const QString &name)> openSuite;
     std::function<std::shared_ptr<Keychain>()> openKeychain;
     std::function<std::shared_ptr<HTTPTransport>()> openTransport;
-    /// Not called by the automated live test, which must not notify. May be empty: then nobody is notified.
+    /// Not called in the automated live test, which must not show notifications. May be empty: then there are none.
     std::function<std::shared_ptr<AlertNotifying>()> openNotifier;
     Backend::Authenticate authenticate;
     Backend::NextCallback nextCallback = {};
@@ -30,12 +30,12 @@ struct StoreParts
     QString version;
 };
 
-/// The preferences of the mode that `options` ask for: the person's own, a test's without what its last run left, or
-/// none in the demo. A test's that can't be opened stop the program: such a test would prove nothing.
+/// The preferences of the mode in `options`: the person's own, a test's, emptied of its last run's values, or none in
+/// the demo. Stops the program when a test's preferences can't be opened, because such a test would prove nothing.
 [[nodiscard]] std::shared_ptr<Preferences> openPreferences(const LaunchOptions &options, const StoreParts &parts);
 
-/// The one store of the process, in the mode that `options` ask for, with its clock running and, where there is a
-/// service, following it.
+/// Makes the one store of the process for the mode in `options`. Its clock runs, and where there is a service, the
+/// store polls it.
 [[nodiscard]] std::unique_ptr<AppStore>
 makeStore(const LaunchOptions &options, const std::shared_ptr<Preferences> &preferences, const StoreParts &parts);
 

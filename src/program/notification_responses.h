@@ -8,7 +8,7 @@
 
 namespace pingwell {
 
-/// Takes what the person does with a notification to the store and the windows. Main thread.
+/// Passes the person's responses to notifications on to the store and the windows. Main thread.
 class NotificationResponses final : public AlertResponses
 {
 public:

@@ -72,7 +72,7 @@ void PingwellApp::followStore()
     connect(store, &AppStore::activeWorkspaceIDChanged, this, &PingwellApp::showStatus);
     connect(store, &AppStore::accountChanged, this, &PingwellApp::showStatus);
     connect(store, &AppStore::connectionProblemChanged, this, &PingwellApp::showStatus);
-    // A deadline passes, and a silence gets too long, without anything else changing.
+    // Deadlines and `toleratedSilence` pass without any other signal.
     connect(store, &AppStore::nowChanged, this, &PingwellApp::showStatus);
 }
 
@@ -103,7 +103,7 @@ void PingwellApp::followSystem()
     connect(m_parts.singleInstance, &SingleInstance::activated, windows, &AppWindows::showMain);
     connect(m_parts.singleInstance, &SingleInstance::opened, this,
             [this](const QList<QUrl> &urls, const QByteArray &token) {
-                // Any page and any program can open such a URL; only one that is waited for brings the window up.
+                // Any page and any program can open such a URL; only one that a sign-in waits for shows the window.
                 if (std::count_if(urls.begin(), urls.end(), m_parts.openURL) > 0)
                     m_parts.windows->showMain(token);
             });

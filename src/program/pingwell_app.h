@@ -20,25 +20,25 @@
 
 namespace pingwell {
 
-/// What the program is made of. `singleInstance` is null where several may run beside each other.
+/// The parts of the program. `singleInstance` is null in the modes that run beside others.
 struct AppParts
 {
-    /// What the other parts remember in; null where nothing is remembered. It goes last.
+    /// The preferences of the other parts; null where nothing is remembered. Destroyed last.
     std::shared_ptr<Preferences> preferences = nullptr;
     std::unique_ptr<AppStore> store;
     std::unique_ptr<StatusItem> statusItem;
     std::unique_ptr<LauncherBadge> badge;
     std::unique_ptr<SystemEvents> systemEvents;
     std::unique_ptr<AppWindows> windows;
-    /// Takes what the person does with notifications; null where nobody is notified.
+    /// Receives the person's responses to notifications; null where there are none.
     std::shared_ptr<AlertResponses> responses = nullptr;
     SingleInstance *singleInstance = nullptr;
-    /// Takes a URL of the program's own scheme that the desktop was asked to open; says whether it was waited for.
+    /// Handles a URL of the program's own scheme that the desktop opened; returns whether a sign-in waits for it.
     std::function<bool(const QUrl &)> openURL = [](const QUrl &) { return false; };
 };
 
-/// The program: the one store for the life of the process, the status item and the launcher badge that count its
-/// waiting asks, and the windows that show it.
+/// The program: the one store of the process, the status item and the launcher badge that show the number of waiting
+/// asks, and the windows.
 class PingwellApp : public QObject
 {
     Q_OBJECT
@@ -47,19 +47,19 @@ public:
     PingwellApp(LaunchOptions options, AppParts parts);
     ~PingwellApp() override;
 
-    /// How long the desktop's status area may take to be found before the main window opens instead.
+    /// How long to look for the desktop's status area before opening the main window instead.
     static constexpr std::chrono::milliseconds statusAreaPatience{1000};
 
-    /// How long quitting may wait for the service to take what the person did last.
+    /// How long quitting may wait for the person's last changes to reach the service.
     static constexpr std::chrono::milliseconds quitPatience{3000};
 
-    /// Puts the item into the status area. The main window opens in an automated test, and where there is no status
-    /// area to open it from.
+    /// Adds the status item to the status area. Opens the main window in an automated test, and where there is no
+    /// status area to open it from.
     void start();
-    /// Asks for the end of the program: at once, or when what the person did last has arrived at the service. Asked
-    /// again, it waits no longer.
+    /// Ends the program: at once, or when the person's last changes have reached the service. A second call does not
+    /// wait.
     void quit();
-    /// Waits for that as long as `quit` would have, unless it has; for an end that comes without it.
+    /// Waits as `quit` does, unless it has already; for an end of the program that does not come from `quit`.
     void finishWork();
 
 signals:
@@ -74,7 +74,7 @@ private:
     void openMainWithoutStatusArea();
 
     LaunchOptions m_options;
-    // The windows go before the store they show.
+    // The windows are destroyed before the store they show.
     AppParts m_parts;
     ExitGuard m_exitGuard;
     bool m_mayEnd = false;
