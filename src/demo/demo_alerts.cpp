@@ -16,7 +16,7 @@ const QString infra = QStringLiteral("infra");
 const QString onCall = QStringLiteral("on-call");
 const QString research = QStringLiteral("research");
 
-/// Where an alert comes from and goes to.
+/// The agent that posts an alert, and the workspace and topic it posts to.
 struct Route
 {
     QString workspaceId;
@@ -39,7 +39,7 @@ Alert notice(const char *id, Instant at, const Route &route, const QString &titl
     return alert;
 }
 
-/// The notice as a question that offers `actions`, or asks for text where there are none.
+/// The notice as an ask with `actions` as its choices, or answered by text where there are none.
 Alert asking(Alert alert, const QStringList &actions)
 {
     alert.kind = AlertKind::ask;

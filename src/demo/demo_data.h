@@ -5,8 +5,8 @@
 
 namespace pingwell {
 
-/// A made-up working day that ends at `now`: every state an alert can be in, every role a person can have, and an ask
-/// whose time runs out a minute later. The first workspace holds most of it.
+/// A made-up working day that ends at `now`: alerts in every state, a workspace for every role, and an ask that times
+/// out a minute later. Most alerts are in the first workspace.
 [[nodiscard]] SeedData demoData(Instant now);
 
 } // namespace pingwell

@@ -10,16 +10,16 @@
 #include <QMap>
 #include <QString>
 
-/// The demo's day by subject; `demoData` puts it together.
+/// The demo's day by subject; `demoData` assembles it.
 namespace pingwell::demo {
 
-/// The person's own team, whose owner they are.
+/// A team that the person owns.
 inline const QString studio = QStringLiteral("w1");
-/// Nobody's but theirs.
+/// The person's own workspace.
 inline const QString home = QStringLiteral("w2");
-/// A team in which they are a member.
+/// A team in which the person is a member.
 inline const QString platformTeam = QStringLiteral("w3");
-/// A team in which they may only watch.
+/// A team in which the person is a viewer.
 inline const QString researchTeam = QStringLiteral("w4");
 
 [[nodiscard]] QList<Alert> alerts(Instant now);

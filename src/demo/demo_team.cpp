@@ -39,7 +39,7 @@ Member lena(const QString &id, WorkspaceRole role)
     return person(id, QStringLiteral("Lena Ortiz"), QStringLiteral("lena@ortiz.example"), role);
 }
 
-/// `member` before they have accepted.
+/// `member` as invited, before they have joined.
 Member invited(Member member, Instant at)
 {
     member.status = MemberStatus::invited;
