@@ -24,7 +24,7 @@ struct LaunchOptions
     bool popoverPreview = false;
     /// The server named on the command line, normalised. It takes precedence over every stored one.
     std::optional<QUrl> apiBaseURL = std::nullopt;
-    /// A session token from the environment; never from the command line, where every program could read it.
+    /// A session token that the hosting code sets; not on the command line, where every program could read it.
     std::optional<QString> sessionToken = std::nullopt;
 
     /// Reads the arguments and the environment. An invalid server address is ignored.
