@@ -5,7 +5,7 @@
 namespace pingwell {
 
 BusCall::BusCall(const QDBusConnection &bus, const QDBusMessage &call, std::chrono::milliseconds limit)
-    // The coroutine may end, and let go of the watcher, while the watcher is telling it of the reply.
+    // Deleted later: the coroutine may end and release the watcher while the watcher is emitting `finished`.
     : m_watcher(new QDBusPendingCallWatcher(bus.asyncCall(call, static_cast<int>(limit.count()))),
                 [](QDBusPendingCallWatcher *watcher) { watcher->deleteLater(); })
 {
@@ -18,7 +18,7 @@ bool BusCall::await_ready() const
 
 void BusCall::await_suspend(std::coroutine_handle<> awaiting)
 {
-    // Told from the event loop, so a reply that came since await_ready is not missed.
+    // `finished` is emitted from the event loop, so a reply that arrived after await_ready is not missed.
     QObject::connect(m_watcher.get(), &QDBusPendingCallWatcher::finished, m_watcher.get(),
                      [awaiting] { awaiting.resume(); });
 }

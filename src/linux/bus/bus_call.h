@@ -10,8 +10,8 @@
 
 namespace pingwell {
 
-/// One method call on a bus, sent at once; awaiting it gives the reply, or the error in its place, no later than
-/// `limit` after it was sent. Copies are the same call. Main thread.
+/// One method call on a bus, sent by the constructor. Awaiting it returns the reply, or an error no later than `limit`
+/// after the call was sent. Copies share one call. Main thread.
 class BusCall
 {
 public:

@@ -18,7 +18,7 @@ namespace {
 const QString fileName = u'/' + desktopEntryFile;
 
 const QString hiddenKey = QStringLiteral("Hidden");
-/// What GNOME's tools write to switch an entry off.
+/// GNOME's tools set this key to false to switch an entry off.
 const QString gnomeEnabledKey = QStringLiteral("X-GNOME-Autostart-enabled");
 
 QStringList entryFor(const QString &programPath)
@@ -29,7 +29,7 @@ QStringList entryFor(const QString &programPath)
         QStringLiteral("Name=Pingwell"),
         QStringLiteral("Comment=Answer the questions your AI agents ask"),
         QStringLiteral("Exec=") + desktopEntryProgram(programPath),
-        // An uninstalled program is passed over in silence.
+        // With this key the desktop silently skips the entry when the program was removed.
         QStringLiteral("TryExec=") + desktopEntryValue(programPath),
         QStringLiteral("Icon=") + programID,
         QStringLiteral("Terminal=false"),
@@ -43,7 +43,7 @@ bool isProgramThere(const QString &tryExec)
     return tryExec.isEmpty() || !QStandardPaths::findExecutable(tryExec).isEmpty();
 }
 
-/// What a desktop makes of the entry in that file; none when there is no file.
+/// The status that the entry in this file amounts to; none when there is no file.
 std::optional<LoginItemStatus> statusOf(const QString &path)
 {
     QFile file(path);
@@ -88,7 +88,7 @@ std::optional<QString> AutostartLoginItem::unregisterProgram()
 {
     const bool isInSystem = std::any_of(m_systemFiles.begin(), m_systemFiles.end(),
                                         [](const QString &path) { return QFileInfo::exists(path); });
-    // Without a file of the person's the system's would count.
+    // An entry of the person hides the system's; without one the system's entry would start the program.
     if (isInSystem)
         return writeDesktopEntry(m_ownFile, {QStringLiteral("Type=Application"), QStringLiteral("Name=Pingwell"),
                                              hiddenKey + QStringLiteral("=true")});

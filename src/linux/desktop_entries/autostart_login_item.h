@@ -8,22 +8,23 @@
 
 namespace pingwell {
 
-/// Where a desktop looks for what it starts, the person's own folder before the system's (freedesktop.org, Desktop
-/// Application Autostart).
+/// The folders whose entries the desktop starts at log-in; the person's own comes before the system's (freedesktop.org,
+/// Desktop Application Autostart).
 struct AutostartFolders
 {
     QString own;
     QStringList systems;
 
-    /// $XDG_CONFIG_HOME and $XDG_CONFIG_DIRS.
+    /// The folders from $XDG_CONFIG_HOME and $XDG_CONFIG_DIRS.
     [[nodiscard]] static AutostartFolders standard();
 };
 
-/// A file in the person's autostart folder. The file is the truth: the desktop's own switches write into it.
+/// Start at log-in as an entry in the person's autostart folder. The status is always read from the file, because the
+/// desktop's own settings change the file, too.
 class AutostartLoginItem final : public LoginItem
 {
 public:
-    /// `programPath` is what will be started.
+    /// `programPath` is the program that the entry starts.
     explicit AutostartLoginItem(QString programPath, AutostartFolders folders = AutostartFolders::standard());
 
     [[nodiscard]] std::optional<QString> registerProgram() override;

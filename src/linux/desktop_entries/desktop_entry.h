@@ -7,16 +7,16 @@
 
 namespace pingwell {
 
-// Writing desktop entries (Desktop Entry Specification of freedesktop.org).
+// Functions that write desktop entries (Desktop Entry Specification of freedesktop.org).
 
-/// `text` as a value.
+/// `text` escaped as a value.
 [[nodiscard]] QString desktopEntryValue(QString text);
 
-/// `path` as the program of an Exec line: quoted, with the characters that mean something there escaped.
+/// `path` as the program of an Exec line: quoted, with the special characters escaped.
 [[nodiscard]] QString desktopEntryProgram(const QString &path);
 
-/// Writes the lines under "[Desktop Entry]" to `file`, whole or not at all, making its folder. Returns what went wrong,
-/// in words.
+/// Writes the lines under "[Desktop Entry]" to `file`, completely or not at all, and creates its folder. Returns an
+/// error message; none on success.
 [[nodiscard]] std::optional<QString> writeDesktopEntry(const QString &file, const QStringList &lines);
 
 } // namespace pingwell

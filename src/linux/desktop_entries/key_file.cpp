@@ -19,7 +19,7 @@ QHash<QString, QString> keyFileGroup(const QByteArray &file, const QString &head
         if (!isInGroup || equals <= 0 || line.startsWith(u'#'))
             continue;
         const QString key = line.left(equals).section(u'[', 0, 0).trimmed();
-        // The plain value comes first; translations of it follow.
+        // The first value of a key is the untranslated one; translations follow and are ignored.
         if (!values.contains(key))
             values.insert(key, line.mid(equals + 1).trimmed());
     }

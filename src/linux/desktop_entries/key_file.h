@@ -6,14 +6,14 @@
 
 namespace pingwell {
 
-/// The values of one group of a desktop's configuration file or of a desktop entry (Desktop Entry Specification, Basic
-/// format), by key; `header` is the group's whole header line, which in KDE's files may name several nested groups. A
-/// key's "[…]" ending (a language, a flag) goes. Lines that are none of the format are passed over.
+/// The values, by key, of one group of a desktop's configuration file or of a desktop entry (Desktop Entry
+/// Specification, Basic format). `header` is the group's whole header line, which names several nested groups in some
+/// of KDE's files. A suffix "[…]" of a key (a language or a flag) is removed. Lines in another format are ignored.
 [[nodiscard]] QHash<QString, QString> keyFileGroup(const QByteArray &file, const QString &header);
 
-/// Whether a value of such a file says no; absent ones don't.
+/// Whether the value of this key means no; a missing value does not.
 [[nodiscard]] bool saysNo(const QHash<QString, QString> &group, const QString &key);
-/// Whether a value of such a file says yes; absent ones don't.
+/// Whether the value of this key means yes; a missing value does not.
 [[nodiscard]] bool saysYes(const QHash<QString, QString> &group, const QString &key);
 
 } // namespace pingwell

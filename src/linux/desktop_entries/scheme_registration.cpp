@@ -18,7 +18,7 @@ namespace pingwell {
 namespace {
 
 const QString entryPath = QStringLiteral("/applications/") + desktopEntryFile;
-/// Tells our entry from one that a person or a package put there.
+/// Marks the entry that this class wrote, so that it never changes one from a person or a package.
 const QString ownMark = QStringLiteral("X-Pingwell-BuildFolder");
 
 QHash<QString, QString> entryIn(const QString &path)
@@ -30,7 +30,7 @@ QHash<QString, QString> entryIn(const QString &path)
 
 QStringList entryFor(const QString &program)
 {
-    // Not quoted: some openers of addresses take the quotes for a part of the name.
+    // Not quoted unless necessary: some desktops take the quotes for a part of the name.
     const QString plain = program.contains(u' ') ? desktopEntryProgram(program) : desktopEntryValue(program);
     return {
         QStringLiteral("Type=Application"),  QStringLiteral("Version=1.4"),
@@ -75,7 +75,7 @@ bool SchemeRegistration::isInstalledEntryThere() const
                        [](const QString &folder) { return QFileInfo::exists(folder + entryPath); });
 }
 
-/// The program's path, by way of a link where it has a space in it: not every opener of addresses can quote.
+/// The program's path; a link to it if the path contains a space, because some desktops can't handle a quoted path.
 QString SchemeRegistration::programForEntry() const
 {
     const QString link = m_folders.own + QStringLiteral("/pingwell/pingwell");

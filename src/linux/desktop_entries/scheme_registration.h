@@ -5,10 +5,10 @@
 
 namespace pingwell {
 
-/// Where desktops look for desktop entries.
+/// The folders in which desktops look for desktop entries.
 struct ApplicationFolders
 {
-    /// The person's own data folder; entries lie under "applications".
+    /// The person's own data folder; entries are in its subfolder "applications".
     QString own;
     /// The system's data folders.
     QStringList systems;
@@ -16,19 +16,20 @@ struct ApplicationFolders
     static ApplicationFolders standard();
 };
 
-/// Who opens the addresses of the program's own scheme, with which the browser returns from a sign-in. An installed
-/// program has its desktop entry; one that runs from where it was built has none, and gives itself one in the person's
-/// folder until an installed one appears. An entry that somebody else wrote is never touched. Main thread.
+/// Registers the program for the URLs of its own scheme, with which the browser returns from a sign-in. An installed
+/// program has a desktop entry that does this. A program in a build folder has none, so it writes one to the person's
+/// folder, and removes it when an installed entry exists. It never changes an entry that somebody else wrote. Main
+/// thread.
 class SchemeRegistration
 {
 public:
     SchemeRegistration(QString programPath, ApplicationFolders folders = ApplicationFolders::standard());
 
-    /// Writes or takes away the program's own entry, whichever is due, and returns whether anything changed; a failure
-    /// is written to standard output.
+    /// Writes or removes the program's own entry, as needed, and returns whether anything changed. A failure is written
+    /// to standard output.
     bool update() const;
 
-    /// Lets the desktop notice a changed entry, in the background.
+    /// Makes the desktop read the changed entries, in the background.
     void announce() const;
 
 private:

@@ -10,8 +10,8 @@
 #include <mutex>
 #include <thread>
 
-// What a call of GLib needs around it. GLib names things "signals" and "slots": what includes this is compiled with
-// QT_NO_KEYWORDS.
+// What every call of GLib needs. GLib uses "signals" and "slots" as names, so files that include this header are
+// compiled with QT_NO_KEYWORDS.
 
 namespace pingwell {
 
@@ -23,7 +23,7 @@ struct Unref
     void operator()(GVariant *value) const { g_variant_unref(value); }
 };
 
-/// A reference that is given back at the end of its scope.
+/// Owns a reference and releases it.
 template<typename Type>
 using Ref = std::unique_ptr<Type, Unref>;
 
@@ -35,7 +35,7 @@ public:
     ~GLibError() { g_clear_error(&m_error); }
     Q_DISABLE_COPY_MOVE(GLibError)
 
-    /// Where the call puts it.
+    /// The address to pass to the call.
     [[nodiscard]] GError **place() { return &m_error; }
     [[nodiscard]] bool isSet() const { return m_error != nullptr; }
     [[nodiscard]] bool is(GQuark domain, int code) const { return g_error_matches(m_error, domain, code); }
@@ -44,7 +44,7 @@ private:
     GError *m_error = nullptr;
 };
 
-/// Cancels the calls it is handed to ten seconds after it was made: a service that hangs must not hang the caller.
+/// Cancels the calls it is passed to ten seconds after its construction: a service that hangs must not hang the caller.
 class Deadline
 {
 public:
@@ -77,12 +77,12 @@ private:
     std::mutex m_mutex;
     std::condition_variable m_changed;
     bool m_isDone = false;
-    // Last: it uses the others until it ends.
+    // Declared last: the thread uses the members above until it ends.
     std::thread m_watch;
 };
 
-/// Keeps what GLib delivers during a call on the calling thread: its default context may be the one the main thread
-/// runs.
+/// Makes the calling thread receive what GLib delivers during a call. Without it GLib would use the default context,
+/// which the main thread may run.
 class Delivery
 {
 public:

@@ -1,4 +1,4 @@
-// GLib names things "signals" and "slots", so this file is compiled with QT_NO_KEYWORDS.
+// GLib uses "signals" and "slots" as names, so this file is compiled with QT_NO_KEYWORDS.
 #include "linux/keyring/secret_service_keychain.h"
 
 #include "linux/keyring/glib_call.h"
@@ -25,7 +25,7 @@ KeychainStatus statusOf(const GLibError &error)
     return error.is(SECRET_ERROR, SECRET_ERROR_IS_LOCKED) ? KeychainStatus::locked : KeychainStatus::unavailable;
 }
 
-/// Items are found by their attributes alone, whatever schema the service recorded with them.
+/// A schema that matches items by their attributes only, whatever schema the service stored with them.
 const SecretSchema *schema()
 {
     static const SecretSchema instance = [] {
@@ -49,24 +49,25 @@ Ref<GHashTable> attributesOf(const QString &service, const QString &account)
 
 struct SecretServiceKeychain::State
 {
-    /// The items with these attributes, locked ones too, with the secrets of the others; never asks the person.
+    /// The items with these attributes, including locked ones; unlocked ones have their secrets. Never asks the person.
     std::optional<std::vector<Ref<SecretItem>>> search(const QString &service, const QString &account);
     KeychainStatus unlockCollection(GCancellable *cancellable);
     KeychainStatus unlockItems(GCancellable *cancellable);
     KeychainStatus noteFailure(const GLibError &error);
     KeychainItem read(const QString &service, const QString &account);
     KeychainStatus write(const QString &service, const QString &account, const QByteArray &data);
-    /// A secret service that was restarted doesn't know the session that secrets were sent in: it hands out items
-    /// without their secrets and takes none. The next call opens a session with the service that runs now.
+    /// A Secret Service that was restarted does not know the session over which secrets are sent: it returns items
+    /// without secrets and stores none. After this function the next call opens a session with the service that runs
+    /// now.
     void forgetService();
 
-    // Before what is delivered through it.
+    // Declared before the objects whose events it delivers.
     Ref<GMainContext> context{g_main_context_new()};
     Ref<SecretService> secretService;
     std::vector<Ref<SecretItem>> lockedItems;
     bool answered = false;
 
-    /// The service as it runs now; it is asked for anew after a failure, because it may have been restarted.
+    /// The running service. After a failure it is looked up again, because it may have been restarted.
     SecretService *service(GCancellable *cancellable)
     {
         if (!secretService && sessionBus(cancellable))
@@ -123,7 +124,7 @@ SecretServiceKeychain::SecretServiceKeychain()
 
 SecretServiceKeychain::~SecretServiceKeychain()
 {
-    // What they leave behind is cleaned up through the context.
+    // Delivers the events with which these objects are cleaned up.
     m_state->lockedItems.clear();
     m_state->secretService.reset();
     const Delivery delivery(m_state->context.get());
@@ -156,7 +157,7 @@ KeychainItem SecretServiceKeychain::State::read(const QString &service, const QS
     }
     if (!lockedItems.empty())
         return {.status = KeychainStatus::locked, .data = {}};
-    // An open item that does not hand its secret out is no proof of absence.
+    // An unlocked item without a secret does not prove that there is no token.
     return {.status = items->empty() ? KeychainStatus::itemNotFound : KeychainStatus::unavailable, .data = {}};
 }
 
@@ -180,7 +181,7 @@ KeychainStatus SecretServiceKeychain::State::write(const QString &service, const
     if (!secrets)
         return KeychainStatus::unavailable;
     GLibError error;
-    // Storing where there is no default collection would ask the person to make one, which is unlock's part.
+    // Storing without a default collection would open a dialog to create one; only `unlock` may ask the person.
     const Ref<SecretCollection> collection(secret_collection_for_alias_sync(
         secrets, SECRET_COLLECTION_DEFAULT, SECRET_COLLECTION_NONE, deadline, error.place()));
     if (error.isSet())

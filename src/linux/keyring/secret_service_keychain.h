@@ -6,9 +6,9 @@
 
 namespace pingwell {
 
-/// The keychain of the desktop session: its Secret Service (freedesktop Secret Service API), reached through libsecret.
-/// Items are found by their attributes "service" and "account" alone and kept in the default collection. No call but
-/// `unlock` takes longer than ten seconds.
+/// The keychain of the desktop session: its Secret Service (freedesktop Secret Service API), called through libsecret.
+/// Items are found by their attributes "service" and "account" only and stored in the default collection. Only `unlock`
+/// may take longer than ten seconds.
 class SecretServiceKeychain final : public Keychain
 {
 public:
@@ -19,9 +19,8 @@ public:
     KeychainItem copyMatching(const QString &service, const QString &account) override;
     KeychainStatus store(const QString &service, const QString &account, const QByteArray &data) override;
     KeychainStatus remove(const QString &service, const QString &account) override;
-    /// Where no service answers, starts one that only runs on demand and waits up to two minutes for it; where one
-    /// does, asks the person to open what the last look-up found locked, or the default collection, which is made if
-    /// there is none.
+    /// If no service answers, starts one and waits up to two minutes for it. If one answers, asks the person to unlock
+    /// the item that the last look-up found locked, or the default collection, which is created if there is none.
     KeychainStatus unlock(std::stop_token stop) override;
 
 private:

@@ -21,7 +21,7 @@ bool isAnswering(GDBusConnection *bus)
     return owned;
 }
 
-/// Asks the bus to start `name`, where it knows how to.
+/// Asks the bus to start the service `name`; does nothing where the bus does not know it.
 void start(GDBusConnection *bus, const char *name)
 {
     const Deadline deadline;
@@ -33,7 +33,7 @@ void start(GDBusConnection *bus, const char *name)
 /// Waits for `duration`; false as soon as `stop` is requested.
 bool pause(std::chrono::milliseconds duration, const std::stop_token &stop)
 {
-    // They guard nothing; a wait that can be stopped needs them.
+    // They protect no data: only a wait on a condition variable can be interrupted by a stop token.
     std::mutex mutex;
     std::condition_variable_any changed;
     // cppcheck-suppress localMutex
@@ -54,7 +54,7 @@ Ref<GDBusConnection> sessionBus(GCancellable *cancellable)
 
 bool startSecretService(GDBusConnection *bus, const std::stop_token &stop)
 {
-    // KWallet is one that no call starts.
+    // KWallet has to be started by its own name; a call to the Secret Service does not start it.
     for (const char *name : {"org.freedesktop.secrets", "org.kde.kwalletd6", "org.kde.kwalletd5"}) {
         if (!isAnswering(bus) && !stop.stop_requested())
             start(bus, name);

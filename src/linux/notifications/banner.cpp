@@ -8,7 +8,7 @@ namespace pingwell {
 namespace {
 
 constexpr qsizetype mostBanners = 256;
-/// After a restart of the server: as many as GNOME Shell keeps.
+/// The number of asks shown again after the server was restarted; GNOME Shell keeps as many.
 constexpr qsizetype mostShownAgain = 3;
 
 template<typename Matches>
@@ -23,7 +23,7 @@ bool isNothing(const Banner &banner)
     return banner.number == 0 && !banner.isSending && !banner.next;
 }
 
-/// How much a banner would be missed.
+/// How important it is to keep the banner; the lowest is closed first.
 int weight(const Banner &banner)
 {
     if (banner.stage == Banner::Stage::closed)
@@ -37,7 +37,7 @@ std::optional<Banner> BannerList::makeRoom()
 {
     if (m_banners.size() < mostBanners)
         return std::nullopt;
-    // Whose number is not known yet could not be closed.
+    // A banner whose number is not known yet comes last, because it could not be closed.
     const auto isMissedLess = [](const Banner &left, const Banner &right) {
         return left.isSending == right.isSending ? weight(left) < weight(right) : right.isSending;
     };

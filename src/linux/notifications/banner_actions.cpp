@@ -11,7 +11,7 @@ namespace pingwell {
 
 namespace {
 
-/// How much of a choice a button is trusted to show.
+/// The longest label that a button is expected to show completely.
 constexpr qsizetype longestLabel = 40;
 
 const QString openKey = QStringLiteral("default");
@@ -19,31 +19,33 @@ const QString moreKey = QStringLiteral("more");
 const QString openLabel = QStringLiteral("Open");
 const QString moreLabel = QStringLiteral("More…");
 
-/// What a server has room for.
+/// How many actions a server can show.
 struct Room
 {
-    /// Buttons, beside the click on the banner.
+    /// The number of buttons; the click on the banner is not counted.
     qsizetype buttons = 0;
-    /// Characters of all labels, each counted as long as the longest one, and the click on the banner with them.
+    /// The characters of all labels, the click on the banner included; each label counts as much as the longest one.
     qsizetype characters = std::numeric_limits<qsizetype>::max();
 };
 
 Room roomOf(const NotificationServer &server)
 {
-    // It silently drops those after the third.
+    // GNOME drops the buttons after the third without notice.
     if (server.name == gnomeServerName)
         return {.buttons = 3};
-    // It puts the first ones below the others from the fifth on.
+    // From the fifth button on, Plasma puts the first ones below the others.
     if (server.name == plasmaServerName)
         return {.buttons = 4};
-    // They open a list, dunst in an order of its own; thousands would keep them busy.
+    // These servers open a list, dunst in an order of its own; thousands of entries would block them.
     if (server.name == u"dunst" || server.name == u"mako" || server.name == u"lxqt-notificationd")
         return {.buttons = 32};
-    // One row, all buttons as wide as the widest: where it is wider than the screen, the question is off the screen.
+    // One row of buttons that are all as wide as the widest. If the row is wider than the screen, the banner is not
+    // visible.
     return {.buttons = 4, .characters = 120};
 }
 
-/// How many characters wide the first `shown` actions are, with the click on the banner and what leads to the others.
+/// The width, in characters, of the first `shown` actions, the click on the banner, and the "More…" button if it is
+/// needed.
 qsizetype widthOf(const QList<NotificationAction> &actions, qsizetype shown)
 {
     qsizetype widest = 0;
@@ -52,14 +54,14 @@ qsizetype widthOf(const QList<NotificationAction> &actions, qsizetype shown)
     return widest * (1 + shown + (shown < actions.size() ? 1 : 0));
 }
 
-/// How many of the actions get a button of their own.
+/// How many actions get a button of their own.
 qsizetype fitCount(const QList<NotificationAction> &actions, const NotificationServer &server)
 {
     const Room room = roomOf(server);
     qsizetype shown = actions.size() > room.buttons ? room.buttons - 1 : actions.size();
     while (widthOf(actions, shown) > room.characters)
         --shown;
-    // One choice alone would look like the only one.
+    // A single choice on its own would look like the only choice.
     return shown == 1 && actions.size() > 1 ? 0 : shown;
 }
 
@@ -68,8 +70,8 @@ QString looksOf(const QString &title)
     return seenOf(displayLine(title, longestLabel));
 }
 
-/// Whether each of the first `shown` actions can be read whole on its button, and taken for no other one, nor for one
-/// of the program's own.
+/// Whether each of the first `shown` labels fits its button and differs from every other label, including "Open" and
+/// "More…".
 bool areTellable(const QList<NotificationAction> &actions, qsizetype shown)
 {
     QHash<QString, int> sameLooks{{looksOf(openLabel), 1}, {looksOf(moreLabel), 1}};

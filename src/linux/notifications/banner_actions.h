@@ -11,11 +11,11 @@
 
 namespace pingwell {
 
-/// The action behind which the server draws a field (KDE notifications, "inline-reply" capability; others took it
-/// over).
+/// The key of an action for which the server draws a text field (KDE's "inline-reply" capability, which other servers
+/// support, too).
 inline const QString inlineReplyKey = QStringLiteral("inline-reply");
 
-/// An action as a notification server gets it.
+/// An action in the form that a notification server receives.
 struct BannerAction
 {
     QString key;
@@ -24,19 +24,20 @@ struct BannerAction
     friend bool operator==(const BannerAction &, const BannerAction &) = default;
 };
 
-/// `actions` as far as `server` can show them, after the one for a click on the banner itself. Where not all have room
-/// the first ones stay, in their order, and the last place opens the alert, where all can be chosen from: no server
-/// gets to drop them, or to draw them off the screen. That place is the only one where a label would be cut, show
-/// nothing, or look like another choice's: nobody presses what can't be read whole.
+/// The actions for a banner on `server`. The first opens the alert on a click on the banner. If there is not enough
+/// room for all of `actions`, the first ones are kept in their order, and a last one, "More…", opens the alert:
+/// otherwise servers would drop buttons or draw them outside the screen. If a label would be cut, have no visible
+/// character, or look like another one, only "More…" is offered, so that nobody presses a choice they could not read
+/// completely.
 [[nodiscard]] QList<BannerAction> fitActions(const QList<NotificationAction> &actions,
                                              const NotificationServer &server);
 
-/// Whether an action of `actions` takes text and `server` draws a field for it.
+/// The text field of the first action that takes text, where `server` draws fields.
 [[nodiscard]] std::optional<NotificationTextInput> replyFieldFor(const QList<NotificationAction> &actions,
                                                                  const NotificationServer &server);
 
-/// What the person meant by pressing the action with that key in a banner that offered `offeredKeys`; none for a key
-/// that it never offered, and for the one that opens the server's own field: what is typed there comes as a reply.
+/// The identifier of the action with this key, in a banner that offered `offeredKeys`. None for a key that was not
+/// offered, and for the action that opens the server's text field, because its text arrives as a reply.
 [[nodiscard]] std::optional<QString> actionIdentifierOf(const QString &key, const QStringList &offeredKeys);
 
 } // namespace pingwell

@@ -5,28 +5,28 @@
 
 namespace pingwell {
 
-/// What a notification server told about one of its banners.
+/// An event about one banner, reported by a notification server.
 struct BannerEvent
 {
     enum class Kind { action, reply, closed, activationToken };
 
     Kind kind = Kind::closed;
-    /// The server's unique name and its number of the banner.
+    /// The server's unique name, and the banner's number there.
     QString server;
     uint number = 0;
-    /// The action's key, the reply or the token.
+    /// The action's key, the reply's text or the activation token.
     QString text;
-    /// Why it was closed, as freedesktop.org numbers the reasons for notifications.
+    /// The reason of NotificationClosed, as the freedesktop.org specification numbers it.
     uint reason = 0;
 };
 
-/// Events about banners whose numbers are not known yet: a person can be faster than the reply that names the banner.
-/// Bounded; others' banners have events too.
+/// Events about banners whose number is not known yet: a person can press a button before the server has replied with
+/// the banner's number. The list is bounded, because other programs' banners have events, too.
 class EarlyBannerEvents
 {
 public:
     void keep(const BannerEvent &event);
-    /// Hands out those of one banner, in their order.
+    /// Removes and returns the events of one banner, in their order.
     [[nodiscard]] QList<BannerEvent> take(const QString &server, uint number);
     void clear() { m_events.clear(); }
 

@@ -7,7 +7,7 @@ namespace pingwell {
 BannerEventSource::BannerEventSource(QDBusConnection bus, QObject *parent)
     : QObject(parent)
 {
-    // From the service only: GNOME sends every signal from a second place too.
+    // Only signals from the service: GNOME Shell sends each one a second time from another sender.
     const auto subscribe = [this, &bus](const QString &signal, const char *slot) {
         bus.connect(notificationService, notificationPath, notificationService, signal, this, slot);
     };

@@ -8,7 +8,7 @@
 
 namespace pingwell {
 
-/// Hears what the notification server of a bus tells about banners, everybody's, for as long as it lives. Main thread.
+/// Emits the events about all programs' banners that the notification server of a bus reports. Main thread.
 class BannerEventSource final : public QObject
 {
     Q_OBJECT

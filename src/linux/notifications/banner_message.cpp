@@ -15,7 +15,7 @@ constexpr qsizetype longestSummary = 120;
 constexpr qsizetype longestBody = 400;
 constexpr uchar normalUrgency = 1;
 constexpr uchar criticalUrgency = 2;
-/// The server decides how long the banner stays, or it stays until it is dealt with.
+/// -1: the server decides how long the banner stays. 0: it stays until the person closes it.
 constexpr int serversTimeout = -1;
 constexpr int noTimeout = 0;
 
@@ -31,7 +31,7 @@ QVariantMap hintsOf(const NotificationContent &content, const QList<Notification
         hints.insert(QStringLiteral("sound-name"), QStringLiteral("message-new-instant"));
     else
         hints.insert(QStringLiteral("suppress-sound"), true);
-    // A question keeps its buttons until it is answered, for as long as the server lets it.
+    // An ask keeps its buttons until it is answered, as far as the server allows that.
     if (content.category)
         hints.insert(QStringLiteral("resident"), true);
     if (const std::optional<NotificationTextInput> field = replyFieldFor(actions, server)) {
@@ -73,7 +73,7 @@ QDBusMessage showBannerCall(const NotificationContent &content, const QList<Noti
     for (const BannerAction &action : fitActions(actions, server))
         pairs << action.key << action.label;
     QDBusMessage call = notificationCall(QStringLiteral("Notify"), server.owner);
-    // Named, for the servers that don't look at the desktop entry.
+    // The application name, for servers that ignore the desktop-entry hint.
     call << QStringLiteral("Pingwell") << replaced << desktopEntry << bannerSummary(content) << body << pairs
          << hintsOf(content, actions, server) << (content.timeSensitive ? noTimeout : serversTimeout);
     return call;

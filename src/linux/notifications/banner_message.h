@@ -8,16 +8,16 @@
 
 namespace pingwell {
 
-/// The body of the banner: the subtitle's line, then what the alert says, clean, capped, and escaped where the server
-/// reads markup.
+/// The body of the banner: the subtitle on a line of its own, then the alert's text, cleaned and shortened, and escaped
+/// where the server reads markup.
 [[nodiscard]] QString bannerBody(const NotificationContent &content, const NotificationServer &server);
 
-/// All that the banner says, in which two banners may be the same.
+/// All text in the banner, to recognise banners with the same text.
 [[nodiscard]] QString bannerWords(const NotificationContent &content, const NotificationServer &server);
 
-/// The call that shows `content` with `actions` on `server`; `replaced` is the server's identifier of the banner to put
-/// it in the place of, 0 for none. From the second `copy` in the same words on it says so: dunst makes one banner of
-/// two that say the same, and Plasma refuses the second.
+/// The D-Bus call that shows `content` with `actions` on `server`. `replaced` is the number of the banner to replace, 0
+/// for none. From `copy` 2 on the text says that it is another ask in the same words: dunst would merge the two
+/// banners, and Plasma refuses the second.
 [[nodiscard]] QDBusMessage showBannerCall(const NotificationContent &content, const QList<NotificationAction> &actions,
                                           const NotificationServer &server, uint replaced, int copy = 1);
 

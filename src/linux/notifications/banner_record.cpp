@@ -8,7 +8,7 @@ namespace pingwell {
 
 namespace {
 
-/// A longer identifier is left out: its banner is taken back all the same, but its ask not announced again.
+/// A longer identifier is not stored: the next run closes its banner, but does not announce its ask again.
 constexpr qsizetype longestIdentifier = 256;
 constexpr qsizetype fieldsBeforeIdentifier = 3;
 
@@ -60,7 +60,7 @@ void BannerRecord::keep(const QList<Banner> &banners, const QString &bus)
 {
     QStringList lines;
     for (const Entry &entry : std::as_const(m_left)) {
-        // Without a number and an identifier nothing is left to do about it.
+        // Without a number and an identifier the entry is useless.
         if (entry.number != 0 || !entry.requestIdentifier.isEmpty())
             lines.append(written(entry));
     }

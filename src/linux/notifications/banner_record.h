@@ -11,26 +11,26 @@
 
 namespace pingwell {
 
-/// Remembers which banners are on the screen, for the next run: one that was killed can't take them back, and what is
-/// pressed in them reaches nobody. It holds identifiers alone, never texts. Main thread.
+/// Stores in the preferences which banners are on the screen, so that the next run can close the banners of a killed
+/// one; presses in those would reach no program. It stores identifiers and numbers, never texts. Main thread.
 class BannerRecord
 {
 public:
-    /// Takes up what the last run left in `preferences`; without any, nothing is remembered.
+    /// Reads the last run's banners from `preferences`; null stores nothing.
     explicit BannerRecord(std::shared_ptr<Preferences> preferences = nullptr);
 
-    /// The requests whose banners the last run left, until they are forgotten.
+    /// The requests whose banners the last run left on the screen, until `forget` is called for them.
     [[nodiscard]] QStringList leftBehind() const;
-    /// Some of what was left may still be on the screen.
+    /// Whether banners of the last run may still be on the screen.
     [[nodiscard]] bool mayBeShown() const;
-    /// Hands out, once, the numbers of what was left on `server` of the bus with that identifier. On any other bus or
-    /// server these numbers mean nothing, or somebody else's banners.
+    /// Removes and returns the numbers of the banners left on `server` of the bus with that identifier. On any other
+    /// bus or server those numbers are invalid, or belong to other programs' banners.
     [[nodiscard]] QList<uint> takeNumbers(const QString &bus, const QString &server);
     void forget(const QStringList &requestIdentifiers);
 
-    /// Keeps `banners`, shown by servers of the bus with that identifier, and what was left and is not forgotten.
+    /// Stores `banners`, which servers of the bus with that identifier show, and the last run's that are not forgotten.
     void keep(const QList<Banner> &banners, const QString &bus);
-    /// Calls `then` once all that the preferences were told so far is on the disk, or could not be written.
+    /// Calls `then` when every change of the preferences so far has been written or its writing has failed.
     void whenWritten(const std::function<void()> &then) const;
 
 private:

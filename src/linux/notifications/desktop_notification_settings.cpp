@@ -16,20 +16,22 @@ namespace {
 
 AuthorizationStatus statusFrom(const QDBusMessage &error)
 {
-    // Silence is no answer; any other error says that there is no server to be had.
+    // A server that does not reply in time says nothing about its settings; any other error means that there is no
+    // server.
     const bool isSilent = error.errorName() == QStringLiteral("org.freedesktop.DBus.Error.NoReply");
     return isSilent ? AuthorizationStatus::other : AuthorizationStatus::denied;
 }
 
-/// GNOME keeps the switch under the program's name in lower case, its dots as dashes. The tool is asked instead of the
-/// library, which ends the program where the desktop's schema is missing. What can't be read is not off.
+/// GNOME stores the switch under the program's name in lower case, with dashes for dots. The gsettings tool is used
+/// because the GSettings library ends the program when the desktop's schema is missing. A switch that can't be read
+/// counts as on.
 QCoro::Task<bool> readGnomeSwitch()
 {
     bool isOn = true;
     const QString tool = QStandardPaths::findExecutable(QStringLiteral("gsettings"));
     if (tool.isEmpty())
         co_return isOn;
-    // The coroutine resumes from inside the process's own signal.
+    // Deleted later, because the coroutine resumes inside a signal of the process object.
     const QScopedPointer<QProcess, QScopedPointerDeleteLater> process(new QProcess);
     process->start(tool, {QStringLiteral("get"),
                           QStringLiteral("org.gnome.desktop.notifications.application:/org/gnome/desktop/"
@@ -44,7 +46,7 @@ QCoro::Task<bool> readGnomeSwitch()
     co_return isOn;
 }
 
-/// Plasma keeps the switch in a group of its file for each desktop entry, present once it was touched.
+/// Plasma stores the switch in a group for each desktop entry; the group exists once the person has changed it.
 bool readPlasmaSwitch()
 {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
@@ -68,7 +70,7 @@ QList<SettingsPage> knownPages()
     const QString kde = QStringLiteral("KDE");
     QList<SettingsPage> pages{
         {QStringLiteral("GNOME"), {QStringLiteral("gnome-control-center"), QStringLiteral("notifications")}},
-        // Plasma 5's, which Plasma 6 no longer has.
+        // The name of Plasma 5's settings module, which Plasma 6 does not have.
         {kde, {QStringLiteral("kcmshell5"), QStringLiteral("notifications"), args, entry}},
         {kde, {QStringLiteral("systemsettings"), QStringLiteral("kcm_notifications"), args, entry}},
     };

@@ -8,11 +8,11 @@
 
 namespace pingwell {
 
-/// Whether the desktop shows this program's notifications: there is a server that answers, and the desktop's own switch
-/// for this program, where it has one that can be read (GNOME, Plasma), is not off.
+/// Whether the desktop shows this program's notifications: a notification server answers, and the desktop's own switch
+/// for this program is not off. A switch that can be read exists on GNOME and Plasma.
 QCoro::Task<AuthorizationStatus> readAuthorizationStatus(QDBusConnection bus);
 
-/// The desktop's page of notification settings as a command line; empty where there is none.
+/// The command line that opens the desktop's notification settings; empty where there is none.
 [[nodiscard]] QStringList notificationSettingsCommand();
 
 } // namespace pingwell

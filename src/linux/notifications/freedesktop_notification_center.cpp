@@ -16,8 +16,8 @@ namespace pingwell {
 
 namespace {
 
-/// A banner that comes up late still has buttons, and what is pressed must find its question: nobody waits for this
-/// reply but the banner itself, so it may take as long as the server lives.
+/// The time to wait for the reply to Notify, which carries the banner's number. It is unlimited, because a slow server
+/// may show the banner late, and a press in it must still find its ask. Only the banner waits for the reply.
 constexpr std::chrono::milliseconds asLongAsItTakes{std::numeric_limits<int>::max()};
 
 bool isFromNobody(const QDBusMessage &error)
@@ -111,7 +111,7 @@ void FreedesktopNotificationCenter::setResponseHandler(ResponseHandler handler)
     m_responseHandler = std::move(handler);
 }
 
-/// Starts with the first banner: before it there is nothing to hear, and the start of the program is spared the calls.
+/// Called for the first banner: before it there are no events, and the start of the program saves the bus calls.
 void FreedesktopNotificationCenter::listen()
 {
     if (m_ownerWatch)
@@ -135,8 +135,8 @@ void FreedesktopNotificationCenter::noteOwner(const QString &, const QString &, 
         sendWaiting();
 }
 
-/// That something was announced is on the disk before it is on the screen: a start after a kill in between would
-/// announce it again.
+/// Sends notifications only when the preferences' note of them is on the disk. Otherwise a start after a kill in
+/// between would announce them again.
 void FreedesktopNotificationCenter::sendOnceNoted()
 {
     ++m_unnoted;
@@ -171,7 +171,7 @@ QCoro::Task<> FreedesktopNotificationCenter::readServer(QPointer<FreedesktopNoti
         if (!center)
             co_return;
         server = answer;
-        // Its successor was announced while its answers were on their way.
+        // A newer server was announced while this one was replying.
         isOutdated = server && center->m_owner && *center->m_owner != server->owner;
     }
     center->m_isReadingServer = false;
@@ -204,7 +204,7 @@ void FreedesktopNotificationCenter::closeLeftBehind()
     recordSoon();
 }
 
-/// What happens in one turn of the event loop is written once.
+/// Queued, so that all changes in one turn of the event loop are stored together.
 void FreedesktopNotificationCenter::recordSoon()
 {
     if (!std::exchange(m_recordsSoon, true))
@@ -220,8 +220,8 @@ void FreedesktopNotificationCenter::record()
 void FreedesktopNotificationCenter::send(Banner &banner)
 {
     const NotificationRequest request = *std::exchange(banner.next, std::nullopt);
-    // One that has left the screen would be replaced where nobody looks; and what was just pressed in one that offers
-    // something else must not be taken for a press of this one's.
+    // An expired banner is closed first, because it would be replaced where nobody looks. A banner with another payload
+    // is closed, too: a press in it that is still on its way must not count as a press in the new one.
     if (banner.stage == Banner::Stage::expired || banner.sent.content.payload != request.content.payload)
         close(banner);
     if (banner.stage != Banner::Stage::shown || banner.server != m_server->owner) {
@@ -265,7 +265,7 @@ void FreedesktopNotificationCenter::noteSent(const NotificationRequest &request,
         banner->stage = Banner::Stage::shown;
         m_record.forget({request.identifier});
     } else if (isFromNobody(reply) && !banner->isWithdrawn) {
-        // The server had just left; its successor gets what it never saw.
+        // The server was gone when the call arrived; the next server gets the notification.
         m_server.reset();
         if (!banner->next)
             banner->next = request;
@@ -292,7 +292,7 @@ void FreedesktopNotificationCenter::withdraw(const QString &identifier)
     banner->isWithdrawn = true;
     if (banner->isSending)
         return;
-    // It stays known until the server confirms: an answer pressed just before is still on its way.
+    // The banner is forgotten when the server confirms: until then an answer may be on its way.
     close(*banner);
     if (banner->number == 0)
         m_banners.forget(identifier);

@@ -19,26 +19,25 @@ class QDBusServiceWatcher;
 
 namespace pingwell {
 
-/// The notification server of the session bus (freedesktop Desktop Notifications Specification), whichever it is. What
-/// is asked for is fitted to what the server at hand can draw. A server that is missing costs what was to be shown
-/// meanwhile; one that comes back gets what comes then, and the newest questions of those that were on the screen. Main
-/// thread; never blocks on the server.
+/// Shows notifications on the session bus's notification server (freedesktop Desktop Notifications Specification), with
+/// as many buttons as that server can draw. While there is no server, notifications are dropped. A server that starts
+/// again gets the notifications added after that, and the newest asks that were on the screen. Main thread; never
+/// blocks on the server.
 class FreedesktopNotificationCenter final : public QObject, public NotificationCenter
 {
     Q_OBJECT
 
 public:
     explicit FreedesktopNotificationCenter(QObject *parent = nullptr);
-    /// Takes every notification back: nobody would hear of an answer any more.
+    /// Closes every notification: after this program no other one receives the answers.
     ~FreedesktopNotificationCenter() override;
 
-    /// Remembers in `preferences` what is on the screen, and takes back what an earlier run, that was killed, left
-    /// there.
+    /// Stores in `preferences` what is on the screen, and closes what a killed run left there.
     void rememberIn(std::shared_ptr<Preferences> preferences);
 
-    /// A server that answers shows them, unless the desktop's own switch for this program is off.
+    /// Authorised if a server answers and the desktop's own switch for this program is not off.
     QCoro::Task<AuthorizationStatus> authorizationStatus() override;
-    /// These desktops have no such question.
+    /// Does nothing: Linux desktops have no such dialog.
     QCoro::Task<> requestAuthorization() override;
     [[nodiscard]] bool canOpenSettings() const override;
     void openSettings() override;
@@ -72,12 +71,12 @@ private:
     QDBusConnection m_bus;
     std::unique_ptr<QDBusServiceWatcher> m_ownerWatch;
     std::unique_ptr<BannerEventSource> m_events;
-    /// As last announced; none before anything was.
+    /// The server's unique name, as the bus announced it last; none before the first announcement.
     std::optional<QString> m_owner;
-    /// None until it was asked, and again when it is replaced.
+    /// None until the server was asked, and again when it is replaced.
     std::optional<NotificationServer> m_server;
     bool m_isReadingServer = false;
-    /// How many additions wait for the disk.
+    /// The number of added notifications whose note in the preferences is not on the disk yet.
     int m_unnoted = 0;
     BannerList m_banners;
     EarlyBannerEvents m_early;

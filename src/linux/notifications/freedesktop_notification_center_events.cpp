@@ -7,7 +7,7 @@ namespace pingwell {
 
 namespace {
 
-/// Reasons of NotificationClosed. Only these two end a banner for good.
+/// Reasons in NotificationClosed. For any other reason the banner may still be in the server's list.
 constexpr uint dismissedByPerson = 2;
 constexpr uint closedByCall = 3;
 
@@ -40,7 +40,7 @@ void FreedesktopNotificationCenter::handle(const BannerEvent &event)
     recordSoon();
 }
 
-/// That a banner is gone is never an answer, whatever the reason; the question still waits.
+/// A closed banner is never an answer, whatever the reason: the ask still waits.
 void FreedesktopNotificationCenter::handleClosed(Banner &banner, uint reason)
 {
     const bool isOver = reason == dismissedByPerson || reason == closedByCall;
@@ -59,10 +59,10 @@ void FreedesktopNotificationCenter::respond(Banner &banner, const QString &actio
         .text = text,
         .activationToken = std::exchange(banner.activationToken, {}),
     };
-    // A response uses the banner up: a question that stays on the screen would invite a second answer.
+    // The banner is closed after a response: an ask that stays on the screen would invite a second answer.
     close(banner);
     m_banners.forgetNumber(banner.requestIdentifier);
-    // Last: what the response leads to may well take the banner back, or show it anew.
+    // Called last, because the handler may remove the notification or add it again.
     if (m_responseHandler)
         m_responseHandler(response);
 }

@@ -14,7 +14,7 @@ QCoro::Task<std::optional<NotificationServer>> readNotificationServer(QDBusConne
     const QString busService = QStringLiteral("org.freedesktop.DBus");
     const QDBusMessage busQuestion = QDBusMessage::createMethodCall(busService, QStringLiteral("/org/freedesktop/DBus"),
                                                                     busService, QStringLiteral("GetId"));
-    // All are under way before the first is awaited.
+    // All three calls are sent before the first reply is awaited.
     BusCall askName(bus, notificationCall(QStringLiteral("GetServerInformation")), longestServerQuestion);
     BusCall askCapabilities(bus, notificationCall(QStringLiteral("GetCapabilities")), longestServerQuestion);
     BusCall askBus(bus, busQuestion, longestServerQuestion);

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// JSON has no bytes: they are kept as an object of this one key.
+// JSON has no type for bytes: they are stored as an object with this one key.
 const QString bytesKey = u"base64"_s;
 
 } // namespace
@@ -169,7 +169,7 @@ void JsonPreferences::whenWritten(std::function<void(bool lasts)> then)
 void JsonPreferences::noteAttempt()
 {
     m_values = m_writer->content();
-    // Who is called may ask for more.
+    // Taken out first, because a callback may call `whenWritten`.
     const QList<Waiting> waiting = std::exchange(m_waiting, {});
     for (const Waiting &one : waiting) {
         if (m_writer->hasEnded(one.attempt))

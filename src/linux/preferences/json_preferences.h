@@ -14,31 +14,32 @@
 
 namespace pingwell {
 
-/// When a change is written.
+/// Decides when a change is written to the disk.
 struct WritePolicy
 {
-    /// Whether a change of that key is written at once, because a kill that follows must not lose it.
+    /// Whether a change of that key is written at once, so that it survives a kill that follows.
     std::function<bool(const QString &key)> isUrgent = [](const QString &) { return false; };
-    /// How long other changes may wait for those that follow, as keystrokes do.
+    /// How long other changes wait, so that several of them, such as keystrokes, are written together.
     std::chrono::milliseconds delay{300};
 };
 
-/// Preferences in one JSON file. They are read once and kept in memory: a change holds at once and is written behind it
-/// on a thread of its own, so that no change waits for the disk. What another program wrote meanwhile to keys that were
-/// not changed here is taken over with each write, between two turns of the event loop.
+/// Preferences in one JSON file. The file is read once and kept in memory. A change takes effect at once and is written
+/// on a thread of its own, so that no caller waits for the disk. Each write also reads what another program wrote to
+/// keys that were not changed here; those values are taken over from the event loop.
 class JsonPreferences final : public Preferences
 {
 public:
-    /// Reads the file at `path`; one that does not exist is created by the first change. A damaged one is set aside
-    /// under another name; one that may not be read stays as it is, and nothing is kept in this run.
+    /// Reads the file at `path`; a file that does not exist is created by the first change. A damaged file is renamed;
+    /// an unreadable one stays as it is, and no change is stored in this run.
     explicit JsonPreferences(QString path, WritePolicy policy = {});
-    /// Writes what is left to write, at most for 2 s.
+    /// Writes the changes that are left; waits at most 2 s.
     ~JsonPreferences() override;
     Q_DISABLE_COPY_MOVE(JsonPreferences)
 
-    /// The preferences of `domain`; none where its file can't be both read and written, or the name is no file name.
+    /// The preferences of `domain`; none where the file can't be both read and written, or `domain` is not a valid file
+    /// name.
     [[nodiscard]] static std::unique_ptr<JsonPreferences> openSuite(const QString &domain, WritePolicy policy = {});
-    /// The file of a domain, in the person's configuration folder (freedesktop.org, XDG Base Directory).
+    /// The path of a domain's file in the person's configuration folder (freedesktop.org, XDG Base Directory).
     [[nodiscard]] static QString pathOf(const QString &domain);
 
     [[nodiscard]] bool contains(const QString &key) const override;
@@ -51,7 +52,7 @@ public:
     void setString(const QString &key, const QString &value) override;
     void setData(const QString &key, const QByteArray &value) override;
     void setBoolean(const QString &key, bool value) override;
-    /// A number that JSON can't hold (infinite or none) removes the key.
+    /// A number that JSON can't represent (infinite or NaN) removes the key.
     void setNumber(const QString &key, double value) override;
     void setStrings(const QString &key, const QStringList &value) override;
     void remove(const QString &key) override;
@@ -72,7 +73,8 @@ private:
     void noteAttempt();
 
     WritePolicy m_policy;
-    // Word of an attempt travels through it, so that none arrives after the preferences are gone.
+    // Reports of the writing thread are delivered through this object, so that none arrives after the preferences are
+    // destroyed.
     QObject m_receiver;
     QJsonObject m_values;
     bool m_isWhole = true;

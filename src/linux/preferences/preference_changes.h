@@ -7,17 +7,17 @@
 
 namespace pingwell {
 
-/// What a file of preferences does not have yet.
+/// Changes of preferences that are not in their file yet.
 struct PreferenceChanges
 {
-    /// Everything else is forgotten.
+    /// Whether every key that is not in `values` is removed.
     bool forgetsRest = false;
-    /// By key; an undefined value stands for a removed one.
+    /// The changed values by key; an undefined value removes the key.
     QHash<QString, QJsonValue> values = {};
 
     [[nodiscard]] bool isEmpty() const { return !forgetsRest && values.isEmpty(); }
 
-    /// Adds what was changed after these.
+    /// Adds changes that were made after these.
     void add(const PreferenceChanges &later)
     {
         if (later.forgetsRest)
@@ -26,7 +26,7 @@ struct PreferenceChanges
             values.insert(later.values);
     }
 
-    /// Lays them over `content`.
+    /// Applies the changes to `content`.
     [[nodiscard]] QJsonObject over(const QJsonObject &content) const
     {
         QJsonObject result = forgetsRest ? QJsonObject() : content;

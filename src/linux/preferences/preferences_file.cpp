@@ -16,7 +16,7 @@ namespace {
 
 constexpr QFile::Permissions ownerReadsAndWrites = QFile::ReadOwner | QFile::WriteOwner;
 
-/// Makes the renaming of a file in the folder of `path` last through a power failure.
+/// Syncs the folder of `path`, so that renaming a file in it survives a power failure.
 void syncFolderOf(const QString &path)
 {
     const int folder =
@@ -52,7 +52,7 @@ PreferencesContent readPreferencesFile(const QString &path)
 std::optional<QString> replacePreferencesFile(const QString &path, const QJsonObject &content)
 {
     QSaveFile file(path);
-    // Unbuffered, because a buffer that could be written only in part, as on a full disk, passes for written.
+    // Unbuffered: a buffer that could be written only in part, as on a full disk, would be reported as written.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !file.setPermissions(ownerReadsAndWrites))
         return file.errorString();
     const QByteArray bytes = QJsonDocument(content).toJson();
@@ -70,7 +70,7 @@ QString setPreferencesFileAside(const QString &path)
 {
     for (int number = 1; number < 1000; ++number) {
         const QString name = u"%1.damaged-%2"_s.arg(path).arg(number);
-        // QFile::rename never replaces a file.
+        // QFile::rename fails if another program has created that name since the check.
         if (!QFile::exists(name) && QFile::rename(path, name))
             return name;
     }

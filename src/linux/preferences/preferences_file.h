@@ -7,9 +7,9 @@
 
 namespace pingwell {
 
-// The file of preferences as the disk has it. Failures come back in words.
+// Functions that read and write the preferences' file. They return failures as text.
 
-/// What a file holds, as far as it can be told.
+/// The content of a file, or why there is none.
 struct PreferencesContent
 {
     enum class Kind { object, damaged, unreadable };
@@ -19,17 +19,17 @@ struct PreferencesContent
     QString error = {};
 };
 
-/// Reads the file at `path`; an empty object where there is none.
+/// Reads the file at `path`; an empty object where there is no file.
 [[nodiscard]] PreferencesContent readPreferencesFile(const QString &path);
 
-/// Replaces the file as a whole, readable for its owner alone, so that it lasts through a power failure. Returns what
-/// went wrong; the file is then as it was.
+/// Replaces the whole file, with read access for its owner only, so that it survives a power failure. Returns an error
+/// message, and then the file is unchanged; none on success.
 [[nodiscard]] std::optional<QString> replacePreferencesFile(const QString &path, const QJsonObject &content);
 
-/// Renames a damaged file to a name that is free; its new name, or nothing.
+/// Renames a damaged file to a free name; returns the new name, or an empty text on failure.
 [[nodiscard]] QString setPreferencesFileAside(const QString &path);
 
-/// Makes the folder of `path`, for its owner alone, where there is none; false when it can't.
+/// Creates the folder of `path`, for its owner only, if there is none; false on failure.
 [[nodiscard]] bool makePreferencesFolder(const QString &path);
 
 } // namespace pingwell

@@ -39,7 +39,7 @@ quint64 PreferencesWriter::hurry()
     return hurryLocked();
 }
 
-/// The mutex is held.
+/// Called with m_mutex locked.
 quint64 PreferencesWriter::hurryLocked()
 {
     if (m_unwritten.isEmpty())
@@ -111,7 +111,7 @@ void PreferencesWriter::attempt(std::unique_lock<std::mutex> &lock)
     if (written) {
         m_content = *written;
     } else {
-        // What was changed meanwhile is newer.
+        // Changes made during the attempt are newer than the ones that failed.
         m_writing.add(m_unwritten);
         m_unwritten = m_writing;
     }

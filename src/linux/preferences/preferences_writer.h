@@ -11,41 +11,41 @@
 
 namespace pingwell {
 
-/// Writes changes of preferences to their file behind the back of whoever makes them: one attempt after the other, each
-/// with all that was changed before it began. What an attempt can't write goes along with the next one. It is shared
-/// with the thread that runs it, so that a thread stuck on a dead disk can be left behind. Any thread.
+/// Writes changes of preferences to their file on a thread of its own, one attempt after the other. An attempt writes
+/// every change that was added before it began, and those that the previous attempt could not write. The thread and the
+/// preferences share the ownership of this object, so that a thread stuck on a dead disk can be detached. Any thread.
 class PreferencesWriter
 {
 public:
     enum class Haste {
-        /// Within the delay, together with what is changed meanwhile.
+        /// Within the delay, together with changes that follow.
         soon,
-        /// As soon as the disk takes it.
+        /// As soon as the disk accepts it.
         atOnce,
     };
 
-    /// `content` is what `file` held when it was opened. `onAttempt` is called after each attempt, on the thread that
-    /// runs this, until `finish`; it must not call back.
+    /// `content` is what `file` held when it was opened. `onAttempt` is called on the writing thread after each
+    /// attempt, until `finish`, with the mutex locked: it must not call this object.
     PreferencesWriter(SharedPreferencesFile file, QJsonObject content, std::chrono::milliseconds delay,
                       std::function<void()> onAttempt);
     Q_DISABLE_COPY_MOVE(PreferencesWriter)
 
     void add(const PreferenceChanges &changes, Haste haste);
-    /// Has all that was added written at once. The number of the attempt that does it; one that has ended where nothing
-    /// is left to write.
+    /// Writes every added change at once. Returns the number of the attempt that does so; the number of an attempt that
+    /// has already ended if nothing is left to write.
     quint64 hurry();
     /// The same, and waits for that attempt, at most 2 s.
     void flush();
 
     [[nodiscard]] bool hasEnded(quint64 attempt) const;
-    /// Whether the last attempt wrote all it was to write.
+    /// Whether the last attempt wrote every change it had to write.
     [[nodiscard]] bool succeeds() const;
-    /// What the file held at the last attempt, with what was added since laid over it.
+    /// What the file held after the last attempt, with every later change applied.
     [[nodiscard]] QJsonObject content() const;
 
-    /// The thread's whole life.
+    /// Runs on the writing thread until `finish`.
     void run();
-    /// Ends `run` after one more attempt where something is left to write; false when that takes more than 2 s.
+    /// Ends `run`, after one more attempt if a change is left to write; false when that takes more than 2 s.
     [[nodiscard]] bool finish();
 
 private:
@@ -56,12 +56,12 @@ private:
     quint64 hurryLocked();
 
     const std::chrono::milliseconds m_delay;
-    // Of the running thread alone.
+    // Used by the writing thread only.
     SharedPreferencesFile m_file;
 
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
-    // Guarded by the mutex.
+    // Guarded by m_mutex.
     std::function<void()> m_onAttempt;
     QJsonObject m_content;
     PreferenceChanges m_writing;

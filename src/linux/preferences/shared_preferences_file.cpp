@@ -33,7 +33,7 @@ SharedPreferencesFile::Opened SharedPreferencesFile::open()
         fail(u"is damaged and can't be locked"_s, lock.error());
         return {};
     }
-    // Under the lock another program may turn out to have set it aside already.
+    // Read again with the lock held, because another program may have renamed the damaged file meanwhile.
     return {.content = readPresent().value_or(QJsonObject())};
 }
 
@@ -55,8 +55,8 @@ std::optional<QJsonObject> SharedPreferencesFile::write(const PreferenceChanges 
     return wanted;
 }
 
-/// Reads what the file holds now, setting it aside when it is damaged; nothing where it must be left alone. The lock is
-/// held.
+/// Reads what the file holds now. A damaged file is renamed; none when the file can't be read or renamed. Called with
+/// the lock held.
 std::optional<QJsonObject> SharedPreferencesFile::readPresent()
 {
     const PreferencesContent content = readPreferencesFile(m_path);
@@ -71,7 +71,7 @@ std::optional<QJsonObject> SharedPreferencesFile::readPresent()
     return content.object;
 }
 
-/// Reports the first failure of each kind; nothing, so that it can end a function.
+/// Reports the first failure of each kind. Returns none, so that a caller can return its result.
 std::nullopt_t SharedPreferencesFile::fail(const QString &what, const QString &reason)
 {
     if (!m_reported.contains(what)) {

@@ -10,10 +10,10 @@
 
 namespace pingwell {
 
-/// A file of preferences that two programs may change at a time: only what was changed is laid over what the file holds
-/// by then, under a lock, so that neither loses the other's keys, nor those of a later version. A damaged file is set
-/// aside under another name; one that may not be read stays as it is. The first failure of each kind is reported on
-/// standard output. One thread at a time; blocks on the disk, and at most 500 ms on the lock.
+/// A preferences file that two programs may change at the same time. A write locks the file, reads it and applies only
+/// this program's changes, so that neither program loses keys of the other, or of a later version. A damaged file is
+/// renamed; an unreadable one stays as it is. The first failure of each kind is reported on standard output. One thread
+/// at a time; blocks on the disk, and at most 500 ms on the lock.
 class SharedPreferencesFile
 {
 public:
@@ -22,14 +22,14 @@ public:
     struct Opened
     {
         QJsonObject content = {};
-        /// Whether this is all that earlier runs kept.
+        /// Whether everything that earlier runs stored could be read.
         bool isWhole = false;
     };
-    /// Reads it at the start of a run; it need not exist.
+    /// Reads the file at the start of a run; it need not exist.
     [[nodiscard]] Opened open();
 
-    /// Lays `changes` over the file, which is created where there is none. What it holds then; nothing where it could
-    /// not be written and is as it was.
+    /// Writes `changes` to the file, which is created if there is none. Returns what the file holds then; none on
+    /// failure, and then the file is unchanged.
     [[nodiscard]] std::optional<QJsonObject> write(const PreferenceChanges &changes);
 
 private:

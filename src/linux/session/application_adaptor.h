@@ -6,21 +6,22 @@
 
 namespace pingwell {
 
-/// What desktops and later starts call on the running program (Desktop Entry Specification, D-Bus Activation). Nothing
-/// a caller sends is trusted: a text that is no acceptable URL is dropped.
+/// The methods that desktops and later starts call on the running program (Desktop Entry Specification, D-Bus
+/// Activation). Callers are not trusted: a text that is not an acceptable URL is dropped.
 class ApplicationAdaptor final : public QDBusAbstractAdaptor
 {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    /// Tells `served`, its parent, what was called. It has no signals of its own: Qt would send them over the bus.
+    /// Makes `served`, the parent, emit its signals. The adaptor has no signals, because Qt would send them over the
+    /// bus.
     explicit ApplicationAdaptor(SingleInstance *served);
 
 public slots:
     void Activate(const QVariantMap &platformData);
     void Open(const QStringList &texts, const QVariantMap &platformData);
-    /// The program offers no actions; none does anything.
+    /// Does nothing: the program's desktop entry has no actions.
     void ActivateAction(const QString &action, const QVariantList &parameters, const QVariantMap &platformData);
 
 private:

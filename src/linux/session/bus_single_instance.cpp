@@ -19,10 +19,10 @@ const QString programName = programID;
 const QString liveTestName = liveUITestID;
 const QString path = programBusPath;
 
-// The call itself is on its way at once; only a busy program lets it wait for its answer.
+// The call is sent at once; only a busy program takes this long to reply.
 constexpr int longestWaitForAnswer = 200; // ms
 
-/// What happens to others that have the name, or want it later.
+/// What to do about another owner of the name, now or later.
 enum class Manner { keepsIt, takesItFromATest, givesWay };
 
 bool ownName(const QString &name, Manner manner)
@@ -65,17 +65,17 @@ SingleInstance::Role BusSingleInstance::claim(const QList<QUrl> &urls)
     if (!m_names.isEmpty())
         return Role::primary;
     QDBusConnection bus = QDBusConnection::sessionBus();
-    // Qt holds the calls of a new connection back until the application object at hand processes events, which a
-    // short-lived one never would.
+    // Qt delivers nothing on a new connection before the current application object processes events; `claim` runs
+    // under a short-lived application object that never enters its loop.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    // Before the name, so that whoever sees the name can call.
+    // Registered before the name is taken, so that whoever sees the name can call.
     bus.registerObject(path, this, QDBusConnection::ExportAdaptors);
     const QStringList texts = acceptableTexts(urls);
     bool isPrimary = false;
     if (m_kind == Kind::liveTest) {
         isPrimary = claimAsLiveTest(texts);
     } else {
-        // No answer may mean that the program which had the name has just ended.
+        // Without a reply the name's owner may have just ended, so the name is requested again.
         const Manner manner = texts.isEmpty() ? Manner::takesItFromATest : Manner::keepsIt;
         isPrimary = ownName(programName, manner) || (!handOver(programName, texts) && ownName(programName, manner));
         if (isPrimary)
@@ -98,7 +98,7 @@ bool BusSingleInstance::claimAsLiveTest(const QStringList &texts)
     return true;
 }
 
-/// Tells the program that has the name what this start is for; true when it has answered.
+/// Sends what this start asks for to the owner of the name; true when the owner has replied.
 bool BusSingleInstance::handOver(const QString &name, const QStringList &texts) const
 {
     const bool opens = !texts.isEmpty();

@@ -6,9 +6,9 @@
 
 namespace pingwell {
 
-/// One program for each session bus: the one that owns the name com.pingwell.mac. It serves org.freedesktop.Application
-/// (Desktop Entry Specification, D-Bus Activation), which later starts call. Create it before any graphical application
-/// object, which may take the activation token out of the environment.
+/// One program for each session bus: the owner of the name com.pingwell.mac. It serves org.freedesktop.Application
+/// (Desktop Entry Specification, D-Bus Activation), which later starts call. Construct it before any graphical
+/// application object, which may remove the activation token from the environment.
 class BusSingleInstance final : public SingleInstance
 {
     Q_OBJECT
@@ -17,8 +17,8 @@ public:
     enum class Kind {
         /// The person's own program.
         own,
-        /// A live test. It runs beside the person's program, one on each bus. It has the program's name as long as
-        /// nobody else wants it, so that a browser can come back to it.
+        /// A live test, which runs beside the person's program; one for each bus. It owns the program's name, too, as
+        /// long as nobody else requests it, so that a browser can return to the test.
         liveTest,
     };
 
@@ -28,8 +28,9 @@ public:
     /// Whether there is a session bus.
     [[nodiscard]] static bool isPossible();
 
-    /// URLs of another scheme than "pingwell", malformed ones and those over 4 KiB are dropped, here and again where
-    /// they arrive. URLs go to whoever has the program's name; a start without any takes it from a live test.
+    /// URLs with another scheme than "pingwell", malformed ones and those over 4 KiB are dropped, both here and in the
+    /// program that receives them. URLs go to the owner of the program's name; a start without URLs takes the name from
+    /// a live test.
     Role claim(const QList<QUrl> &urls) override;
 
 private:

@@ -37,7 +37,7 @@ std::optional<bool> darkFromEnvironment()
     return std::nullopt;
 }
 
-/// The portal's Read wraps its value twice (ReadOne, which does not, is newer).
+/// The portal's older method Read wraps its value in two variants, the newer ReadOne in one.
 QVariant unwrapped(QVariant value)
 {
     while (value.metaType() == QMetaType::fromType<QDBusVariant>())
@@ -50,7 +50,7 @@ QString plasmaSettingsPath()
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/kdeglobals"_s;
 }
 
-/// Whether Plasma's animations last any time, as its configuration file has it.
+/// Whether Plasma's configuration file leaves animations on.
 bool plasmaAnimates(const QByteArray &settings)
 {
     bool isNumber = false;
@@ -64,7 +64,7 @@ DesktopAppearance::DesktopAppearance(QObject *parent)
     : Appearance(parent)
     , m_darkOverride(darkFromEnvironment())
 {
-    // From any sender: naming one would cost a call to the bus that blocks.
+    // From any sender: to name one, Qt would make a blocking call to the bus.
     QDBusConnection::sessionBus().connect({}, portalPath, portalInterface, u"SettingChanged"_s, this,
                                           SLOT(noteSetting(QString, QString, QDBusVariant)));
     readSetting(colourGroup, colourKey);
@@ -100,7 +100,7 @@ void DesktopAppearance::noteSetting(const QString &group, const QString &key, co
 {
     const QVariant setting = unwrapped(value.variant());
     if (group == colourGroup && key == colourKey) {
-        // 1: dark, 2: light, anything else: no preference.
+        // 1: dark, 2: light, any other value: no preference.
         const uint scheme = setting.toUInt();
         m_darkPreference = scheme == 1 || scheme == 2 ? std::optional(scheme == 1) : std::nullopt;
     } else if (group == gnomeGroup && key == gnomeKey) {
@@ -122,7 +122,7 @@ void DesktopAppearance::readPlasmaSettings()
             update();
         });
     }
-    // Plasma replaces the file, and the watch ends with the old one.
+    // Plasma replaces the file, which ends the watch on the old one.
     m_plasmaSettings->addPath(settings.fileName());
 }
 

@@ -10,10 +10,10 @@
 
 namespace pingwell {
 
-/// The appearance as the settings portal (org.freedesktop.portal.Settings) tells it; without a portal, or where it
-/// has no preference, a dark application palette means dark. Motion is reduced where GNOME's animations are off or
-/// Plasma's last no time. Answers arrive later, as changes. The environment variable PINGWELL_APPEARANCE, "light" or
-/// "dark", has the last word on the colours. The program itself must not change the application's palette.
+/// The appearance from the settings portal (org.freedesktop.portal.Settings). Without a portal, or if it has no
+/// preference, a dark application palette means dark. Motion is reduced where GNOME's animations are off or Plasma's
+/// take no time. The portal's replies arrive later, as changes. The environment variable PINGWELL_APPEARANCE, "light"
+/// or "dark", overrides the colours. The program must not change the application's palette.
 class DesktopAppearance final : public Appearance
 {
     Q_OBJECT

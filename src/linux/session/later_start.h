@@ -8,22 +8,23 @@
 
 namespace pingwell {
 
-// What a later start may tell the running program. Nothing of it is trusted, where it leaves and where it arrives; it
-// carries secrets and is never written anywhere.
+// What a later start sends to the running program. It is checked by the sender and again by the receiver. It contains
+// secrets and is never written to a log or a file.
 
-/// The texts of those URLs that the program opens: of the scheme "pingwell", well-formed, at most 4 KiB long.
+/// The texts of the URLs that the program opens: with the scheme "pingwell", well-formed, at most 4 KiB long.
 [[nodiscard]] QStringList acceptableTexts(const QList<QUrl> &urls);
 
-/// The URLs in those texts that the program opens. Read leniently: some desktops decode a part of a URL before they
-/// hand it over.
+/// The URLs in those texts that the program opens. The parser is tolerant, because some desktops decode a part of a URL
+/// before they pass it on.
 [[nodiscard]] QList<QUrl> acceptableURLs(const QStringList &texts);
 
-/// What the desktop gave this process so that a window may come to the front, in the words of the Desktop Entry
-/// Specification (D-Bus Activation, platform data). To be read before any graphical application object, which may take
-/// it out of the environment.
+/// The tokens from the environment with which the desktop lets a window come to the front, as platform data (Desktop
+/// Entry Specification, D-Bus Activation). To be read before there is a graphical application object, which may remove
+/// them from the environment.
 [[nodiscard]] QVariantMap platformDataOfThisStart();
 
-/// The token in platform data that lets a window come to the front: Wayland's, or X11's older one; empty without one.
+/// The token in platform data that lets a window come to the front: the Wayland token, or X11's startup id; empty
+/// without one.
 [[nodiscard]] QByteArray activationTokenOf(const QVariantMap &platformData);
 
 } // namespace pingwell

@@ -12,7 +12,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// Neither matters in the first moments, and both open connections.
+// Postponed, because both open connections and neither is needed in the first moments.
 constexpr auto afterTheStart = 500ms;
 
 } // namespace
@@ -37,7 +37,7 @@ void LogindSystemEvents::noteReachability(QNetworkInformation::Reachability reac
     }
 }
 
-/// PrepareForSleep comes twice: true before the computer sleeps, false once it is awake.
+/// logind sends PrepareForSleep twice: true before the computer sleeps, false after it has woken up.
 void LogindSystemEvents::noteSleep(bool starting)
 {
     if (!starting)

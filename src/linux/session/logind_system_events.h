@@ -6,8 +6,9 @@
 
 namespace pingwell {
 
-/// Sleep as logind tells it on the system bus, the network as Qt's own observer sees it. Either may be missing; what it
-/// would tell is then never told. Starts listening a moment after the event loop, not to delay the start.
+/// Emits sleep events from logind on the system bus, and network events from Qt's QNetworkInformation. Where one of
+/// them is missing, its events are never emitted. Starts to listen shortly after the event loop has started, so that
+/// the program's start is not delayed.
 class LogindSystemEvents final : public SystemEvents
 {
     Q_OBJECT
@@ -15,7 +16,7 @@ class LogindSystemEvents final : public SystemEvents
 public:
     explicit LogindSystemEvents(QObject *parent = nullptr);
 
-    /// Takes in a state of the network; being online is news only after the network was gone.
+    /// Handles a change of the network's state; being online is an event only after the network was gone.
     void noteReachability(QNetworkInformation::Reachability reachability);
 
 private slots:

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::array caught{SIGTERM, SIGINT, SIGHUP};
 
-/// A handler may do almost nothing; it wakes the event loop through this pipe.
+/// A signal handler may do almost nothing, so it only writes to this pipe, which wakes the event loop.
 std::array<int, 2> pipeEnds{-1, -1};
 
 void noteSignal(int)
@@ -24,11 +24,11 @@ void noteSignal(int)
 void catchSignal(int number)
 {
     struct sigaction action = {};
-    // Whoever started the program may want it to outlive its terminal.
+    // A signal that is ignored stays so: the caller (nohup) may want the program to outlive its terminal.
     if (sigaction(number, nullptr, &action) == 0 && action.sa_handler == SIG_IGN)
         return;
     action.sa_handler = noteSignal;
-    // A second signal ends the program at once, should the first one have had no effect.
+    // SA_RESETHAND: a second signal ends the program at once, in case the first one had no effect.
     action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
     sigemptyset(&action.sa_mask);
     sigaction(number, &action, nullptr);

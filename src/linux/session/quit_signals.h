@@ -7,8 +7,8 @@
 
 namespace pingwell {
 
-/// Turns the wish to end that arrives as a signal (SIGTERM at log-out, SIGINT from a terminal, SIGHUP when that closes)
-/// into an orderly quit: a token on its way into the keyring still gets there. One in a process, main thread.
+/// Turns the signals SIGTERM (log-out), SIGINT (terminal) and SIGHUP (closed terminal) into an orderly quit, so that a
+/// token that is being written to the keyring is not lost. One in a process, main thread.
 class QuitSignals : public QObject
 {
     Q_OBJECT

@@ -28,10 +28,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto longestHandOver = 200ms;
-// One that has the place listens within this time.
+// A process that has just taken the lock listens on the socket within this time.
 constexpr auto pauseBetweenTries = 10ms;
 constexpr int mostWaiting = 16;
-// Far more than any start has to say.
+// Far more than any start has to send.
 constexpr qint64 longestMessage = 64 * 1024;
 constexpr auto longestMessageTime = 5s;
 
@@ -48,8 +48,8 @@ QString socketIn(const QString &folder)
     return folder + u'/' + programID + u".socket"_s;
 }
 
-/// A socket at `path` that later starts can write to from now on, in place of one that is there; -1 when it can't be
-/// made. A QLocalServer would need the application object that runs the events, and there is none yet.
+/// Replaces the socket at `path` by a new one that later starts can write to at once; -1 on failure. A QLocalServer
+/// would need the application object that runs the event loop, and there is none yet.
 int listenAt(const QString &path)
 {
     const QByteArray name = QFile::encodeName(path);
@@ -62,7 +62,7 @@ int listenAt(const QString &path)
     if (socket < 0)
         return -1;
     ::unlink(name.constData());
-    // Whoever may use the folder is the person; the socket says so once more.
+    // Only the person may use the folder; the socket's own permissions say the same.
     const mode_t mask = ::umask(0177);
     const bool isBound = ::bind(socket, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0;
     ::umask(mask);
@@ -93,7 +93,7 @@ SocketSingleInstance::~SocketSingleInstance()
 {
     if (m_listener < 0)
         return;
-    // While the lock still keeps the next start from making its own.
+    // Removed while the lock is held, so that it can't be the socket of the next start.
     QFile::remove(socketIn(m_folder));
     if (!m_server.isListening())
         ::close(m_listener);
@@ -103,7 +103,7 @@ SingleInstance::Role SocketSingleInstance::claim(const QList<QUrl> &urls)
 {
     if (m_lock || m_folder.isEmpty() || takePlace())
         return Role::primary;
-    // The program that had the place may have just ended.
+    // The process that held the lock may have just ended, so the lock is tried again.
     return handOver(urls) || !takePlace() ? Role::handedOver : Role::primary;
 }
 
@@ -134,7 +134,7 @@ bool SocketSingleInstance::handOver(const QList<QUrl> &urls) const
         return false;
     socket.write(messageOf(acceptableTexts(urls), m_platformData));
     const bool isWritten = socket.bytesToWrite() == 0 || socket.waitForBytesWritten(int(deadline.remainingTime()));
-    // A busy program reads it later; it need not be waited for.
+    // There is no reply to wait for: a busy program reads the message later.
     socket.disconnectFromServer();
     return isWritten;
 }
@@ -149,7 +149,7 @@ void SocketSingleInstance::receive()
 {
     while (QLocalSocket *const peer = m_server.nextPendingConnection()) {
         peer->setReadBufferSize(longestMessage);
-        // One that keeps its end open says nothing.
+        // A peer that never closes its end is ignored.
         QTimer::singleShot(longestMessageTime, peer, &QLocalSocket::abort);
         if (peer->state() == QLocalSocket::UnconnectedState)
             take(peer);

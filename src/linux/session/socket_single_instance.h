@@ -12,16 +12,17 @@ class QLocalSocket;
 
 namespace pingwell {
 
-/// One program for each runtime folder, where there is no session bus: the one that holds a lock there. It listens on a
-/// socket beside the lock, to which later starts write what they are for. The lock ends with its process however that
-/// ends, so a socket left behind by a killed one is replaced. Create it before any graphical application object, which
-/// may take the activation token out of the environment.
+/// One program for each runtime folder, where there is no session bus: the process that holds a lock there. It listens
+/// on a socket beside the lock, and later starts write to the socket what they ask for. The lock ends with its process,
+/// however that ends, so a socket that a killed process left behind is replaced. Construct it before any graphical
+/// application object, which may remove the activation token from the environment.
 class SocketSingleInstance final : public SingleInstance
 {
     Q_OBJECT
 
 public:
-    /// `folder` belongs to the person alone; empty where there is none such: then every start is a program of its own.
+    /// `folder` belongs to the person alone. If it is empty, because there is no such folder, every start runs a
+    /// program of its own.
     explicit SocketSingleInstance(QString folder, QObject *parent = nullptr);
     ~SocketSingleInstance() override;
 

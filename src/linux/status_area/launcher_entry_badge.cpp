@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 LauncherEntryBadge::LauncherEntryBadge(QObject *parent)
     : QObject(parent)
 {
-    // A dock that starts later has missed the signal.
+    // Sent again, because a dock that starts later has missed the signal.
     auto *const dock = new QDBusServiceWatcher(u"com.canonical.Unity"_s, QDBusConnection::sessionBus(),
                                                QDBusServiceWatcher::WatchForRegistration, this);
     connect(dock, &QDBusServiceWatcher::serviceRegistered, this, &LauncherEntryBadge::announce);

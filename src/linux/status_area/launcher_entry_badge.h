@@ -6,15 +6,15 @@
 
 namespace pingwell {
 
-/// The badge as docks and task managers know it: the signal Update of com.canonical.Unity.LauncherEntry, broadcast on
-/// the session bus. Main thread.
+/// The badge for docks and task managers: the signal Update of com.canonical.Unity.LauncherEntry, broadcast on the
+/// session bus. Main thread.
 class LauncherEntryBadge final : public QObject, public LauncherBadge
 {
     Q_OBJECT
 
 public:
     explicit LauncherEntryBadge(QObject *parent = nullptr);
-    /// Takes the badge away.
+    /// Removes the badge.
     ~LauncherEntryBadge() override;
 
     void setCount(qsizetype count) override;

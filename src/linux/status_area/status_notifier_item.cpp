@@ -18,7 +18,8 @@ namespace {
 const QString watcherService = u"org.kde.StatusNotifierWatcher"_s;
 const QString watcherPath = u"/StatusNotifierWatcher"_s;
 
-/// The bus, or the watcher on it, answers in a millisecond. One that hangs may not hold up the program's start.
+/// The bus, or the watcher on it, normally replies within a millisecond. One that hangs must not delay the program's
+/// start.
 constexpr int longestFirstAnswer = 50;
 
 QDBusMessage hostQuestion()
@@ -40,7 +41,7 @@ StatusNotifierItem::StatusNotifierItem(QIcon icon, QString label, QObject *paren
     QDBusConnection bus = QDBusConnection::sessionBus();
     auto *const owner = new QDBusServiceWatcher(watcherService, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
     connect(owner, &QDBusServiceWatcher::serviceOwnerChanged, this, &StatusNotifierItem::askForHost);
-    // From any sender: naming one would cost a call to the bus that blocks, and the answer is asked for anyway.
+    // From any sender: to name one, Qt would make a blocking call to the bus, and the state is read anyway.
     for (const QString &signal : {u"StatusNotifierHostRegistered"_s, u"StatusNotifierHostUnregistered"_s})
         bus.connect({}, watcherPath, watcherService, signal, this, SLOT(askForHost()));
     takeFirstAnswer();
@@ -58,7 +59,7 @@ void StatusNotifierItem::setContent(const QIcon &icon, const QString &label, con
     m_trayIcon->setToolTip(m_toolTip);
 }
 
-/// Waits for it: the item takes its place while the rest of the program is being made.
+/// Blocks, so that the item is registered while the rest of the program is made.
 void StatusNotifierItem::takeFirstAnswer()
 {
     const QDBusReply<QDBusVariant> reply =
@@ -85,7 +86,7 @@ void StatusNotifierItem::setAvailable(bool available)
     if (available == m_available)
         return;
     m_available = available;
-    // Once made, Qt's icon finds its way into a status area that was restarted by itself.
+    // QSystemTrayIcon, once created, returns by itself to a status area that was restarted.
     if (available && !m_trayIcon)
         show();
     emit availabilityChanged(available);
@@ -119,7 +120,7 @@ void StatusNotifierItem::reportClick(QSystemTrayIcon::ActivationReason reason)
 {
     if (reason == QSystemTrayIcon::Context)
         return;
-    // A Wayland compositor tells no program where the pointer is.
+    // A Wayland compositor does not tell programs where the pointer is.
     const bool knowsPointer = QGuiApplication::platformName() == u"xcb"_s;
     emit activated(knowsPointer ? QCursor::pos() : QPoint());
 }

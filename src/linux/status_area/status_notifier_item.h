@@ -9,15 +9,15 @@
 
 namespace pingwell {
 
-/// A StatusNotifierItem (freedesktop specification) drawn by whatever status area the desktop has. Qt decides once in a
-/// process whether there is one, and a program started with the session is often earlier than its panel: so nothing of
-/// Qt's tray is touched before a host is there. Needs a QApplication.
+/// A StatusNotifierItem (freedesktop specification), drawn by the desktop's status area. Qt checks only once in a
+/// process whether there is a status area, and at log-in the program often starts before the desktop's bar. So
+/// QSystemTrayIcon is not created before a host is there. Needs a QApplication.
 class StatusNotifierItem final : public StatusItem
 {
     Q_OBJECT
 
 public:
-    /// Shows `icon` and `label` at once where there is a status area.
+    /// Shows `icon` and `label` at once if there is a status area.
     StatusNotifierItem(QIcon icon, QString label, QObject *parent = nullptr);
     ~StatusNotifierItem() override;
 
@@ -37,7 +37,7 @@ private:
     QIcon m_icon;
     QString m_toolTip;
     bool m_available = false;
-    // Counts the questions for a host: only the answer to the latest one counts.
+    // Counts the calls that ask for a host: only the reply to the latest one is used.
     int m_question = 0;
     std::unique_ptr<QMenu> m_menu;
     std::unique_ptr<QSystemTrayIcon> m_trayIcon;

@@ -7,7 +7,7 @@
 
 namespace pingwell {
 
-/// The bus side of UITestBridge.
+/// The D-Bus interface of UITestBridge.
 class UITestAdaptor final : public QDBusAbstractAdaptor
 {
     Q_OBJECT
