@@ -20,7 +20,7 @@ public:
     /// Does not call the keychain before the first operation, which decides whether the token has to be looked up.
     /// `beforeWriting` is called on the store's thread before each attempt to change the keychain, and may block. A
     /// change that a locked keychain refused is tried again every `retryInterval`, without asking the person again;
-    /// with an unavailable keychain the interval doubles each time.
+    /// with an unavailable keychain the interval doubles each time, up to a limit.
     KeychainTokenStore(
         std::shared_ptr<Keychain> keychain, const QString &service, const QString &account,
         std::function<void()> beforeWriting = [] {},

@@ -149,7 +149,7 @@ void SocketSingleInstance::receive()
 {
     while (QLocalSocket *const peer = m_server.nextPendingConnection()) {
         peer->setReadBufferSize(longestMessage);
-        // A peer that never closes its end is ignored.
+        // A peer that does not close its end in time is dropped, together with what it sent.
         QTimer::singleShot(longestMessageTime, peer, &QLocalSocket::abort);
         if (peer->state() == QLocalSocket::UnconnectedState)
             take(peer);
