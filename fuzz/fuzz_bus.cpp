@@ -43,8 +43,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     adaptor.Activate(platformData);
     adaptor.ActivateAction(text(input), {text(input)}, platformData);
 
-    const auto action = actionIdentifierOf(text(input));
-    expect(!action || !action->isEmpty());
+    const QString key = text(input);
+    const QStringList offered{text(input), text(input)};
+    expect(!actionIdentifierOf(key, offered) || offered.contains(key));
     EarlyBannerEvents events;
     for (int count = input.ConsumeIntegralInRange(0, 200); count > 0; --count)
         events.keep({BannerEvent::Kind::action, text(input), input.ConsumeIntegral<uint>(), text(input), 0});

@@ -37,7 +37,7 @@ QString notErasedMessage(bool isRemembered)
 QCoro::Task<> forgetDevice(APIClientPtr client, QString deviceID, [[maybe_unused]] std::shared_ptr<const void> work)
 {
     // Whatever comes of it: the person has left already, and the service forgets a silent device by itself.
-    co_await endpoints::unregisterDevice(client, deviceID);
+    [[maybe_unused]] const auto outcome = co_await endpoints::unregisterDevice(client, deviceID);
 }
 
 } // namespace
