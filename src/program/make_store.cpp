@@ -3,15 +3,13 @@
 #include "auth/keychain_token_store.h"
 #include "demo/demo_data.h"
 #include "desktop/preference_keys.h"
+#include "desktop/transient_preferences.h"
 #include "model/check.h"
 #include "model/identity.h"
 
 namespace pingwell {
 
 namespace {
-
-const QString uiTestSuite = uiTestID;
-const QString liveUITestSuite = liveUITestID;
 
 /// The preferences of a test, emptied of an earlier run's values.
 std::shared_ptr<Preferences> emptied(const QString &suite, const StoreParts &parts)
@@ -74,11 +72,11 @@ std::unique_ptr<AppStore> makeLiveStore(const LaunchOptions &options, const std:
 std::shared_ptr<Preferences> openPreferences(const LaunchOptions &options, const StoreParts &parts)
 {
     if (options.isUITest)
-        return emptied(uiTestSuite, parts);
+        return emptied(uiTestID, parts);
     if (options.isDemo)
-        return nullptr;
+        return std::make_shared<TransientPreferences>();
     if (options.isLiveUITest)
-        return emptied(liveUITestSuite, parts);
+        return emptied(liveUITestID, parts);
     return parts.openStandardPreferences();
 }
 
@@ -86,7 +84,7 @@ std::unique_ptr<AppStore> makeStore(const LaunchOptions &options, const std::sha
                                     const StoreParts &parts)
 {
     // Makes the store see an earlier sign-in.
-    if (options.isUITest && !options.signedOut)
+    if (!options.isLive() && !(options.isUITest && options.signedOut))
         preferences->setString(preference_keys::sessionProvider, rawValue(AuthProvider::google));
     std::unique_ptr<AppStore> store =
         options.isLive() ? makeLiveStore(options, preferences, parts) : makeDemoStore(preferences, parts);

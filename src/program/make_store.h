@@ -30,8 +30,9 @@ struct StoreParts
     QString version;
 };
 
-/// The preferences of the mode in `options`: the person's own, a test's, emptied of its last run's values, or none in
-/// the demo. Stops the program when a test's preferences can't be opened, because such a test would prove nothing.
+/// The preferences of the mode in `options`: the person's own, a test's, emptied of its last run's values, or in
+/// the demo some that are lost at the end. Stops the program when a test's preferences can't be opened, because such a
+/// test would prove nothing.
 [[nodiscard]] std::shared_ptr<Preferences> openPreferences(const LaunchOptions &options, const StoreParts &parts);
 
 /// Makes the one store of the process for the mode in `options`. Its clock runs, and where there is a service, the

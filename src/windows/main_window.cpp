@@ -20,7 +20,7 @@ constexpr const char *sidebarWidthProperty = "sidebarWidth";
 /// The remembered width; 0 when none is remembered. The screen limits any other value itself.
 int rememberedSidebarWidth(const Preferences *preferences)
 {
-    const double width = preferences ? preferences->number(sidebarWidthKey).value_or(0) : 0;
+    const double width = preferences->number(sidebarWidthKey).value_or(0);
     return width > 0 && width < 10'000 ? int(width) : 0;
 }
 
@@ -56,7 +56,7 @@ void MainWindow::hideEvent(QHideEvent *event)
 
 void MainWindow::restoreFrame()
 {
-    const auto text = m_preferences ? m_preferences->string(frameKey) : std::nullopt;
+    const auto text = m_preferences->string(frameKey);
     auto frame = text ? windowFrameFromText(*text) : std::nullopt;
     if (!frame)
         return;
@@ -68,14 +68,14 @@ void MainWindow::restoreFrame()
 void MainWindow::saveFrame()
 {
     // The size of a maximised or full-screen window is chosen by the desktop, so it is not remembered.
-    if (m_preferences && windowStates() == Qt::WindowNoState)
+    if (windowStates() == Qt::WindowNoState)
         m_preferences->setString(frameKey, windowFrameText(geometry()));
 }
 
 void MainWindow::saveSidebarWidth()
 {
     const int width = rootObject() ? rootObject()->property(sidebarWidthProperty).toInt() : 0;
-    if (m_preferences && width != rememberedSidebarWidth(m_preferences.get()))
+    if (width != rememberedSidebarWidth(m_preferences.get()))
         m_preferences->setNumber(sidebarWidthKey, width);
 }
 

@@ -11,8 +11,7 @@
 namespace pingwell {
 
 /// The main window: the sign-in screen, the loading screen or the whole program. Where the desktop lets programs place
-/// windows, and there are preferences to remember them in, it opens with the position, size and sidebar width it had
-/// last.
+/// windows, it opens with the position, size and sidebar width it had last.
 class MainWindow final : public QQuickView
 {
     Q_OBJECT

@@ -28,7 +28,7 @@ public:
     /// How long closed windows are kept, so that they open again at once.
     static constexpr std::chrono::milliseconds keepClosed{30'000};
 
-    /// `preferences` may be null; `store` outlives the windows.
+    /// `store` outlives the windows.
     QmlWindows(AppStore *store, bool popoverPreview, std::shared_ptr<Preferences> preferences,
                std::unique_ptr<Appearance> appearance, DesktopAccess desktop = {});
     ~QmlWindows() override;

@@ -10,7 +10,7 @@
 
 namespace pingwell {
 
-/// One Notify call (freedesktop Desktop Notifications Specification).
+/// One Notify call (freedesktop.org Desktop Notifications).
 struct ShownNotification
 {
     /// The number the server gave it.

@@ -7,7 +7,7 @@
 
 namespace pingwell {
 
-// Functions that write desktop entries (Desktop Entry Specification of freedesktop.org).
+// Functions that write desktop entries (Desktop Entry standard of freedesktop.org).
 
 /// `text` escaped as a value.
 [[nodiscard]] QString desktopEntryValue(QString text);

@@ -16,7 +16,7 @@ struct BannerEvent
     uint number = 0;
     /// The action's key, the reply's text or the activation token.
     QString text;
-    /// The reason of NotificationClosed, as the freedesktop.org specification numbers it.
+    /// The reason of NotificationClosed, as freedesktop.org's standard numbers it.
     uint reason = 0;
 };
 

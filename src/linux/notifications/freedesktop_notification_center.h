@@ -19,7 +19,7 @@ class QDBusServiceWatcher;
 
 namespace pingwell {
 
-/// Shows notifications on the session bus's notification server (freedesktop Desktop Notifications Specification), with
+/// Shows notifications on the session bus's notification server (freedesktop.org Desktop Notifications), with
 /// as many buttons as that server can draw. While there is no server, notifications are dropped. A server that starts
 /// again gets the notifications added after that, and the newest asks that were on the screen. Main thread; never
 /// blocks on the server.

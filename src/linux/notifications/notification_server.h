@@ -13,7 +13,7 @@ namespace pingwell {
 /// How long a call that asks the notification server for information may take.
 inline constexpr std::chrono::milliseconds longestServerQuestion{3'000};
 
-/// The running notification server, as it describes itself (freedesktop Desktop Notifications Specification).
+/// The running notification server, as it describes itself (freedesktop.org Desktop Notifications).
 struct NotificationServer
 {
     /// Its unique name on the bus. Another name means another run or another program, with other banner numbers.

@@ -6,7 +6,7 @@
 
 namespace pingwell {
 
-/// The methods that desktops and later starts call on the running program (Desktop Entry Specification, D-Bus
+/// The methods that desktops and later starts call on the running program (freedesktop.org Desktop Entry, D-Bus
 /// Activation). Callers are not trusted: a text that is not an acceptable URL is dropped.
 class ApplicationAdaptor final : public QDBusAbstractAdaptor
 {

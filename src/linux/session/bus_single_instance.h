@@ -7,7 +7,7 @@
 namespace pingwell {
 
 /// One program for each session bus: the owner of the name com.pingwell.mac. It serves org.freedesktop.Application
-/// (Desktop Entry Specification, D-Bus Activation), which later starts call. Construct it before any graphical
+/// (freedesktop.org Desktop Entry, D-Bus Activation), which later starts call. Construct it before any graphical
 /// application object, which may remove the activation token from the environment.
 class BusSingleInstance final : public SingleInstance
 {

@@ -18,9 +18,9 @@ namespace pingwell {
 /// before they pass it on.
 [[nodiscard]] QList<QUrl> acceptableURLs(const QStringList &texts);
 
-/// The tokens from the environment with which the desktop lets a window come to the front, as platform data (Desktop
-/// Entry Specification, D-Bus Activation). To be read before there is a graphical application object, which may remove
-/// them from the environment.
+/// The tokens from the environment with which the desktop lets a window come to the front, as platform data
+/// (freedesktop.org Desktop Entry, D-Bus activation). To be read before there is a graphical application object, which
+/// may remove them from the environment.
 [[nodiscard]] QVariantMap platformDataOfThisStart();
 
 /// The token in platform data that lets a window come to the front: the Wayland token, or X11's startup id; empty

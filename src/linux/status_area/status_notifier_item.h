@@ -9,7 +9,7 @@
 
 namespace pingwell {
 
-/// A StatusNotifierItem (freedesktop specification), drawn by the desktop's status area. Qt checks only once in a
+/// A StatusNotifierItem (freedesktop.org standard), drawn by the desktop's status area. Qt checks only once in a
 /// process whether there is a status area, and at log-in the program often starts before the desktop's bar. So
 /// QSystemTrayIcon is not created before a host is there. Needs a QApplication.
 class StatusNotifierItem final : public StatusItem
